@@ -1,0 +1,11 @@
+# Warnings and sanitizers, one interface target that every target of ours links.
+add_library(qd_options INTERFACE)
+target_compile_options(qd_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Werror)
+if(QD_SANITIZE)
+  target_compile_options(qd_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                             -fno-omit-frame-pointer)
+  target_link_options(qd_options INTERFACE -fsanitize=address,undefined)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    target_link_options(qd_options INTERFACE -shared-libasan)
+  endif()
+endif()

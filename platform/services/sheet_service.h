@@ -1,0 +1,17 @@
+// The common property sheet service for the host: runs a PFNPROPSHEETUI as CommonPropertySheetUIW of
+// compstui.dll does, but outside the fault plan.
+#pragma once
+
+#include "platform/services.h"
+
+namespace platform::services {
+
+// Above 0: the sheet ran and *result holds what the function reported (CPSUI_OK, CPSUI_CANCEL).
+// Below 0: it could not be set up.
+QD_API LONG RunCommonSheet(HWND owner, PFNPROPSHEETUI function, LPARAM lParam, DWORD* result);
+
+// A window of the program that asks for the sheet; its module file is SystemFacts::OwnerModule.
+QD_API HWND MakeOwnerWindow();
+QD_API void DestroyOwnerWindow(HWND owner);
+
+}  // namespace platform::services
