@@ -58,6 +58,8 @@ class QD_API Desktop {
     virtual std::optional<std::u16string> PickFile(const FileDialogRequest& request) = 0;  // absent: cancelled
     virtual void Help(const HelpRequest& request) = 0;
     virtual void Beep(UINT style) = 0;
+    // The desktop's own colour for a COLOR_ index; absent: the layer's.
+    virtual std::optional<DWORD> SystemColor(int) { return std::nullopt; }
 };
 
 }  // namespace platform

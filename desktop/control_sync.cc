@@ -1,0 +1,104 @@
+#include "control_sync.h"
+
+#include "qt_surface.h"
+
+namespace desktop {
+
+using namespace platform::user;
+
+namespace {
+
+void SyncItems(const ListState& list, QComboBox& combo)
+{
+    bool same = combo.count() == int(list.items.size());
+    for (int i = 0; same && i < combo.count(); ++i)
+        same = combo.itemText(i) == ToQString(list.items[std::size_t(i)].text);
+    if (!same) {
+        combo.clear();
+        for (const ListItem& item : list.items) combo.addItem(ToQString(item.text));
+    }
+    combo.setCurrentIndex(list.selection);
+}
+
+void SyncItems(const ListState& list, QListWidget& box)
+{
+    bool same = box.count() == int(list.items.size());
+    for (int i = 0; same && i < box.count(); ++i)
+        same = box.item(i)->text() == ToQString(list.items[std::size_t(i)].text);
+    if (!same) {
+        box.clear();
+        for (const ListItem& item : list.items) box.addItem(ToQString(item.text));
+    }
+    box.setCurrentRow(list.selection);
+    if (list.selection < 0) box.clearSelection();
+}
+
+void SyncRows(const ListViewState& list, QTreeWidget& tree)
+{
+    if (tree.columnCount() != int(list.columns.size())) {
+        tree.setColumnCount(int(list.columns.size()));
+        QStringList titles;
+        for (const auto& column : list.columns) titles << ToQString(column.title);
+        tree.setHeaderLabels(titles);
+    }
+    for (std::size_t i = 0; i < list.columns.size(); ++i)
+        if (list.columns[i].width > 0) tree.setColumnWidth(int(i), list.columns[i].width);
+    while (tree.topLevelItemCount() > int(list.rows.size())) delete tree.takeTopLevelItem(tree.topLevelItemCount() - 1);
+    while (tree.topLevelItemCount() < int(list.rows.size())) tree.addTopLevelItem(new QTreeWidgetItem);
+    tree.clearSelection();
+    for (std::size_t i = 0; i < list.rows.size(); ++i) {
+        QTreeWidgetItem& item = *tree.topLevelItem(int(i));
+        const ListViewState::Row& row = list.rows[i];
+        for (std::size_t column = 0; column < row.cells.size(); ++column)
+            item.setText(int(column), ToQString(row.cells[column]));
+        item.setSelected(row.selected);
+        if (row.selected) tree.scrollToItem(&item);
+    }
+}
+
+void SyncText(const EditState& edit, const std::u16string& text, QLineEdit& field)
+{
+    const QString wanted = ToQString(text);
+    if (field.text() != wanted) field.setText(wanted);
+    if (field.cursorPosition() != int(edit.caret)) field.setCursorPosition(int(edit.caret));
+}
+
+}  // namespace
+
+bool IsRadio(const Window& window)
+{
+    const DWORD type = window.style & BS_TYPEMASK;
+    return window.kind == Kind::Button && (type == BS_AUTORADIOBUTTON || type == BS_RADIOBUTTON);
+}
+
+bool IsGroupBox(const Window& window)
+{
+    return window.kind == Kind::Button && (window.style & BS_TYPEMASK) == BS_GROUPBOX;
+}
+
+void SyncWidget(const Window& window, QWidget* widget)
+{
+    const QSignalBlocker blocker(widget);
+    widget->setEnabled(window.enabled);
+    widget->setVisible(window.visible);
+    if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+        button->setText(ToQString(window.text));
+        if (const auto* state = window.As<ButtonState>(); state && button->isCheckable())
+            button->setChecked(state->check == BST_CHECKED);
+        if (IsRadio(window)) button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+    } else if (auto* group = qobject_cast<QGroupBox*>(widget)) {
+        group->setTitle(ToQString(window.text));
+    } else if (auto* label = qobject_cast<QLabel*>(widget)) {
+        label->setText(ToQString(window.text));
+    } else if (auto* combo = qobject_cast<QComboBox*>(widget)) {
+        if (const auto* list = window.As<ListState>()) SyncItems(*list, *combo);
+    } else if (auto* box = qobject_cast<QListWidget*>(widget)) {
+        if (const auto* list = window.As<ListState>()) SyncItems(*list, *box);
+    } else if (auto* tree = qobject_cast<QTreeWidget*>(widget)) {
+        if (const auto* list = window.As<ListViewState>()) SyncRows(*list, *tree);
+    } else if (auto* field = qobject_cast<QLineEdit*>(widget)) {
+        if (const auto* edit = window.As<EditState>()) SyncText(*edit, window.text, *field);
+    }
+}
+
+}  // namespace desktop

@@ -1,0 +1,48 @@
+#include "qt_runtime.h"
+
+#include <cstdlib>
+
+#include "qt_surface.h"
+
+namespace desktop {
+
+namespace {
+
+bool screen_wanted = false;
+
+QPalette LayerPalette()
+{
+    QPalette palette = QApplication::palette();
+    palette.setColor(QPalette::Window, QColor(240, 240, 240));
+    return palette;
+}
+
+}  // namespace
+
+bool HasDisplay()
+{
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY"})
+        if (const char* value = std::getenv(name); value && *value) return true;
+    const char* platform = std::getenv("QT_QPA_PLATFORM");
+    return platform && *platform;
+}
+
+void WantScreen() { screen_wanted = true; }
+
+void EnsureApplication()
+{
+    if (QCoreApplication::instance()) return;
+    const bool screen = screen_wanted && HasDisplay();
+    if (!screen) qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int argc = 1;
+    static char name[] = "qd480";
+    static char* argv[] = {name, nullptr};
+    // Lives until the program ends: windows and fonts may be asked for at any time.
+    static QApplication application(argc, argv);
+    QApplication::setApplicationName("qd480");
+    QApplication::setStyle("Fusion");
+    QApplication::setQuitOnLastWindowClosed(false);
+    if (!screen) QApplication::setPalette(LayerPalette());
+}
+
+}  // namespace desktop
