@@ -55,6 +55,7 @@ class QD_API Surface {
 };
 
 // Keeps what it is told and can tell it again: the picture of a dialog that no window system shows yet.
+// What a later opaque call hides whole is forgotten, so repainting does not make it grow.
 class QD_API RecordingSurface : public Surface {
   public:
     void SetClip(const std::optional<RECT>& clip) override;
@@ -68,13 +69,10 @@ class QD_API RecordingSurface : public Surface {
     void Erase(const RECT& box) override;
 
     void ReplayOn(Surface& target) const;
-    std::size_t Count() const { return calls_.size(); }
-    void Clear() { calls_.clear(); }
+    std::size_t Count() const { return entries_.size(); }  // drawing calls that are kept
+    void Clear() { entries_.clear(); }                     // the clip stays
 
   private:
-    struct ClipCall {
-        std::optional<RECT> clip;
-    };
     struct LineCall {
         PenSpec pen;
         POINT from, to;
@@ -108,10 +106,16 @@ class QD_API RecordingSurface : public Surface {
     struct EraseCall {
         RECT box;
     };
-    using Call =
-        std::variant<ClipCall, LineCall, RectangleCall, PolygonCall, ArcCall, FillCall, TextCall, ImageCall, EraseCall>;
-    void Add(Call call, const RECT* covered);  // what an opaque call covers whole is dropped
-    std::vector<Call> calls_;
+    using Call = std::variant<LineCall, RectangleCall, PolygonCall, ArcCall, FillCall, TextCall, ImageCall, EraseCall>;
+    struct Entry {
+        Call call;
+        RECT bounds;  // nothing of it shows outside
+        std::optional<RECT> clip;
+    };
+    enum class Cover { Nothing, Bounds };
+    void Add(Call call, RECT bounds, Cover cover);
+    std::vector<Entry> entries_;
+    std::optional<RECT> clip_;
 };
 
 }  // namespace platform
