@@ -119,15 +119,17 @@ constexpr bool TerritoriesAscend()
 }
 static_assert(TerritoriesAscend());
 
-constexpr bool LanguagesAreUnique()
+constexpr bool LanguagesAscendAndAreUnique()
 {
-    for (const LanguageRow& a : Languages)
-        for (const LanguageRow& b : Languages)
-            if (&a != &b && a.language == b.language && a.territory == b.territory && a.modifier == b.modifier)
-                return false;
+    for (std::size_t i = 1; i < std::size(Languages); ++i) {
+        const LanguageRow& row = Languages[i];
+        if (Languages[i - 1].language > row.language) return false;
+        for (std::size_t j = i; j-- > 0 && Languages[j].language == row.language;)
+            if (Languages[j].territory == row.territory && Languages[j].modifier == row.modifier) return false;
+    }
     return true;
 }
-static_assert(LanguagesAreUnique());
+static_assert(LanguagesAscendAndAreUnique());
 
 constexpr int UnitedStates = 1;
 constexpr LANGID AmericanEnglish = 0x0409;
