@@ -1,0 +1,77 @@
+// qd480: the print subsystem, an application and, for a job, the rendering side, around the module.
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <cstdio>
+#include <exception>
+
+#include "host/commands.h"
+#include "host/context.h"
+
+namespace {
+
+using AddCommand = void (*)(CLI::App& program, host::Context& context);
+
+constexpr AddCommand Commands[] = {
+    host::AddPrinterCommand,
+    host::AddRecordCommand,
+    host::AddDocumentPropertiesCommand,
+};
+
+constexpr char About[] =
+    "The driver's user interface for the page printer Ordana Quillet 4820E, run from the command line.\n";
+
+constexpr char Notes[] =
+    "Results go to standard output, messages to standard error. Exit status: 0 done, or the user pressed OK; "
+    "1 the user cancelled, or two records differ; 2 wrong usage; 3 the operation failed.\n"
+    "N-up, booklet, scaling and toner are the rendering side's work and are not done here.\n";
+
+void AddOptionsToAll(CLI::App& app, host::Context& context)
+{
+    context.AddOptions(app);
+    for (CLI::App* command : app.get_subcommands({})) AddOptionsToAll(*command, context);
+}
+
+int Complain(int status, const char* message)
+{
+    std::fprintf(stderr, "qd480: %s\n", message);
+    return status;
+}
+
+int Run(int argc, char** argv)
+{
+    host::Context context;
+    CLI::App program(About, "qd480");
+    program.require_subcommand(1);
+    program.set_help_all_flag("--help-all", "Print the help of all commands and exit");
+    program.footer(host::PlatformOptionsHelp() + "\n" + Notes);
+    for (const AddCommand add : Commands) add(program, context);
+    AddOptionsToAll(program, context);
+    try {
+        program.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::Success)) {
+            return Complain(host::WrongUsage,
+                            (std::string(error.what()) + "\nqd480 --help tells what there is").c_str());
+        }
+        program.exit(error);
+    }
+    return context.status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    // A reader that has gone makes a write fail, which is told like any other failure.
+    std::signal(SIGPIPE, SIG_IGN);
+    int status = host::Failed;
+    try {
+        status = Run(argc, argv);
+    } catch (const host::UsageError& error) {
+        return Complain(host::WrongUsage, error.what());
+    } catch (const std::exception& error) {
+        return Complain(host::Failed, error.what());
+    }
+    if (std::fflush(stdout) != 0 || std::ferror(stdout)) return Complain(host::Failed, "cannot write standard output");
+    return status;
+}
