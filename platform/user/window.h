@@ -29,8 +29,9 @@ struct StaticState {
     int resource = 0;  // icon or bitmap of SS_ICON, SS_BITMAP; 0: none
 };
 struct EditState {
-    std::size_t limit = 30000;  // characters; binds typing only
+    std::size_t limit = 30000;  // characters; binds what a user puts in
     std::size_t caret = 0;
+    std::size_t anchor = 0;  // what lies between anchor and caret is selected
 };
 struct ListState {  // combo boxes and list boxes
     std::vector<ListItem> items;
@@ -38,6 +39,7 @@ struct ListState {  // combo boxes and list boxes
 };
 struct UpDownState {
     int lower = 0, upper = 100;
+    int position = 0;  // where the next click starts from when the buddy shows no number
     HWND buddy = nullptr;
 };
 struct ListViewState {
@@ -60,6 +62,7 @@ struct TreeState {  // the option tree of the common property sheet
     std::u16string pushButton;
 };
 struct DialogState {
+    HMODULE module = nullptr;  // where its template, and the pictures of its controls, come from
     int templateNumber = 0;
     DLGPROC procedure = nullptr;
     LONG_PTR user = 0, messageResult = 0;

@@ -17,7 +17,8 @@ namespace platform::user {
 // the file dialog that a hook talks to.
 using Handler = std::function<LRESULT(HWND window, UINT message, WPARAM wParam, LPARAM lParam)>;
 
-// What a user does to a property sheet.
+// What a user does to a property sheet. Neither moves the focus: the mouse has done so before, the keyboard
+// does not.
 struct SheetActions {
     std::function<Outcome(HWND sheet, int page)> showPage;
     std::function<Outcome(HWND sheet, SheetButton button)> press;
