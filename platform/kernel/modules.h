@@ -25,5 +25,6 @@ QD_API FARPROC Entry(HMODULE module, const char* name);  // null: there is none
 QD_API std::span<const std::uint8_t> Resource(HMODULE module, int type, int number);
 QD_API std::u16string String(HMODULE module, unsigned number);
 QD_API std::size_t LoadCount(HMODULE module);
+QD_API std::u16string FileName(HMODULE module);  // empty: no module
 
 }  // namespace platform::modules
