@@ -83,6 +83,7 @@ inline constexpr DWORD UDS_ARROWKEYS = 0x20;
 inline constexpr DWORD UDS_NOTHOUSANDS = 0x80;
 
 // Property sheet.
+inline constexpr DWORD PSP_USETITLE = 0x08;  // the tab shows pszTitle
 inline constexpr DWORD PSP_HASHELP = 0x20;
 
 struct PROPSHEETPAGEW {
