@@ -40,7 +40,10 @@ HWND ActivePage(HWND sheet)
 LRESULT Tell(HWND sheet, HWND page, UINT code, LPARAM parameter = 0)
 {
     if (!page) return 0;
-    PSHNOTIFY notice{{sheet, 0, code}, parameter};
+    PSHNOTIFY notice{
+        {sheet, 0, code},
+        parameter
+    };
     return user::Notify(page, notice.hdr);
 }
 
@@ -77,8 +80,8 @@ HWND PageAt(HWND sheet, const Frame& frame, int index)
 void GiveInitialFocus(HWND sheet, HWND page)
 {
     const HWND first = user::Get(page) ? user::Get(page)->As<user::DialogState>()->focus : nullptr;
-    const HWND wanted = reinterpret_cast<HWND>(
-        Tell(sheet, page, PSN_QUERYINITIALFOCUS, reinterpret_cast<LPARAM>(first)));
+    const HWND wanted =
+        reinterpret_cast<HWND>(Tell(sheet, page, PSN_QUERYINITIALFOCUS, reinterpret_cast<LPARAM>(first)));
     const user::Window* control = user::Find(wanted);
     user::TakeFocus(control && control->parent == page ? wanted : page);
 }
@@ -169,10 +172,18 @@ Outcome Press(HWND sheet, Frame& frame, SheetButton button)
     state = State(sheet);
     if (!state || state->ended) return Outcome::Done;
     switch (button) {
-        case SheetButton::Ok: Apply(sheet, frame, true); break;
-        case SheetButton::Apply: Apply(sheet, frame, false); break;
-        case SheetButton::Cancel: Cancel(sheet); break;
-        case SheetButton::Help: Tell(sheet, ActivePage(sheet), PSN_HELP); break;
+        case SheetButton::Ok:
+            Apply(sheet, frame, true);
+            break;
+        case SheetButton::Apply:
+            Apply(sheet, frame, false);
+            break;
+        case SheetButton::Cancel:
+            Cancel(sheet);
+            break;
+        case SheetButton::Help:
+            Tell(sheet, ActivePage(sheet), PSN_HELP);
+            break;
     }
     return Outcome::Done;
 }
@@ -212,8 +223,7 @@ std::optional<SheetPagePlan> PlanPage(const PROPSHEETPAGEW& page)
 
     const int number = NumberOf(copy->pszTemplate);
     std::string why;
-    auto layout =
-        user::ParseDialogTemplate(modules::Resource(copy->hInstance, modules::DialogResource, number), &why);
+    auto layout = user::ParseDialogTemplate(modules::Resource(copy->hInstance, modules::DialogResource, number), &why);
     if (!layout) return std::nullopt;
 
     SheetPagePlan plan;

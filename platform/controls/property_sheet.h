@@ -14,8 +14,8 @@
 namespace platform::controls {
 
 struct SheetPagePlan {
-    std::u16string title;                 // of the tab
-    bool help = false;                    // whether the Help button serves this page
+    std::u16string title;                  // of the tab
+    bool help = false;                     // whether the Help button serves this page
     std::function<HWND(HWND sheet)> make;  // the page's dialog, hidden; null on failure
 };
 

@@ -15,3 +15,14 @@ QD_API HWND MakeOwnerWindow();
 QD_API void DestroyOwnerWindow(HWND owner);
 
 }  // namespace platform::services
+
+extern "C" {
+
+// What GetProcAddress finds in compstui.dll.
+QD_API LONG CommonPropertySheetUIW(HWND owner, PFNPROPSHEETUI function, LPARAM lParam, DWORD* result);
+
+// The call-in that a sheet's function gets: adds pages and options while it is set up. A result that it sets
+// is taken and has no effect, since the end of the sheet decides.
+QD_API LONG_PTR pfnComPropSheet(HANDLE sheet, UINT function, LPARAM param1, LPARAM param2);
+
+}  // extern "C"

@@ -1,0 +1,181 @@
+#include "platform/services/option_pages.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+#include <memory>
+
+#include "platform/seams/environment.h"
+#include "platform/user/windows.h"
+
+namespace platform::services {
+
+namespace {
+
+// Texts of the service that callers name by number.
+struct ServiceString {
+    int number;
+    const char16_t* text;
+};
+constexpr ServiceString ServiceStrings[] = {
+    {64792, u"Halftone Color Adjustment"},
+};
+
+constexpr char16_t PageTitle[] = u"Device Settings";
+constexpr int FirstButton = 100;  // number of the first option's button; the others follow
+
+// Pixels.
+constexpr int PageWidth = 378, PageHeight = 300, Margin = 11, LineHeight = 23, LineStep = 30, ButtonLeft = 220;
+
+std::u16string TextOf(const WCHAR* text)
+{
+    const auto number = reinterpret_cast<ULONG_PTR>(text);
+    if (number > 0xFFFF) return text;
+    const auto found = std::ranges::find(ServiceStrings, static_cast<int>(number), &ServiceString::number);
+    return found == std::end(ServiceStrings) ? std::u16string() : found->text;
+}
+
+bool IsOffered(const OPTITEM& item)
+{
+    return item.cbSize >= sizeof item && item.pOptType && item.pOptType->Type == TVOT_PUSHBUTTON &&
+           item.pOptType->pOptParam;
+}
+
+user::DialogTemplate Layout(const COMPROPSHEETUI& sheet)
+{
+    user::DialogTemplate layout;
+    layout.title = PageTitle;
+    layout.style = WS_CHILD;
+    layout.width = PageWidth;
+    layout.height = PageHeight;
+    layout.font = u"MS Shell Dlg";
+    layout.pointSize = 8;
+    int top = Margin;
+    const auto place = [&](int left, int right) { return RECT{left, top, right, top + LineHeight}; };
+    const DWORD visible = WS_CHILD | WS_VISIBLE;
+    layout.controls.push_back(
+        {u"Static", TextOf(sheet.pOptItemName), 0, -1, visible, 0, place(Margin, PageWidth - Margin)});
+    for (int i = 0; i < sheet.cOptItem; ++i) {
+        top += LineStep;
+        const std::u16string name = TextOf(sheet.pOptItem[i].pName);
+        layout.controls.push_back({u"Static", name + u":", 0, -1, visible, 0, place(2 * Margin, ButtonLeft)});
+        layout.controls.push_back({u"Button", u"Show...", 0, FirstButton + i, visible | WS_TABSTOP | BS_PUSHBUTTON, 0,
+                                   place(ButtonLeft, PageWidth - Margin)});
+    }
+    return layout;
+}
+
+void Call(const COMPROPSHEETUI& sheet, HWND page, WORD reason, OPTITEM* item)
+{
+    if (!sheet.pfnCallBack) return;
+    CPSUICBPARAM params{};
+    params.cbSize = sizeof params;
+    params.Reason = reason;
+    params.hDlg = page;
+    params.pOptItem = sheet.pOptItem;
+    params.cOptItem = sheet.cOptItem;
+    params.Flags = sheet.Flags;
+    params.pCurItem = item;
+    params.UserData = sheet.UserData;
+    sheet.pfnCallBack(&params);
+}
+
+// Thousandths and ten-thousandths as a person reads them: 10000 is 1.0000.
+std::u16string Fraction(WORD tenThousandths)
+{
+    const std::string digits = std::to_string(10000 + tenThousandths % 10000).substr(1);
+    const std::string text = std::to_string(tenThousandths / 10000) + "." + digits;
+    return {text.begin(), text.end()};
+}
+
+// The adjustment is the device's own and constant, so it is shown and not edited.
+void ShowAdjustment(HWND page, const OPTITEM& item)
+{
+    const OPTPARAM& option = *item.pOptType->pOptParam;
+    if (option.Style != PUSHBUTTON_TYPE_HTCLRADJ || !option.pData || !CurrentEnvironment().desktop) return;
+    COLORADJUSTMENT values;
+    std::memcpy(&values, option.pData, sizeof values);
+    const std::u16string text =
+        u"This device fixes its color adjustment:\n\nRed gamma " + Fraction(values.caRedGamma) + u"\nGreen gamma " +
+        Fraction(values.caGreenGamma) + u"\nBlue gamma " + Fraction(values.caBlueGamma) + u"\nReference black " +
+        Fraction(values.caReferenceBlack) + u"\nReference white " + Fraction(values.caReferenceWhite);
+    const user::Covered covered;
+    CurrentEnvironment().desktop->MessageBox({page, text, TextOf(item.pName), MB_OK | MB_ICONINFORMATION});
+}
+
+void OnButton(const COMPROPSHEETUI& sheet, HWND page, int number)
+{
+    const int place = number - FirstButton;
+    if (place < 0 || place >= sheet.cOptItem) return;
+    OPTITEM& item = sheet.pOptItem[place];
+    if (item.Flags & OPTIF_CALLBACK) Call(sheet, page, CPSUICB_REASON_PUSHBUTTON, &item);
+    ShowAdjustment(page, item);
+}
+
+INT_PTR OptionPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    user::Window* window = user::Get(page);
+    user::DialogState* state = window ? window->As<user::DialogState>() : nullptr;
+    if (!state) return FALSE;
+    if (message == WM_INITDIALOG) {
+        state->user = lParam;
+        return FALSE;
+    }
+    const auto* sheet = reinterpret_cast<const COMPROPSHEETUI*>(state->user);
+    if (!sheet) return FALSE;
+    if (message == WM_COMMAND && HighWord(wParam) == BN_CLICKED) {
+        OnButton(*sheet, page, LowWord(wParam));
+        return TRUE;
+    }
+    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == PSN_APPLY) {
+        Call(*sheet, page, CPSUICB_REASON_APPLYNOW, sheet->pOptItem);
+    }
+    return FALSE;
+}
+
+controls::SheetPagePlan PlanOptions(const COMPROPSHEETUI& sheet)
+{
+    controls::SheetPagePlan plan;
+    plan.title = PageTitle;
+    plan.make = [copy = std::make_shared<COMPROPSHEETUI>(sheet)](HWND window) {
+        return user::MakeDialog({nullptr, 0, window, OptionPageProc, reinterpret_cast<LPARAM>(copy.get())},
+                                Layout(*copy));
+    };
+    return plan;
+}
+
+std::optional<controls::SheetPagePlan> PlanDialogPage(const COMPROPSHEETUI& sheet, const DLGPAGE& page)
+{
+    if (page.cbSize < sizeof page) return std::nullopt;
+    PROPSHEETPAGEW plain{};
+    plain.dwSize = sizeof plain;
+    plain.hInstance = sheet.hInstCaller;
+    plain.pszTemplate = ResourceName(page.DlgTemplateID);
+    plain.pfnDlgProc = page.DlgProc;
+    plain.lParam = static_cast<LPARAM>(sheet.UserData);
+    if (page.pTabName && *page.pTabName) {
+        plain.dwFlags = PSP_USETITLE;
+        plain.pszTitle = page.pTabName;
+    }
+    return controls::PlanPage(plain);
+}
+
+}  // namespace
+
+std::vector<controls::SheetPagePlan> PlanOptionPages(const COMPROPSHEETUI& sheet)
+{
+    if (sheet.cbSize < sizeof sheet || (sheet.cOptItem && !sheet.pOptItem) || (sheet.cDlgPage && !sheet.pDlgPage)) {
+        return {};
+    }
+    if (!std::all_of(sheet.pOptItem, sheet.pOptItem + sheet.cOptItem, IsOffered)) return {};
+    std::vector<controls::SheetPagePlan> pages;
+    if (sheet.cOptItem) pages.push_back(PlanOptions(sheet));
+    for (int i = 0; i < sheet.cDlgPage; ++i) {
+        auto page = PlanDialogPage(sheet, sheet.pDlgPage[i]);
+        if (!page) return {};
+        pages.push_back(std::move(*page));
+    }
+    return pages;
+}
+
+}  // namespace platform::services
