@@ -126,6 +126,16 @@ struct PRINTER_INFO_2W {
 };
 static_assert(sizeof(void*) != 4 || sizeof(PRINTER_INFO_2W) == 84);
 
+struct DRIVER_INFO_2W {
+    DWORD cVersion;
+    WCHAR* pName;
+    WCHAR* pEnvironment;
+    WCHAR* pDriverPath;
+    WCHAR* pDataFile;
+    WCHAR* pConfigFile;
+};
+static_assert(sizeof(void*) != 4 || sizeof(DRIVER_INFO_2W) == 24);
+
 struct DRIVER_INFO_3W {
     DWORD cVersion;
     WCHAR* pName;
@@ -177,6 +187,12 @@ inline constexpr DWORD CDM_CONVERT = 1;
 inline constexpr DWORD CDM_CONVERT351 = 2;
 inline constexpr DWORD CDM_DRIVER_DEFAULT = 4;
 
+struct DRIVER_UPGRADE_INFO_1W {
+    WCHAR* pPrinterName;
+    WCHAR* pOldDriverDirectory;
+};
+static_assert(sizeof(void*) != 4 || sizeof(DRIVER_UPGRADE_INFO_1W) == 8);
+
 // Printer events.
 inline constexpr int PRINTER_EVENT_CONFIGURATION_CHANGE = 0;
 inline constexpr int PRINTER_EVENT_ADD_CONNECTION = 1;
@@ -215,7 +231,7 @@ QD_API DWORD SetPrinterDataW(HANDLE printer, WCHAR* name, DWORD type, BYTE* data
 // One block with all strings behind the structure. Too little room: FALSE, error 122, *needed set.
 QD_API BOOL GetPrinterW(HANDLE printer, DWORD level, BYTE* info, DWORD bytes, DWORD* needed);  // level 2
 QD_API BOOL GetPrinterDriverW(HANDLE printer, WCHAR* environment, DWORD level, BYTE* info, DWORD bytes,
-                              DWORD* needed);  // level 3
+                              DWORD* needed);  // levels 2 and 3
 QD_API BOOL GetPrinterDriverDirectoryW(WCHAR* server, WCHAR* environment, DWORD level, BYTE* path, DWORD bytes,
                                        DWORD* needed);  // level 1: the path as a wide string
 

@@ -1,0 +1,52 @@
+#include "pages/custom_paper_work_list.h"
+
+#include <new>
+
+std::unique_ptr<CustomPaperNode> CustomPaperWorkList;
+
+namespace {
+
+// The link that holds the node at a position; the one behind the last if the list is shorter.
+std::unique_ptr<CustomPaperNode>& LinkAt(int position)
+{
+    std::unique_ptr<CustomPaperNode>* link = &CustomPaperWorkList;
+    for (; position > 0 && *link; --position) link = &(*link)->next;
+    return *link;
+}
+
+}  // namespace
+
+bool WorkListAppend(const CustomPaperEntry& entry)
+{
+    std::unique_ptr<CustomPaperNode>* link = &CustomPaperWorkList;
+    while (*link) link = &(*link)->next;
+    link->reset(new (std::nothrow) CustomPaperNode);
+    if (!*link) return false;
+    (*link)->entry = entry;
+    return true;
+}
+
+CustomPaperEntry* WorkListEntryAt(int position)
+{
+    const std::unique_ptr<CustomPaperNode>& link = LinkAt(position);
+    return link ? &link->entry : nullptr;
+}
+
+void WorkListRemoveAt(int position)
+{
+    std::unique_ptr<CustomPaperNode>& link = LinkAt(position);
+    if (link) link = std::move(link->next);
+}
+
+CustomPaperEntry* WorkListStoreAt(int position, const CustomPaperEntry& entry)
+{
+    CustomPaperEntry* stored = WorkListEntryAt(position);
+    if (stored) *stored = entry;
+    return stored;
+}
+
+void WorkListFree()
+{
+    // One by one: a long list must not be released by nested destructors.
+    while (CustomPaperWorkList) CustomPaperWorkList = std::move(CustomPaperWorkList->next);
+}

@@ -1,0 +1,158 @@
+#include "spooler/paper_lists.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "control_numbers.h"
+#include "module.h"
+#include "settings/lengths.h"
+#include "settings/model_tables.h"
+#include "settings/wide_text.h"
+#include "spooler/paper_sizes.h"
+#include "spooler/printer_data.h"
+
+namespace {
+
+constexpr LONG CustomRowTenths = 800;  // what the Custom row reports each way
+constexpr int UnitNameChars = 10;
+
+// The printer's stored sizes; none if they cannot be read.
+struct StoredPapers {
+    explicit StoredPapers(HANDLE hPrinter) : entries(ReadCustomPapers(hPrinter, &count)) {}
+    int count = 0;
+    GlobalBlock<CustomPaperEntry[]> entries;
+};
+
+// Builds a text piece by piece within a slot; what does not fit is cut.
+class SlotText {
+  public:
+    explicit SlotText(WCHAR* slot) : slot_(slot) { std::fill_n(slot_, PaperNameSlot, u'\0'); }
+    void Append(const WCHAR* text, int most)
+    {
+        for (; most > 0 && *text && used_ < PaperNameSlot - 1; --most) slot_[used_++] = *text++;
+    }
+    void Append(const WCHAR* text) { Append(text, PaperNameSlot); }
+
+  private:
+    WCHAR* slot_;
+    int used_ = 0;
+};
+
+void AppendMillimetres(SlotText& text, const WCHAR* format, int tenths)
+{
+    WCHAR number[16];
+    wsprintfW(number, format, tenths / 10);
+    text.Append(number);
+}
+
+void AppendInches(SlotText& text, const WCHAR* format, int hundreds, int sixteenths)
+{
+    WCHAR number[32];
+    wsprintfW(number, format, hundreds / 100, static_cast<int>(sixteenths * 100 * 0.0625));
+    text.Append(number);
+}
+
+void AppendUnit(SlotText& text, UINT nameString)
+{
+    WCHAR name[UnitNameChars] = {};
+    LoadStringW(ResourceHandle, nameString, name, UnitNameChars);
+    text.Append(name);
+}
+
+// "A Name (100 x 200 mm)", "A Name (8.50 x 14.00 inch)".
+void WriteStoredName(const CustomPaperEntry& entry, WCHAR* slot)
+{
+    SlotText text(slot);
+    text.Append(entry.cpName, sizeof(entry.cpName) / sizeof(WCHAR));
+    text.Append(u" (");
+    if (entry.cpUnit == 0) {
+        AppendMillimetres(text, u"%d", entry.cpWidth);
+        text.Append(u" x ");
+        AppendMillimetres(text, u"%d ", entry.cpHeight);
+        AppendUnit(text, IDS_UNIT_MM);
+    } else {
+        AppendInches(text, u"%d.%.2d", entry.cpWidth, entry.cpWidthSixteenths);
+        text.Append(u" x ");
+        AppendInches(text, u"%d.%.2d ", entry.cpHeight, entry.cpHeightSixteenths);
+        AppendUnit(text, IDS_UNIT_INCH);
+    }
+    text.Append(u")");
+}
+
+// Walks the list in its order and gives its length: the table's papers but the last row, the stored sizes,
+// the last row.
+template <class OfTable, class OfStored>
+LONG WalkPapers(HANDLE hPrinter, int model, OfTable ofTable, OfStored ofStored)
+{
+    const auto papers = ModelRow(model).papers;
+    const StoredPapers stored(hPrinter);
+    LONG row = 0;
+    for (const PaperEntry& paper : papers.first(papers.size() - 1)) ofTable(row++, paper);
+    for (int i = 0; i < stored.count; ++i) ofStored(row++, stored.entries[i]);
+    ofTable(row++, papers.back());
+    return row;
+}
+
+}  // namespace
+
+LONG PaperCodeList(HANDLE hPrinter, int model, void* output)
+{
+    auto* codes = static_cast<WORD*>(output);
+    const auto put = [codes](LONG row, WORD code) {
+        if (codes) codes[row] = code;
+    };
+    return WalkPapers(
+        hPrinter, model, [&](LONG row, const PaperEntry& paper) { put(row, static_cast<WORD>(paper.code)); },
+        [&](LONG row, const CustomPaperEntry& entry) { put(row, static_cast<WORD>(entry.cpCode)); });
+}
+
+LONG PaperSizeList(HANDLE hPrinter, int model, int /*orientation*/, void* output)
+{
+    auto* sizes = static_cast<POINT*>(output);
+    const auto put = [sizes](LONG row, POINT size) {
+        if (sizes) sizes[row] = size;
+    };
+    return WalkPapers(
+        hPrinter, model,
+        [&](LONG row, const PaperEntry& paper) {
+            put(row, paper.portrait ? POINT{DotsToTenths(paper.portrait->width), DotsToTenths(paper.portrait->height)}
+                                    : POINT{CustomRowTenths, CustomRowTenths});
+        },
+        [&](LONG row, const CustomPaperEntry& entry) { put(row, StoredPaperTenths(entry)); });
+}
+
+LONG PaperNameList(HANDLE hPrinter, int model, void* output)
+{
+    auto* names = static_cast<WCHAR*>(output);
+    const auto slot = [names](LONG row) { return names + std::size_t(row) * PaperNameSlot; };
+    return WalkPapers(
+        hPrinter, model,
+        [&](LONG row, const PaperEntry& paper) {
+            if (!names) return;
+            std::fill_n(slot(row), PaperNameSlot, u'\0');
+            LoadStringW(ResourceHandle, paper.nameString, slot(row), PaperNameSlot);
+        },
+        [&](LONG row, const CustomPaperEntry& entry) {
+            if (names) WriteStoredName(entry, slot(row));
+        });
+}
+
+LONG BinCodeList(int model, void* output)
+{
+    const auto bins = ModelRow(model).bins;
+    if (auto* codes = static_cast<WORD*>(output))
+        for (const BinEntry& bin : bins) *codes++ = static_cast<WORD>(bin.code);
+    return static_cast<LONG>(bins.size());
+}
+
+LONG BinNameList(int model, void* output)
+{
+    const auto bins = ModelRow(model).bins;
+    if (auto* name = static_cast<WCHAR*>(output))
+        for (const BinEntry& bin : bins) {
+            std::fill_n(name, BinNameSlot, u'\0');
+            LoadStringW(ResourceHandle, bin.nameString, name, BinNameSlot);
+            name += BinNameSlot;
+        }
+    return static_cast<LONG>(bins.size());
+}

@@ -1,0 +1,15 @@
+// The lists of papers and bins that the capabilities give. All paper lists have the same length and order:
+// the built-in papers, the printer's stored sizes, the Custom row last. Each function gives the length of its
+// list and writes nothing when output is null.
+#pragma once
+
+#include "platform/spooler.h"
+
+inline constexpr int PaperNameSlot = 64;  // characters, with the terminator
+inline constexpr int BinNameSlot = 24;
+
+LONG PaperCodeList(HANDLE hPrinter, int model, void* output);                   // 16-bit codes
+LONG PaperSizeList(HANDLE hPrinter, int model, int orientation, void* output);  // pairs of LONG, width first
+LONG PaperNameList(HANDLE hPrinter, int model, void* output);                   // slots of PaperNameSlot
+LONG BinCodeList(int model, void* output);                                      // 16-bit codes
+LONG BinNameList(int model, void* output);                                      // slots of BinNameSlot
