@@ -19,7 +19,7 @@ struct UiContext {
     PrinterDataBlock printerData;
     DriverDevMode settings;
     UiContext* selfEnd;     // the context itself, behind the record; a guard
-    UiContext* nextParked;  // see ParkUiContext
+    UiContext* nextParked;  // the next context whose sheet is gone while another one is open
 };
 
 // A new context: the model's defaults, over them the printer's stored record, over that pdmIn, which may be
