@@ -14,6 +14,7 @@ inline constexpr std::uintptr_t FirstModuleHandle = 0x00010000;
 inline constexpr std::uintptr_t FirstHeapHandle = 0x01000000;
 inline constexpr std::uintptr_t FirstPrinterHandle = 0x02000000;
 inline constexpr std::uintptr_t FirstKeyHandle = 0x03000000;
+inline constexpr std::uintptr_t FirstTokenHandle = 0x04000000;
 
 template <class Object>
 class HandleTable {
