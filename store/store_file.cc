@@ -25,7 +25,7 @@ std::string Why(int error) { return std::generic_category().message(error); }
 
 // The first bytes of an SQLite file.
 constexpr char Magic[16] = "SQLite format 3";
-constexpr std::size_t VersionAt = 60, ApplicationAt = 68, HeaderSize = 100;
+constexpr std::size_t PageSizeAt = 16, VersionAt = 60, ApplicationAt = 68, HeaderSize = 100;
 using Header = std::array<unsigned char, HeaderSize>;
 
 std::uint32_t BigEndianAt(const Header& header, std::size_t offset)
@@ -200,6 +200,15 @@ void StoreFile::RefuseForeign() const
     }
     const std::string problem = VersionProblem(static_cast<std::int32_t>(BigEndianAt(header, VersionAt)));
     if (!problem.empty()) throw StoreError(name_ + problem);
+
+    // A file ends with a whole page, unless a checkpoint is going on or has been cut off. SQLite itself would
+    // take the rest of a page as zeros.
+    const State before = CurrentState();
+    const int pageSize = header[PageSizeAt] << 8 | header[PageSizeAt + 1];
+    const int step = pageSize == 1 ? 65536 : pageSize;
+    if (!before.hasLog && step != 0 && before.file.st_size % step != 0 && before == CurrentState()) {
+        throw StoreError(name_ + " is damaged: it has been cut off");
+    }
 }
 
 void StoreFile::Check()
