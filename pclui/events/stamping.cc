@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "events/paper_metrics.h"
+#include "platform/kernel.h"
 #include "watermark/placement.h"
 
 LOGFONTW StampFont;

@@ -41,10 +41,7 @@ int MillimetresToSixteenths(int millimetres)
 
 int HundredthsToSixteenths(int hundredths) { return NearestSixteenths(hundredths * 0.01); }
 
-InchLength InchesFromTenths(int tenths)
-{
-    return Carried(tenths / 254 * 100, MillimetresToSixteenths(tenths / 10));
-}
+InchLength InchesFromTenths(int tenths) { return Carried(tenths / 254 * 100, MillimetresToSixteenths(tenths / 10)); }
 
 int TenthsFromInches(InchLength length)
 {

@@ -1,5 +1,9 @@
 #include "spooler/format_text.h"
 
+#include <span>
+
+#include "platform/user.h"
+
 namespace {
 
 constexpr int StringChars = 256;
@@ -30,20 +34,18 @@ class Output {
 
 class Arguments {
   public:
-    explicit Arguments(std::initializer_list<FormatArgument> arguments)
-        : next_(arguments.begin()), end_(arguments.end())
-    {
-    }
+    explicit Arguments(std::span<const FormatArgument> arguments) : rest_(arguments) {}
     template <class T>
     T Next()
     {
-        const T* value = next_ == end_ ? nullptr : std::get_if<T>(next_++);
+        if (rest_.empty()) return T{};
+        const T* value = std::get_if<T>(&rest_.front());
+        rest_ = rest_.subspan(1);
         return value ? *value : T{};
     }
 
   private:
-    const FormatArgument* next_;
-    const FormatArgument* end_;
+    std::span<const FormatArgument> rest_;
 };
 
 void PutNumber(Output& output, const WCHAR* format, LONG number)
@@ -62,13 +64,26 @@ void PutDirective(Output& output, HMODULE module, WCHAR directive, Arguments& ar
             output.Put(text);
             break;
         }
-        case u's': output.Put(arguments.Next<const WCHAR*>()); break;
-        case u'c': output.Put(static_cast<WCHAR>(arguments.Next<LONG>())); break;
-        case u'd': PutNumber(output, u"%ld", arguments.Next<LONG>()); break;
-        case u'u': PutNumber(output, u"%lu", arguments.Next<LONG>()); break;
-        case u'x': PutNumber(output, u"%lx", arguments.Next<LONG>()); break;
-        case u'X': PutNumber(output, u"%lX", arguments.Next<LONG>()); break;
-        default: output.Put(directive);
+        case u's':
+            output.Put(arguments.Next<const WCHAR*>());
+            break;
+        case u'c':
+            output.Put(static_cast<WCHAR>(arguments.Next<LONG>()));
+            break;
+        case u'd':
+            PutNumber(output, u"%ld", arguments.Next<LONG>());
+            break;
+        case u'u':
+            PutNumber(output, u"%lu", arguments.Next<LONG>());
+            break;
+        case u'x':
+            PutNumber(output, u"%lx", arguments.Next<LONG>());
+            break;
+        case u'X':
+            PutNumber(output, u"%lX", arguments.Next<LONG>());
+            break;
+        default:
+            output.Put(directive);
     }
 }
 
@@ -78,7 +93,7 @@ int FormatText(HMODULE module, WCHAR* buffer, int chars, DWORD* needed, const WC
                std::initializer_list<FormatArgument> arguments)
 {
     Output output(buffer, chars);
-    Arguments rest(arguments);
+    Arguments rest({arguments.begin(), arguments.size()});
     for (; *format && (needed || !output.Full()); ++format) {
         if (*format != u'%')
             output.Put(*format);

@@ -5,7 +5,7 @@
 
 #include "control_numbers.h"
 #include "module.h"
-#include "settings/lengths.h"
+#include "platform/user.h"
 #include "settings/model_tables.h"
 #include "settings/wide_text.h"
 #include "spooler/paper_sizes.h"
@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr LONG CustomRowTenths = 800;  // what the Custom row reports each way
+constexpr PaperExtent CustomRowExtent = {800, 800};
 constexpr int UnitNameChars = 10;
 
 // The printer's stored sizes; none if they cannot be read.
@@ -108,15 +108,14 @@ LONG PaperCodeList(HANDLE hPrinter, int model, void* output)
 
 LONG PaperSizeList(HANDLE hPrinter, int model, int /*orientation*/, void* output)
 {
-    auto* sizes = static_cast<POINT*>(output);
-    const auto put = [sizes](LONG row, POINT size) {
+    auto* sizes = static_cast<PaperExtent*>(output);
+    const auto put = [sizes](LONG row, PaperExtent size) {
         if (sizes) sizes[row] = size;
     };
     return WalkPapers(
         hPrinter, model,
         [&](LONG row, const PaperEntry& paper) {
-            put(row, paper.portrait ? POINT{DotsToTenths(paper.portrait->width), DotsToTenths(paper.portrait->height)}
-                                    : POINT{CustomRowTenths, CustomRowTenths});
+            put(row, paper.portrait ? BuiltInPaperTenths(paper) : CustomRowExtent);
         },
         [&](LONG row, const CustomPaperEntry& entry) { put(row, StoredPaperTenths(entry)); });
 }

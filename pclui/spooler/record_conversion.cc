@@ -88,10 +88,14 @@ Conversion ConvertRecord(const WCHAR* /*printerName*/, const DEVMODEW* pdmIn, DE
 {
     if (!pcbNeeded) return Fail(ERROR_INVALID_PARAMETER);
     switch (mode) {
-        case CDM_CONVERT: return ConvertToCurrent(pdmIn, pdmOut, pcbNeeded);
-        case CDM_CONVERT351: return ConvertToOld(pdmIn, pdmOut, pcbNeeded, sizes);
-        case CDM_DRIVER_DEFAULT: return AskForDefault(pdmOut, pcbNeeded, sizes);
-        default: return Conversion::CallerFinishes;
+        case CDM_CONVERT:
+            return ConvertToCurrent(pdmIn, pdmOut, pcbNeeded);
+        case CDM_CONVERT351:
+            return ConvertToOld(pdmIn, pdmOut, pcbNeeded, sizes);
+        case CDM_DRIVER_DEFAULT:
+            return AskForDefault(pdmOut, pcbNeeded, sizes);
+        default:
+            return Conversion::CallerFinishes;
     }
 }
 

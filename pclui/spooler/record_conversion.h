@@ -17,8 +17,8 @@ enum class Conversion { Failed = 0, Done = 1, CallerFinishes = 2 };
 
 // The part of the conversion that needs no printer. *pcbNeeded: bytes that pdmOut has room for, then the bytes
 // used or needed. Sets the last error when it fails: 87 for bad arguments, 122 for too little room.
-Conversion ConvertRecord(const WCHAR* printerName, const DEVMODEW* pdmIn, DEVMODEW* pdmOut, LONG* pcbNeeded,
-                         DWORD mode, const RecordSizes& sizes);
+Conversion ConvertRecord(const WCHAR* printerName, const DEVMODEW* pdmIn, DEVMODEW* pdmOut, LONG* pcbNeeded, DWORD mode,
+                         const RecordSizes& sizes);
 
 // True on success; the last error is that of ConvertRecord.
 extern "C" QD_API BOOL DrvConvertDevMode(const WCHAR* printerName, const DEVMODEW* pdmIn, DEVMODEW* pdmOut,

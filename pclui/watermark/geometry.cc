@@ -62,12 +62,17 @@ POINT RotateOrigin(LONG w, SHORT a, LONG h, LONG cx, LONG cy)
 {
     const int angle = Reduced(a);
     switch (angle) {
-        case 0: return {cx - w, cy - h};
-        case 90: return {cx - h, cy + w};
+        case 0:
+            return {cx - w, cy - h};
+        case 90:
+            return {cx - h, cy + w};
         case 180:
-        case -180: return {cx + w, cy + h};
-        case -90: return {cx + h, cy - w};
-        default: break;
+        case -180:
+            return {cx + w, cy + h};
+        case -90:
+            return {cx + h, cy - w};
+        default:
+            break;
     }
     // 64 bits, since the measures of a record that nobody checked may be of any size.
     const std::int64_t x = std::int64_t{cx} * TableUnit, y = std::int64_t{cy} * TableUnit;
