@@ -1,0 +1,426 @@
+#include "tests/support/sheet_driver.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "module.h"
+#include "platform/kernel/modules.h"
+#include "platform/kernel/unicode.h"
+#include "platform/seams/environment.h"
+#include "platform/seams/fonts.h"
+#include "platform/seams/system_facts.h"
+#include "platform/services/sheet_service.h"
+#include "platform/spooler/printers.h"
+#include "platform/user/window.h"
+#include "resources/control_numbers.h"
+#include "settings/options.h"
+#include "spooler/document_sheet.h"
+
+namespace testing_support {
+
+namespace {
+
+namespace user = platform::user;
+using user::Outcome;
+
+constexpr DWORD PageHasTitle = 0x8;
+
+INT_PTR ElsewhereProcedure(HWND, UINT, WPARAM, LPARAM) { return FALSE; }
+
+const char* OutcomeText(Outcome outcome)
+{
+    switch (outcome) {
+        case Outcome::Done:
+            return "done";
+        case Outcome::Absent:
+            return "absent";
+        case Outcome::Hidden:
+            return "hidden";
+        case Outcome::Disabled:
+            return "disabled";
+        case Outcome::Unsuited:
+            return "of another kind";
+        case Outcome::NoRow:
+            return "without such a row";
+        case Outcome::ReadOnly:
+            return "read-only";
+    }
+    return "?";
+}
+
+// The caller's header, and what the driver needs beside it where only the header is passed on.
+struct SheetCall {
+    DOCUMENTPROPERTYHEADER header;
+    const Sheet::Prepare* prepare;
+};
+
+LONG RunDocumentSheet(PROPSHEETUI_INFO* info, LPARAM lParam)
+{
+    const bool starts = info->Reason == PROPSHEETUI_REASON_INIT;
+    if (starts) {
+        PROPSHEETPAGEW page{};
+        page.dwSize = sizeof page;
+        page.dwFlags = PageHasTitle;
+        page.hInstance = ModuleHandle;
+        page.pszTemplate = ResourceName(IDD_QUALITY);
+        page.pszTitle = ElsewherePage;
+        page.pfnDlgProc = ElsewhereProcedure;
+        info->pfnComPropSheet(info->hComPropSheet, CPSFUNC_ADD_PROPSHEETPAGEW, reinterpret_cast<LPARAM>(&page), 0);
+    }
+    const LONG result = DrvDocumentPropertySheets(info, lParam);
+    const SheetCall* call = reinterpret_cast<SheetCall*>(info->lParamInit);
+    if (starts && result > 0 && *call->prepare) (*call->prepare)(*CurrentSettings);
+    return result;
+}
+
+const user::ListState* List(HWND page, int control)
+{
+    const user::Window* window = user::Find(user::Control(page, control));
+    return window ? window->As<user::ListState>() : nullptr;
+}
+
+}  // namespace
+
+void SteppedDesktop::Run(HWND top)
+{
+    std::unique_lock lock(mutex_);
+    while (!user::Ended(top)) {
+        waiting_ = true;
+        changed_.notify_all();
+        changed_.wait(lock, [&] { return step_ != nullptr; });
+        const auto step = std::exchange(step_, nullptr);
+        lock.unlock();
+        step();
+        lock.lock();
+    }
+}
+
+bool SteppedDesktop::Do(std::function<void()> step)
+{
+    std::unique_lock lock(mutex_);
+    const auto ready = [&] { return waiting_ || finished_; };
+    changed_.wait(lock, ready);
+    if (finished_) return false;
+    step_ = std::move(step);
+    waiting_ = false;
+    changed_.notify_all();
+    changed_.wait(lock, ready);
+    return true;
+}
+
+void SteppedDesktop::Finish()
+{
+    const std::lock_guard lock(mutex_);
+    finished_ = true;
+    changed_.notify_all();
+}
+
+void SteppedDesktop::WaitForFinish()
+{
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [&] { return finished_; });
+}
+
+std::shared_ptr<platform::Surface> SteppedDesktop::MakePicture(HWND, int, int)
+{
+    return std::make_shared<platform::RecordingSurface>();
+}
+
+int SteppedDesktop::MessageBox(const platform::MessageBoxRequest& request)
+{
+    messagesSeen.push_back(request.text);
+    return IDOK;
+}
+
+void SteppedDesktop::Help(const platform::HelpRequest& request)
+{
+    const user::Window* window = user::Find(request.window);
+    const bool dialog = !window || window->kind == user::Kind::Dialog;
+    helpSeen.push_back({dialog ? 0 : window->id, request.file, request.command, request.context});
+}
+
+std::optional<DWORD> SteppedDesktop::SystemColor(int index)
+{
+    switch (index) {
+        case COLOR_BTNFACE:
+            return FaceColor;
+        case COLOR_BTNSHADOW:
+            return ShadowColor;
+        case COLOR_BTNHIGHLIGHT:
+            return HighlightColor;
+        default:
+            return std::nullopt;
+    }
+}
+
+TestMachine::TestMachine()
+    : store_(std::make_shared<platform::MemoryStore>()),
+      desktop_(std::make_shared<SteppedDesktop>()),
+      trace_(std::make_shared<TraceLines>())
+{
+    store_->Add({TestPrinter, TestPrinter, true});
+    platform::Environment& environment = platform::CurrentEnvironment();
+    environment.printers = store_;
+    environment.registry = store_;
+    environment.fonts = platform::MakeBuiltinFonts();
+    environment.facts = platform::MakeFixedFacts({});
+    environment.desktop = desktop_;
+    environment.trace = trace_;
+    environment.faults.Clear();
+    // The module's code is linked into the test, its resources are in the library.
+    static const HMODULE module = [] {
+        std::string why;
+        const HMODULE loaded = platform::modules::Load(QD_MODULE_PATH, &why);
+        if (!loaded) throw std::runtime_error("the module cannot be loaded: " + why);
+        return loaded;
+    }();
+    ModuleHandle = ResourceHandle = module;
+}
+
+TestMachine::~TestMachine()
+{
+    platform::Environment& environment = platform::CurrentEnvironment();
+    environment.faults.Clear();
+    environment.printers = nullptr;
+    environment.registry = nullptr;
+    environment.fonts = nullptr;
+    environment.desktop = nullptr;
+    environment.trace = nullptr;
+}
+
+Sheet::Sheet(Prepare prepare)
+{
+    thread_ = std::thread([this, prepare = std::move(prepare)] {
+        Run(prepare);
+        machine_.Desktop().Finish();
+    });
+    // Up, or failed to come up, once the first step is asked for.
+    if (!machine_.Desktop().Do([] {})) ADD_FAILURE() << "the sheet does not come up";
+}
+
+Sheet::~Sheet()
+{
+    while (machine_.Desktop().Do([] { user::Close(user::TopWindow()); })) {}
+    thread_.join();
+}
+
+void Sheet::Run(const Prepare& prepare)
+{
+    HANDLE printer = platform::spooler::Open(TestPrinter, 0);
+    std::u16string name = TestPrinter;
+    SheetCall call{};
+    call.header.cbSize = sizeof call.header;
+    call.header.hPrinter = printer;
+    call.header.pszPrinterName = name.data();
+    call.header.pdmOut = reinterpret_cast<DEVMODEW*>(&published_);
+    call.header.cbOut = sizeof published_;
+    call.header.fMode = DM_COPY | DM_PROMPT;
+    call.prepare = &prepare;
+    DWORD result = 0;
+    platform::services::RunCommonSheet(nullptr, RunDocumentSheet, reinterpret_cast<LPARAM>(&call.header), &result);
+    platform::spooler::Close(printer);
+}
+
+void Sheet::Step(std::function<void(HWND sheet, HWND page)> step)
+{
+    const bool taken = machine_.Desktop().Do([&] {
+        const HWND sheet = user::TopWindow();
+        step(sheet, user::DialogOf(sheet));
+    });
+    if (!taken) ADD_FAILURE() << "the sheet is not up any more";
+}
+
+void Sheet::Act(const std::string& what, std::function<Outcome(HWND sheet, HWND page)> action)
+{
+    Outcome outcome = Outcome::Absent;
+    Step([&](HWND sheet, HWND page) { outcome = action(sheet, page); });
+    EXPECT_EQ(OutcomeText(outcome), std::string("done")) << what;
+}
+
+Outcome Sheet::Try(std::function<Outcome(HWND page)> action)
+{
+    Outcome outcome = Outcome::Absent;
+    Step([&](HWND, HWND page) { outcome = action(page); });
+    return outcome;
+}
+
+Sheet& Sheet::Page(std::u16string_view title)
+{
+    Act("page " + platform::ToUtf8(title), [&](HWND sheet, HWND) {
+        const user::Window* window = user::Find(sheet);
+        const auto* state = window ? window->As<user::SheetState>() : nullptr;
+        for (int i = 0; state && i < static_cast<int>(state->pages.size()); ++i)
+            if (state->pages[i].title == title) return user::ShowPage(sheet, i);
+        return Outcome::NoRow;
+    });
+    return *this;
+}
+
+Sheet& Sheet::Click(int control)
+{
+    Act("click " + std::to_string(control), [&](HWND, HWND page) { return user::Click(user::Control(page, control)); });
+    return *this;
+}
+
+Sheet& Sheet::Choose(int control, int row)
+{
+    Act("choose " + std::to_string(control) + " row " + std::to_string(row),
+        [&](HWND, HWND page) { return user::Pick(user::Control(page, control), row); });
+    return *this;
+}
+
+Sheet& Sheet::Choose(int control, std::u16string_view text)
+{
+    const std::vector<std::u16string> items = Items(control);
+    const auto found = std::find(items.begin(), items.end(), text);
+    return Choose(control, static_cast<int>(found - items.begin()));
+}
+
+Sheet& Sheet::Type(int control, std::u16string_view text)
+{
+    Act("type " + std::to_string(control),
+        [&](HWND, HWND page) { return user::Type(user::Control(page, control), text); });
+    return *this;
+}
+
+Sheet& Sheet::Apply()
+{
+    Act("apply", [](HWND sheet, HWND) { return user::PressButton(sheet, user::SheetButton::Apply); });
+    return *this;
+}
+
+Sheet& Sheet::PressHelp()
+{
+    Act("help", [](HWND sheet, HWND) { return user::PressButton(sheet, user::SheetButton::Help); });
+    return *this;
+}
+
+Sheet& Sheet::HelpOn(int control)
+{
+    Act("help on " + std::to_string(control),
+        [&](HWND, HWND page) { return user::ContextHelp(user::Control(page, control)); });
+    return *this;
+}
+
+DriverDevMode Sheet::End(user::SheetButton button)
+{
+    Act("end of the sheet", [&](HWND sheet, HWND) { return user::PressButton(sheet, button); });
+    machine_.Desktop().WaitForFinish();
+    return published_;
+}
+
+DriverDevMode Sheet::Ok() { return End(user::SheetButton::Ok); }
+DriverDevMode Sheet::Cancel() { return End(user::SheetButton::Cancel); }
+
+LRESULT Sheet::Send(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    LRESULT result = 0;
+    Step([&](HWND, HWND page) {
+        const user::Window* window = user::Find(page);
+        result = window->As<user::DialogState>()->procedure(page, message, wParam, lParam);
+    });
+    return result;
+}
+
+LRESULT Sheet::Notice(int control, int code)
+{
+    return Send(WM_COMMAND, MakeLong(static_cast<DWORD>(control), static_cast<DWORD>(code)), 0);
+}
+
+std::vector<std::u16string> Sheet::Items(int control)
+{
+    std::vector<std::u16string> items;
+    Step([&](HWND, HWND page) {
+        if (const user::ListState* list = List(page, control))
+            for (const user::ListItem& item : list->items) items.push_back(item.text);
+    });
+    return items;
+}
+
+std::vector<LPARAM> Sheet::ItemData(int control)
+{
+    std::vector<LPARAM> data;
+    Step([&](HWND, HWND page) {
+        if (const user::ListState* list = List(page, control))
+            for (const user::ListItem& item : list->items) data.push_back(item.data);
+    });
+    return data;
+}
+
+int Sheet::Selection(int control)
+{
+    int selection = -1;
+    Step([&](HWND, HWND page) {
+        if (const user::ListState* list = List(page, control)) selection = list->selection;
+    });
+    return selection;
+}
+
+bool Sheet::Enabled(int control)
+{
+    bool enabled = false;
+    Step([&](HWND, HWND page) {
+        const user::Window* window = user::Find(user::Control(page, control));
+        enabled = window && window->enabled;
+    });
+    return enabled;
+}
+
+bool Sheet::Checked(int control)
+{
+    bool checked = false;
+    Step([&](HWND, HWND page) {
+        const user::Window* window = user::Find(user::Control(page, control));
+        const auto* button = window ? window->As<user::ButtonState>() : nullptr;
+        checked = button && button->check != BST_UNCHECKED;
+    });
+    return checked;
+}
+
+std::u16string Sheet::Text(int control)
+{
+    std::u16string text;
+    Step([&](HWND, HWND page) {
+        if (const user::Window* window = user::Find(user::Control(page, control))) text = window->text;
+    });
+    return text;
+}
+
+int Sheet::Changes()
+{
+    int changes = 0;
+    Step([&](HWND sheet, HWND) { changes = user::Find(sheet)->As<user::SheetState>()->changes; });
+    return changes;
+}
+
+bool Sheet::ApplyEnabled()
+{
+    bool enabled = false;
+    Step([&](HWND sheet, HWND) { enabled = user::Find(sheet)->As<user::SheetState>()->applyEnabled; });
+    return enabled;
+}
+
+DriverDevMode Sheet::Settings()
+{
+    DriverDevMode settings{};
+    Step([&](HWND, HWND) { settings = *CurrentSettings; });
+    return settings;
+}
+
+Sheet& Sheet::Change(const Prepare& change)
+{
+    Step([&](HWND, HWND) { change(*CurrentSettings); });
+    return *this;
+}
+
+std::vector<std::string> Sheet::Drawn()
+{
+    std::vector<std::string> lines;
+    Step([&](HWND, HWND) { lines = machine_.Trace().Take(); });
+    return lines;
+}
+
+}  // namespace testing_support

@@ -1,0 +1,152 @@
+// The document sheet as a user drives it, without windows. The sheet runs on a thread of its own, as the
+// entry that shows it returns only at its end; each step of a test is handed to that thread and waited for.
+// A step that a user could not take (a disabled control, a missing row) is a failure of the test.
+//
+//     Sheet sheet([](DriverDevMode& record) { record.dmTonerSave = 1; });
+//     sheet.Page(u"Quality").Click(IDC_TONER_SAVE_OFF);
+//     EXPECT_EQ(sheet.Ok().dmTonerSave, 0);
+#pragma once
+
+#include <condition_variable>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+#include "driver_dev_mode.h"
+#include "platform/seams/desktop.h"
+#include "platform/seams/memory_stores.h"
+#include "platform/seams/surface.h"
+#include "platform/user/actions.h"
+#include "tests/support/trace_text.h"
+
+namespace testing_support {
+
+inline constexpr WCHAR TestPrinter[] = u"Ordana Quillet 4820E";
+// A tab of the driver's own before the module's pages, so that no page of the module is the first, and to
+// have somewhere to go when a page is to be left.
+inline constexpr WCHAR ElsewherePage[] = u"Elsewhere";
+
+// What was asked of the help service.
+struct HelpSeen {
+    int control = 0;  // 0 for a dialog itself
+    std::u16string file;
+    UINT command = 0;
+    DWORD context = 0;
+    bool operator==(const HelpSeen&) const = default;
+};
+
+// Works off steps from another thread.
+class SteppedDesktop : public platform::Desktop {
+  public:
+    void Opened(HWND) override {}
+    void Closed(HWND) override {}
+    void Run(HWND top) override;
+    void Changed(HWND) override {}
+    std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override;
+    int MessageBox(const platform::MessageBoxRequest& request) override;
+    std::optional<std::u16string> PickFile(const platform::FileDialogRequest&) override { return std::nullopt; }
+    void Help(const platform::HelpRequest& request) override;
+    void Beep(UINT) override {}
+    std::optional<DWORD> SystemColor(int index) override;
+
+    // Runs the step on the thread of the dialogs and waits until that thread wants the next one. False if
+    // nothing is up any more.
+    bool Do(std::function<void()> step);
+    // To be called by the dialogs' thread when it is done.
+    void Finish();
+    void WaitForFinish();
+
+    // Read these between steps.
+    std::vector<HelpSeen> helpSeen;
+    std::vector<std::u16string> messagesSeen;
+
+  private:
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::function<void()> step_;
+    bool waiting_ = false;   // a modal loop wants a step
+    bool finished_ = false;  // the sheet has ended
+};
+
+// The colours that the desktop reports.
+inline constexpr COLORREF FaceColor = 0xC0C0C0;
+inline constexpr COLORREF ShadowColor = 0x808080;
+inline constexpr COLORREF HighlightColor = 0xFFFFFF;
+
+// A machine with one printer, plugged into the platform layer for as long as the object lives.
+class TestMachine {
+  public:
+    TestMachine();
+    ~TestMachine();
+    TestMachine(const TestMachine&) = delete;
+    TestMachine& operator=(const TestMachine&) = delete;
+
+    SteppedDesktop& Desktop() { return *desktop_; }
+    TraceLines& Trace() { return *trace_; }
+    platform::MemoryStore& Store() { return *store_; }
+
+  private:
+    std::shared_ptr<platform::MemoryStore> store_;
+    std::shared_ptr<SteppedDesktop> desktop_;
+    std::shared_ptr<TraceLines> trace_;
+};
+
+class Sheet {
+  public:
+    // The record is the model's default, changed by prepare before any page sees it and after everything
+    // that would put it right.
+    using Prepare = std::function<void(DriverDevMode& record)>;
+    explicit Sheet(Prepare prepare = {});
+    ~Sheet();  // cancels a sheet that is still up
+    Sheet(const Sheet&) = delete;
+    Sheet& operator=(const Sheet&) = delete;
+
+    // Steps.
+    Sheet& Page(std::u16string_view title);
+    Sheet& Click(int control);
+    Sheet& Choose(int control, int row);
+    Sheet& Choose(int control, std::u16string_view text);
+    Sheet& Type(int control, std::u16string_view text);
+    Sheet& Apply();
+    Sheet& PressHelp();
+    Sheet& HelpOn(int control);
+    DriverDevMode Ok();                                        // the published record
+    DriverDevMode Cancel();                                    // what an earlier Apply has published; zeros if none did
+    LRESULT Send(UINT message, WPARAM wParam, LPARAM lParam);  // to the page's procedure, and what it returns
+    LRESULT Notice(int control, int code);                     // as if the control had sent it
+    platform::user::Outcome Try(std::function<platform::user::Outcome(HWND page)> action);
+
+    // What the page and the sheet show.
+    std::vector<std::u16string> Items(int control);
+    std::vector<LPARAM> ItemData(int control);
+    int Selection(int control);
+    bool Enabled(int control);
+    bool Checked(int control);
+    std::u16string Text(int control);
+    int Changes();  // words that an option has changed
+    bool ApplyEnabled();
+
+    DriverDevMode Settings();  // the record that the pages edit
+    // Changes that record behind the pages' backs, as another page does.
+    Sheet& Change(const Prepare& change);
+    DriverDevMode Published() const { return published_; }
+    std::vector<std::string> Drawn();  // calls since the last question
+    const std::vector<HelpSeen>& HelpSeenSoFar() { return machine_.Desktop().helpSeen; }
+    TestMachine& Machine() { return machine_; }
+
+  private:
+    void Run(const Prepare& prepare);
+    void Step(std::function<void(HWND sheet, HWND page)> step);
+    void Act(const std::string& what, std::function<platform::user::Outcome(HWND sheet, HWND page)> action);
+    DriverDevMode End(platform::user::SheetButton button);
+
+    TestMachine machine_;
+    DriverDevMode published_{};
+    std::thread thread_;
+};
+
+}  // namespace testing_support
