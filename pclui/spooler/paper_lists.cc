@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "control_numbers.h"
+#include "resources/control_numbers.h"
 #include "module.h"
 #include "platform/user.h"
 #include "settings/model_tables.h"

@@ -1,7 +1,7 @@
 #include "spooler/record_conversion.h"
 
 #include "boundary.h"
-#include "control_numbers.h"
+#include "resources/control_numbers.h"
 #include "module.h"
 #include "settings/defaults.h"
 #include "settings/global_block.h"
