@@ -1,6 +1,7 @@
 // The list view in report form. The selection mark is where the user last was; what is selected is another
 // matter, and only that is told to the dialog.
 #include <algorithm>
+#include <utility>
 
 #include "platform/user/controls.h"
 #include "platform/user/node.h"
@@ -143,35 +144,45 @@ LRESULT ListViewMessage(Window& view, UINT message, WPARAM wParam, LPARAM lParam
     const auto* item = reinterpret_cast<const LVITEMW*>(lParam);
     const std::size_t row = Index(wParam);
     switch (message) {
-        case LVM_GETITEMCOUNT: return static_cast<LRESULT>(state.rows.size());
-        case LVM_INSERTITEMW: return InsertRow(view, item);
-        case LVM_DELETEITEM: return DeleteRow(view, row);
+        case LVM_GETITEMCOUNT:
+            return static_cast<LRESULT>(state.rows.size());
+        case LVM_INSERTITEMW:
+            return InsertRow(view, item);
+        case LVM_DELETEITEM:
+            return DeleteRow(view, row);
         case LVM_DELETEALLITEMS:
             state.rows.clear();
             state.mark = -1;
             Touch(view);
             return TRUE;
-        case LVM_INSERTCOLUMNW: return InsertColumn(view, wParam, reinterpret_cast<const LVCOLUMNW*>(lParam));
+        case LVM_INSERTCOLUMNW:
+            return InsertColumn(view, wParam, reinterpret_cast<const LVCOLUMNW*>(lParam));
         case LVM_SETCOLUMNWIDTH:
             return SetColumnWidth(view, wParam, static_cast<SHORT>(LowWord(static_cast<DWORD_PTR>(lParam))));
-        case LVM_SETITEMSTATE: return SetState(view, row, item);
+        case LVM_SETITEMSTATE:
+            return SetState(view, row, item);
         case LVM_GETITEMSTATE:
             return row < state.rows.size() && state.rows[row].selected ? lParam & LPARAM{LVIS_SELECTED} : 0;
-        case LVM_SETITEMTEXTW: return SetCell(view, row, item);
-        case LVM_GETITEMTEXTW: return GetCell(view, row, item);
-        case LVM_GETSELECTIONMARK: return state.mark;
+        case LVM_SETITEMTEXTW:
+            return SetCell(view, row, item);
+        case LVM_GETITEMTEXTW:
+            return GetCell(view, row, item);
+        case LVM_GETSELECTIONMARK:
+            return state.mark;
         case LVM_SETSELECTIONMARK: {
             const int mark = static_cast<int>(lParam);
             const bool there = mark >= 0 && static_cast<std::size_t>(mark) < state.rows.size();
             return std::exchange(state.mark, there ? mark : -1);
         }
-        case LVM_GETEXTENDEDLISTVIEWSTYLE: return static_cast<LRESULT>(state.extendedStyle);
+        case LVM_GETEXTENDEDLISTVIEWSTYLE:
+            return static_cast<LRESULT>(state.extendedStyle);
         case LVM_SETEXTENDEDLISTVIEWSTYLE: {
             const DWORD mask = wParam == 0 ? ~DWORD{0} : static_cast<DWORD>(wParam);
             const DWORD style = (state.extendedStyle & ~mask) | (static_cast<DWORD>(lParam) & mask);
             return static_cast<LRESULT>(std::exchange(state.extendedStyle, style));
         }
-        default: return CommonMessage(view, message, wParam, lParam);
+        default:
+            return CommonMessage(view, message, wParam, lParam);
     }
 }
 

@@ -80,7 +80,8 @@ LRESULT UpDownMessage(Window& upDown, UINT message, WPARAM wParam, LPARAM lParam
             AttachBuddy(upDown.handle, reinterpret_cast<HWND>(wParam));
             return reinterpret_cast<LRESULT>(before);
         }
-        default: return CommonMessage(upDown, message, wParam, lParam);
+        default:
+            return CommonMessage(upDown, message, wParam, lParam);
     }
 }
 

@@ -26,8 +26,8 @@ bool IsOwnerDrawn(const Window& window) { return window.kind == Kind::Button && 
 
 bool IsPushButton(const Window& window)
 {
-    return window.kind == Kind::Button && (TypeOf(window) == BS_PUSHBUTTON || TypeOf(window) == BS_DEFPUSHBUTTON ||
-                                           TypeOf(window) == BS_OWNERDRAW);
+    return window.kind == Kind::Button &&
+           (TypeOf(window) == BS_PUSHBUTTON || TypeOf(window) == BS_DEFPUSHBUTTON || TypeOf(window) == BS_OWNERDRAW);
 }
 
 void SetCheck(HWND button, UINT check)
@@ -58,15 +58,19 @@ void PressControl(HWND button)
 LRESULT ButtonMessage(Window& button, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-        case BM_GETCHECK: return button.As<ButtonState>()->check;
-        case BM_SETCHECK: SetCheck(button.handle, wParam != 0); return 0;
+        case BM_GETCHECK:
+            return button.As<ButtonState>()->check;
+        case BM_SETCHECK:
+            SetCheck(button.handle, wParam != 0);
+            return 0;
         case BM_CLICK:
             if (TypeOf(button) != BS_GROUPBOX && button.enabled) {
                 TakeFocus(button.handle);
                 PressControl(button.handle);
             }
             return 0;
-        default: return CommonMessage(button, message, wParam, lParam);
+        default:
+            return CommonMessage(button, message, wParam, lParam);
     }
 }
 

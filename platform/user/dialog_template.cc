@@ -14,12 +14,12 @@ struct ClassAtom {
     const char16_t* name;
 };
 constexpr ClassAtom ClassAtoms[] = {
-    {0x80, u"Button"},
-    {0x81, u"Edit"},
-    {0x82, u"Static"},
-    {0x83, u"ListBox"},
+    {0x80, u"Button"   },
+    {0x81, u"Edit"     },
+    {0x82, u"Static"   },
+    {0x83, u"ListBox"  },
     {0x84, u"ScrollBar"},
-    {0x85, u"ComboBox"},
+    {0x85, u"ComboBox" },
 };
 
 int Scale(int units, int pixels, int base)

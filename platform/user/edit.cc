@@ -120,7 +120,9 @@ void ReplaceText(HWND edit, std::u16string_view text, std::size_t caret)
 LRESULT EditMessage(Window& edit, UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
-        case EM_LIMITTEXT: edit.As<EditState>()->limit = wParam == 0 ? GreatestLimit : wParam; return 0;
+        case EM_LIMITTEXT:
+            edit.As<EditState>()->limit = wParam == 0 ? GreatestLimit : wParam;
+            return 0;
         case EM_SETSEL: {
             // From -1 nothing is selected, up to -1 all that follows is.
             const auto from = static_cast<LPARAM>(wParam);
@@ -129,7 +131,8 @@ LRESULT EditMessage(Window& edit, UINT message, WPARAM wParam, LPARAM lParam)
                        from < 0 ? caret : static_cast<std::size_t>(lParam));
             return 1;
         }
-        default: return CommonMessage(edit, message, wParam, lParam);
+        default:
+            return CommonMessage(edit, message, wParam, lParam);
     }
 }
 

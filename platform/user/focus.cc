@@ -43,13 +43,16 @@ bool IsTabStop(const Window& control)
 bool TakesFocus(const Window& window)
 {
     switch (window.kind) {
-        case Kind::Button: return (window.style & BS_TYPEMASK) != BS_GROUPBOX;
+        case Kind::Button:
+            return (window.style & BS_TYPEMASK) != BS_GROUPBOX;
         case Kind::Edit:
         case Kind::ComboBox:
         case Kind::ListBox:
         case Kind::ListView:
-        case Kind::TreeView: return true;
-        default: return false;
+        case Kind::TreeView:
+            return true;
+        default:
+            return false;
     }
 }
 

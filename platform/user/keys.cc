@@ -34,7 +34,7 @@ const Window* FocusIn(HWND dialog)
 {
     const Window* focus = Find(FocusWindow());
     return focus && IsControl(*focus) && focus->parent == dialog && Reachable(focus->handle) == Outcome::Done ? focus
-                                                                                                               : nullptr;
+                                                                                                              : nullptr;
 }
 
 Outcome Enter(HWND top, HWND dialog)
@@ -115,7 +115,8 @@ Outcome Arrow(HWND dialog, Key key)
         return std::clamp(selection < 0 ? 0 : selection + (back ? -1 : 1), std::min(0, last), last);
     };
     switch (focus->kind) {
-        case Kind::Edit: return ArrowInEdit(*focus, key);
+        case Kind::Edit:
+            return ArrowInEdit(*focus, key);
         case Kind::ComboBox:
         case Kind::ListBox: {
             const ListState& state = *focus->As<ListState>();
@@ -137,7 +138,8 @@ Outcome Arrow(HWND dialog, Key key)
             if (const Window* reached = FocusIn(dialog); reached && IsRadioButton(*reached)) PressControl(neighbour);
             return Outcome::Done;
         }
-        default: return Outcome::Unsuited;
+        default:
+            return Outcome::Unsuited;
     }
 }
 
@@ -170,18 +172,24 @@ Outcome Press(HWND top, Key key)
     };
     switch (key) {
         case Key::Tab:
-        case Key::BackTab: Tab(top, dialog, key == Key::BackTab); return paint(Outcome::Done);
-        case Key::Enter: return paint(Enter(top, dialog));
-        case Key::Escape: return paint(Escape(top, dialog));
+        case Key::BackTab:
+            Tab(top, dialog, key == Key::BackTab);
+            return paint(Outcome::Done);
+        case Key::Enter:
+            return paint(Enter(top, dialog));
+        case Key::Escape:
+            return paint(Escape(top, dialog));
         case Key::F1: {
             const Window* focus = FocusIn(dialog);
             return focus ? ContextHelp(focus->handle) : Outcome::Unsuited;
         }
-        case Key::Space: return paint(Space(dialog));
+        case Key::Space:
+            return paint(Space(dialog));
         case Key::Up:
         case Key::Down:
         case Key::Left:
-        case Key::Right: return paint(Arrow(dialog, key));
+        case Key::Right:
+            return paint(Arrow(dialog, key));
     }
     return Outcome::Unsuited;
 }

@@ -15,17 +15,17 @@ struct MessageRow {
     Operation operation;
 };
 constexpr MessageRow Messages[] = {
-    {CB_ADDSTRING, LB_ADDSTRING, Operation::Add},
-    {CB_INSERTSTRING, LB_INSERTSTRING, Operation::Insert},
-    {CB_DELETESTRING, LB_DELETESTRING, Operation::Delete},
-    {CB_RESETCONTENT, LB_RESETCONTENT, Operation::Reset},
-    {CB_SETCURSEL, LB_SETCURSEL, Operation::Select},
-    {CB_GETCURSEL, LB_GETCURSEL, Operation::Selection},
-    {CB_GETLBTEXT, LB_GETTEXT, Operation::Text},
-    {CB_GETLBTEXTLEN, LB_GETTEXTLEN, Operation::TextLength},
-    {CB_GETCOUNT, LB_GETCOUNT, Operation::Count},
-    {CB_GETITEMDATA, LB_GETITEMDATA, Operation::Data},
-    {CB_SETITEMDATA, LB_SETITEMDATA, Operation::SetData},
+    {CB_ADDSTRING,    LB_ADDSTRING,    Operation::Add       },
+    {CB_INSERTSTRING, LB_INSERTSTRING, Operation::Insert    },
+    {CB_DELETESTRING, LB_DELETESTRING, Operation::Delete    },
+    {CB_RESETCONTENT, LB_RESETCONTENT, Operation::Reset     },
+    {CB_SETCURSEL,    LB_SETCURSEL,    Operation::Select    },
+    {CB_GETCURSEL,    LB_GETCURSEL,    Operation::Selection },
+    {CB_GETLBTEXT,    LB_GETTEXT,      Operation::Text      },
+    {CB_GETLBTEXTLEN, LB_GETTEXTLEN,   Operation::TextLength},
+    {CB_GETCOUNT,     LB_GETCOUNT,     Operation::Count     },
+    {CB_GETITEMDATA,  LB_GETITEMDATA,  Operation::Data      },
+    {CB_SETITEMDATA,  LB_SETITEMDATA,  Operation::SetData   },
 };
 static_assert(CB_ERR == LB_ERR);
 
@@ -42,7 +42,8 @@ void ShowSelection(Window& list)
 {
     const ListState& state = *list.As<ListState>();
     if (list.kind == Kind::ComboBox)
-        list.text = state.selection < 0 ? std::u16string() : state.items[static_cast<std::size_t>(state.selection)].text;
+        list.text =
+            state.selection < 0 ? std::u16string() : state.items[static_cast<std::size_t>(state.selection)].text;
     Touch(list);
 }
 
@@ -99,25 +100,32 @@ LRESULT ListMessage(Window& list, UINT message, WPARAM wParam, LPARAM lParam)
     const WPARAM row = static_cast<std::int32_t>(wParam) == -1 ? static_cast<WPARAM>(-1) : wParam;
     const bool there = row < state.items.size();
     switch (found->operation) {
-        case Operation::Add: return text ? Add(list, text) : CB_ERR;
+        case Operation::Add:
+            return text ? Add(list, text) : CB_ERR;
         case Operation::Insert:
             if (!text || (row != static_cast<WPARAM>(-1) && row > state.items.size())) return CB_ERR;
             return Insert(list, row == static_cast<WPARAM>(-1) ? state.items.size() : row, text, 0);
-        case Operation::Delete: return there ? Delete(list, row) : CB_ERR;
+        case Operation::Delete:
+            return there ? Delete(list, row) : CB_ERR;
         case Operation::Reset:
             state.items.clear();
             state.selection = -1;
             ShowSelection(list);
             return 0;
-        case Operation::Select: return Select(list, row);
-        case Operation::Selection: return state.selection;
+        case Operation::Select:
+            return Select(list, row);
+        case Operation::Selection:
+            return state.selection;
         case Operation::Text:
             return there && lParam ? CopyText(state.items[row].text, reinterpret_cast<WCHAR*>(lParam),
                                               state.items[row].text.size() + 1)
                                    : CB_ERR;
-        case Operation::TextLength: return there ? static_cast<LRESULT>(state.items[row].text.size()) : CB_ERR;
-        case Operation::Count: return static_cast<LRESULT>(state.items.size());
-        case Operation::Data: return there ? state.items[row].data : CB_ERR;
+        case Operation::TextLength:
+            return there ? static_cast<LRESULT>(state.items[row].text.size()) : CB_ERR;
+        case Operation::Count:
+            return static_cast<LRESULT>(state.items.size());
+        case Operation::Data:
+            return there ? state.items[row].data : CB_ERR;
         case Operation::SetData:
             if (!there) return CB_ERR;
             state.items[row].data = lParam;

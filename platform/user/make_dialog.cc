@@ -1,6 +1,7 @@
 // Makes dialogs and their controls from templates.
 #include <algorithm>
 
+#include "platform/kernel/last_error.h"
 #include "platform/kernel/modules.h"
 #include "platform/seams/desktop.h"
 #include "platform/seams/environment.h"
@@ -20,14 +21,14 @@ struct ClassRow {
     Kind kind;
 };
 constexpr ClassRow Classes[] = {
-    {u"Button", Kind::Button},
-    {u"Edit", Kind::Edit},
-    {u"Static", Kind::Static},
-    {u"ListBox", Kind::ListBox},
-    {u"ComboBox", Kind::ComboBox},
-    {u"SysListView32", Kind::ListView},
-    {u"msctls_updown32", Kind::UpDown},
-    {u"SysTreeView32", Kind::TreeView},
+    {u"Button",          Kind::Button  },
+    {u"Edit",            Kind::Edit    },
+    {u"Static",          Kind::Static  },
+    {u"ListBox",         Kind::ListBox },
+    {u"ComboBox",        Kind::ComboBox},
+    {u"SysListView32",   Kind::ListView},
+    {u"msctls_updown32", Kind::UpDown  },
+    {u"SysTreeView32",   Kind::TreeView},
 };
 
 bool SameName(std::u16string_view a, std::u16string_view b)
@@ -45,17 +46,34 @@ const ClassRow* ClassOf(std::u16string_view name)
 void GiveState(Node& control, const ControlTemplate& layout)
 {
     switch (control.kind) {
-        case Kind::Button: control.state = ButtonState{}; break;
-        case Kind::Static: control.state = StaticState{layout.resource}; break;
-        case Kind::Edit: control.state = EditState{}; break;
-        case Kind::ComboBox: control.text.clear(); [[fallthrough]];
-        case Kind::ListBox: control.state = ListState{}; break;
-        case Kind::UpDown: control.state = UpDownState{}; break;
-        case Kind::ListView: control.state = ListViewState{}; break;
-        case Kind::TreeView: control.state = TreeState{}; break;
+        case Kind::Button:
+            control.state = ButtonState{};
+            break;
+        case Kind::Static:
+            control.state = StaticState{layout.resource};
+            break;
+        case Kind::Edit:
+            control.state = EditState{};
+            break;
+        case Kind::ComboBox:
+            control.text.clear();
+            [[fallthrough]];
+        case Kind::ListBox:
+            control.state = ListState{};
+            break;
+        case Kind::UpDown:
+            control.state = UpDownState{};
+            break;
+        case Kind::ListView:
+            control.state = ListViewState{};
+            break;
+        case Kind::TreeView:
+            control.state = TreeState{};
+            break;
         case Kind::Dialog:
         case Kind::Sheet:
-        case Kind::Owner: break;
+        case Kind::Owner:
+            break;
     }
     // An icon gives its control its own size, whatever the template says.
     if (control.kind == Kind::Static && (control.style & SS_TYPEMASK) == SS_ICON &&
@@ -87,12 +105,12 @@ HWND MakeDialog(const DialogPlan& plan, const DialogTemplate& layout)
 {
     for (const ControlTemplate& control : layout.controls)
         if (!ClassOf(control.className)) {
-            SetLastError(ERROR_CANNOT_FIND_WND_CLASS);
+            SetError(ERROR_CANNOT_FIND_WND_CLASS);
             return nullptr;
         }
 
     Node* sheet = NodeOf(plan.parent);
-    if (sheet && sheet->kind != Kind::Sheet) sheet = nullptr;
+    if (sheet && (sheet->kind != Kind::Sheet || plan.modal)) sheet = nullptr;
     const auto dialog = AddNode(Kind::Dialog, u"#32770", sheet ? plan.parent : TopLevelOf(plan.parent));
     const HWND handle = dialog->handle;
     dialog->text = layout.title;
@@ -125,12 +143,12 @@ HWND MakeDialog(const DialogPlan& plan)
 {
     const auto bytes = modules::Resource(plan.module, modules::DialogResource, plan.templateNumber);
     if (bytes.empty()) {
-        SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
+        SetError(ERROR_RESOURCE_NAME_NOT_FOUND);
         return nullptr;
     }
     const auto layout = ParseDialogTemplate(bytes, nullptr);
     if (!layout) {
-        SetLastError(ERROR_INVALID_PARAMETER);
+        SetError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
     return MakeDialog(plan, *layout);

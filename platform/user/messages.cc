@@ -26,17 +26,24 @@ LRESULT Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     if (!node) return 0;
     if (node->handler) return node->handler(window, message, wParam, lParam);
     switch (node->kind) {
-        case Kind::Dialog: return DialogMessage(*node, message, wParam, lParam);
-        case Kind::Button: return ButtonMessage(*node, message, wParam, lParam);
-        case Kind::Edit: return EditMessage(*node, message, wParam, lParam);
+        case Kind::Dialog:
+            return DialogMessage(*node, message, wParam, lParam);
+        case Kind::Button:
+            return ButtonMessage(*node, message, wParam, lParam);
+        case Kind::Edit:
+            return EditMessage(*node, message, wParam, lParam);
         case Kind::ComboBox:
-        case Kind::ListBox: return ListMessage(*node, message, wParam, lParam);
-        case Kind::UpDown: return UpDownMessage(*node, message, wParam, lParam);
-        case Kind::ListView: return ListViewMessage(*node, message, wParam, lParam);
+        case Kind::ListBox:
+            return ListMessage(*node, message, wParam, lParam);
+        case Kind::UpDown:
+            return UpDownMessage(*node, message, wParam, lParam);
+        case Kind::ListView:
+            return ListViewMessage(*node, message, wParam, lParam);
         case Kind::Static:
         case Kind::TreeView:
         case Kind::Sheet:
-        case Kind::Owner: break;
+        case Kind::Owner:
+            break;
     }
     return CommonMessage(*node, message, wParam, lParam);
 }
@@ -72,13 +79,16 @@ LRESULT CommonMessage(Window& window, UINT message, WPARAM wParam, LPARAM lParam
             SetText(window.handle, text ? std::u16string(text) : std::u16string());
             return TRUE;
         }
-        case WM_GETTEXT: return CopyText(window.text, reinterpret_cast<WCHAR*>(lParam), wParam);
-        case WM_GETTEXTLENGTH: return static_cast<LRESULT>(window.text.size());
+        case WM_GETTEXT:
+            return CopyText(window.text, reinterpret_cast<WCHAR*>(lParam), wParam);
+        case WM_GETTEXTLENGTH:
+            return static_cast<LRESULT>(window.text.size());
         case WM_SETREDRAW:
             window.redraw = wParam != 0;
             if (window.redraw) Changed(window.handle);
             return 0;
-        default: return 0;
+        default:
+            return 0;
     }
 }
 

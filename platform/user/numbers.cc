@@ -11,7 +11,7 @@ std::optional<std::int64_t> ParseNumber(std::u16string_view text, bool isSigned)
     if (negative) text.remove_prefix(1);
     if (text.empty()) return std::nullopt;
 
-    const std::int64_t greatest = !isSigned ? std::numeric_limits<UINT>::max()
+    const std::int64_t greatest = !isSigned  ? std::numeric_limits<UINT>::max()
                                   : negative ? std::int64_t{std::numeric_limits<INT>::max()} + 1
                                              : std::numeric_limits<INT>::max();
     std::int64_t value = 0;

@@ -1,6 +1,7 @@
 // Painting: what is invalid, and in which order it is drawn. The drawing of plain controls but the pictures
 // of statics is the desktop's.
 #include <algorithm>
+#include <utility>
 
 #include "platform/gdi/paint.h"
 #include "platform/seams/surface.h"

@@ -40,8 +40,9 @@ bool IsControl(const Window& window)
 bool IsPage(const Window& window)
 {
     if (window.kind != Kind::Dialog) return false;
+    const DialogState* state = window.As<DialogState>();
     const Window* parent = Find(window.parent);
-    return parent && parent->kind == Kind::Sheet;
+    return parent && parent->kind == Kind::Sheet && state && !state->modal;
 }
 
 const Window* Find(HWND window) { return NodeOf(window); }

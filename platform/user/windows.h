@@ -40,6 +40,7 @@ struct DialogPlan {
     HWND parent = nullptr;
     DLGPROC procedure = nullptr;
     LPARAM parameter = 0;
+    bool modal = false;  // a dialog of its own, also when the parent is a sheet
 };
 QD_API HWND MakeDialog(const DialogPlan& plan);
 // The same from a template in memory, for dialogs of the layer's own.
@@ -80,8 +81,8 @@ QD_API bool RunModal(HWND top);
 QD_API bool End(HWND dialog, INT_PTR result);
 
 // Stands while something else than a window of the layer is on top (message box, file dialog): takes the
-// focus away and paints what is pending; afterwards gives the focus back without a notice and invalidates
-// the dialog that was covered.
+// focus away and paints what is pending; afterwards gives the focus back without a notice. What was covered
+// keeps its picture.
 class QD_API Covered {
   public:
     Covered();
