@@ -1,0 +1,8 @@
+// Brings a printer's watermarks into memory and into the control that offers them.
+#pragma once
+
+#include "platform/types.h"
+
+// For the Setup page (its combo box of watermarks) or for the Watermark dialog (its list box): builds the list,
+// fills the control and selects the job's watermark. 1, or 0 without memory.
+int LoadWatermarks(HWND dialog, bool forSetupPage);
