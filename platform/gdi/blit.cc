@@ -1,7 +1,7 @@
 #include "platform/gdi/blit.h"
 
 #include "platform/gdi/drawing.h"
-#include "platform/kernel.h"
+#include "platform/kernel/last_error.h"
 
 namespace platform::gdi {
 
@@ -19,7 +19,7 @@ Block ToDevice(const Mapping& mapping, const Block& block)
 bool TransferBlock(Context& target, const Block& to, const Context& source, const Block& from, DWORD operation)
 {
     if (source.kind != ContextKind::Memory || !IsTransferOperation(operation)) {
-        SetLastError(ERROR_NOT_SUPPORTED);
+        SetError(ERROR_NOT_SUPPORTED);
         return false;
     }
     const Block targetBlock = ToDevice(target.mapping, to), sourceBlock = ToDevice(source.mapping, from);
@@ -30,7 +30,7 @@ bool TransferBlock(Context& target, const Block& to, const Context& source, cons
         return true;
     }
     if (operation != SRCCOPY) {
-        SetLastError(ERROR_NOT_SUPPORTED);
+        SetError(ERROR_NOT_SUPPORTED);
         return false;
     }
     OnSurface(target, [&](Surface& surface, POINT offset) {
@@ -43,7 +43,7 @@ bool TransferBlock(Context& target, const Block& to, const Context& source, cons
 COLORREF PixelAt(const Context& context, POINT at)
 {
     if (context.kind != ContextKind::Memory) {
-        SetLastError(ERROR_NOT_SUPPORTED);
+        SetError(ERROR_NOT_SUPPORTED);
         return CLR_INVALID;
     }
     const Bitmap& bitmap = *context.bitmap->As<Bitmap>();

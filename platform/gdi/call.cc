@@ -42,8 +42,6 @@ HDC Call::Made(HDC context)
     return context;
 }
 
-bool Call::Fails() const { return CurrentEnvironment().faults.Fails(function_); }
-
 void Call::Trace(TraceValue result)
 {
     traced_->result = std::move(result);

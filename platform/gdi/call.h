@@ -12,7 +12,7 @@
 
 #include "platform/gdi/context.h"
 #include "platform/gdi/trace_values.h"
-#include "platform/kernel.h"
+#include "platform/kernel/last_error.h"
 
 namespace platform::gdi {
 
@@ -42,9 +42,7 @@ class Call {
     R Run(R failing, Work work, Shown shown)
     {
         R result = failing;
-        if (Fails()) {
-            SetLastError(std::is_pointer_v<R> ? ERROR_NOT_ENOUGH_MEMORY : ERROR_GEN_FAILURE);
-        } else {
+        if (!Fault(function_, std::is_pointer_v<R> ? ERROR_NOT_ENOUGH_MEMORY : ERROR_GEN_FAILURE)) {
             try {
                 if constexpr (std::is_invocable_v<Work, Context&>) {
                     if (Context* context = FindContext(context_)) result = static_cast<R>(work(*context));
@@ -52,9 +50,9 @@ class Call {
                     result = static_cast<R>(work());
                 }
             } catch (const std::bad_alloc&) {
-                SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+                SetError(ERROR_NOT_ENOUGH_MEMORY);
             } catch (const std::exception&) {
-                SetLastError(ERROR_GEN_FAILURE);
+                SetError(ERROR_GEN_FAILURE);
             }
         }
         if (traced_) Trace(shown(result));
@@ -67,7 +65,6 @@ class Call {
     }
 
   private:
-    bool Fails() const;
     void Trace(TraceValue result);
 
     std::lock_guard<std::recursive_mutex> lock_;

@@ -3,7 +3,7 @@
 #include <map>
 
 #include "platform/gdi/window_area.h"
-#include "platform/kernel.h"
+#include "platform/kernel/last_error.h"
 #include "platform/user/windows.h"
 
 namespace platform::gdi {
@@ -41,7 +41,7 @@ HGDIOBJ Exchange(std::shared_ptr<Object>& held, std::shared_ptr<Object> object)
 
 HGDIOBJ Refused(DWORD error)
 {
-    SetLastError(error);
+    SetError(error);
     return nullptr;
 }
 
@@ -82,14 +82,14 @@ Context* PeekContext(HDC handle)
 Context* FindContext(HDC handle)
 {
     Context* context = PeekContext(handle);
-    if (context == nullptr) SetLastError(ERROR_INVALID_HANDLE);
+    if (context == nullptr) SetError(ERROR_INVALID_HANDLE);
     return context;
 }
 
 bool RemoveContext(HDC handle)
 {
     if (All().table.erase(handle) > 0) return true;
-    SetLastError(ERROR_INVALID_HANDLE);
+    SetError(ERROR_INVALID_HANDLE);
     return false;
 }
 
@@ -100,7 +100,7 @@ HDC OpenContext(HWND window)
     if (window == nullptr) return AddContext(std::make_unique<Context>(ContextKind::Screen, Device{}));
     const auto control = ControlNumber(window);
     if (!control) {
-        SetLastError(ERROR_INVALID_WINDOW_HANDLE);
+        SetError(ERROR_INVALID_WINDOW_HANDLE);
         return nullptr;
     }
     auto context = std::make_unique<Context>(ContextKind::Window, Device{});
@@ -114,7 +114,7 @@ bool CloseContext(HDC handle)
     const Context* context = FindContext(handle);
     if (context == nullptr) return false;
     if (context->kind != ContextKind::Window && context->kind != ContextKind::Screen) {
-        SetLastError(ERROR_INVALID_HANDLE);
+        SetError(ERROR_INVALID_HANDLE);
         return false;
     }
     const HWND changed = context->drawn ? context->window : nullptr;

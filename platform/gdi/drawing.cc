@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/gdi/window_area.h"
-#include "platform/kernel.h"
+#include "platform/kernel/last_error.h"
 
 namespace platform::gdi {
 
@@ -47,7 +47,7 @@ std::optional<PenSpec> GapsOf(const Context& context, const PenSpec& pen)
 
 bool NotSupported()
 {
-    SetLastError(ERROR_NOT_SUPPORTED);
+    SetError(ERROR_NOT_SUPPORTED);
     return false;
 }
 
@@ -134,7 +134,7 @@ bool DrawRectangle(Context& context, const RECT& box)
 bool DrawPolygon(Context& context, std::span<const POINT> points)
 {
     if (points.size() < 2) {
-        SetLastError(ERROR_INVALID_PARAMETER);
+        SetError(ERROR_INVALID_PARAMETER);
         return false;
     }
     if (!NotOnMemory(context)) return false;

@@ -5,6 +5,7 @@
 #include "platform/gdi/objects.h"
 
 using namespace platform::gdi;
+using platform::SetError;
 using platform::TraceValue;
 
 namespace {
@@ -12,7 +13,7 @@ namespace {
 template <class Handle>
 Handle Invalid()
 {
-    SetLastError(ERROR_INVALID_PARAMETER);
+    SetError(ERROR_INVALID_PARAMETER);
     return nullptr;
 }
 
@@ -39,7 +40,7 @@ HBITMAP MakeBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const 
     if (width < 0 || height < 0 || planes != 1 || (bitsPerPixel != 1 && bitsPerPixel != 32)) return Invalid<HBITMAP>();
     if (width == 0 || height == 0) return static_cast<HBITMAP>(DefaultBitmap()->handle);
     if (std::int64_t{width} * height > MostPixels) {
-        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        SetError(ERROR_NOT_ENOUGH_MEMORY);
         return nullptr;
     }
     Bitmap bitmap(width, height, static_cast<int>(bitsPerPixel));
@@ -58,7 +59,7 @@ int Describe(Bitmap& bitmap, int bytes, void* description)
 {
     if (description == nullptr) return sizeof(BITMAP);
     if (bytes < static_cast<int>(sizeof(BITMAP))) {
-        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        SetError(ERROR_INSUFFICIENT_BUFFER);
         return 0;
     }
     BITMAP told{};
@@ -76,7 +77,7 @@ int Describe(const Font& font, int bytes, void* description)
     if (description == nullptr) return sizeof(LOGFONTW);
     const int count = std::min<int>(bytes, sizeof(LOGFONTW));
     if (count <= 0) {
-        SetLastError(ERROR_INSUFFICIENT_BUFFER);
+        SetError(ERROR_INSUFFICIENT_BUFFER);
         return 0;
     }
     std::memcpy(description, &font.description, static_cast<std::size_t>(count));
@@ -153,7 +154,7 @@ int GetObjectW(HGDIOBJ object, int bytes, void* description)
         if (!found) return 0;
         if (Bitmap* bitmap = found->As<Bitmap>()) return Describe(*bitmap, bytes, description);
         if (const Font* font = found->As<Font>()) return Describe(*font, bytes, description);
-        SetLastError(ERROR_NOT_SUPPORTED);
+        SetError(ERROR_NOT_SUPPORTED);
         return 0;
     };
     const auto shown = [&](int result) {

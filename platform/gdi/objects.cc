@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "platform/gdi/job.h"
-#include "platform/kernel.h"
+#include "platform/kernel/last_error.h"
 
 namespace platform::gdi {
 
@@ -131,7 +131,7 @@ std::shared_ptr<Object> PeekObject(HGDIOBJ handle) { return Objects().Find(handl
 std::shared_ptr<Object> FindObject(HGDIOBJ handle)
 {
     auto object = Objects().Find(handle);
-    if (!object) SetLastError(ERROR_INVALID_HANDLE);
+    if (!object) SetError(ERROR_INVALID_HANDLE);
     return object;
 }
 
@@ -140,7 +140,7 @@ T* FindAs(HGDIOBJ handle)
 {
     const auto object = Objects().Find(handle);
     T* value = object ? object->As<T>() : nullptr;
-    if (value == nullptr) SetLastError(ERROR_INVALID_HANDLE);
+    if (value == nullptr) SetError(ERROR_INVALID_HANDLE);
     return value;
 }
 
@@ -164,7 +164,7 @@ bool RemoveObject(HGDIOBJ handle)
     if (!object) return false;
     if (object->permanent) return true;
     if (object->selections > 0) {
-        SetLastError(ERROR_BUSY);
+        SetError(ERROR_BUSY);
         return false;
     }
     Objects().Remove(handle);

@@ -80,9 +80,8 @@ void PaintStatic(HWND control)
     if (owner == nullptr || shown == nullptr || shown->resource == 0) return;
     const auto image = ImageOf(owner->module, type, shown->resource);
     if (!image) return;
-    picture.SetClip(box);
+    // Whole, also where the template's units leave the control a pixel too small.
     picture.Image({box.left, box.top, box.left + image->width, box.top + image->height}, *image);
-    picture.SetClip(std::nullopt);
 }
 
 }  // namespace platform::gdi

@@ -5,12 +5,13 @@
 #include "platform/gdi/text.h"
 
 using namespace platform::gdi;
+using platform::SetError;
 
 namespace {
 
 bool Valid(bool valid)
 {
-    if (!valid) SetLastError(ERROR_INVALID_PARAMETER);
+    if (!valid) SetError(ERROR_INVALID_PARAMETER);
     return valid;
 }
 
@@ -99,7 +100,7 @@ BOOL ExtTextOutW(HDC context, int x, int y, UINT options, const RECT* rectangle,
     return call.Run(FALSE, [&](Context& c) {
         if (!Valid(text != nullptr || length == 0)) return false;
         if (advances != nullptr && length > 0) {
-            SetLastError(ERROR_NOT_SUPPORTED);
+            SetError(ERROR_NOT_SUPPORTED);
             return false;
         }
         return DrawTextAt(c, {x, y}, options, rectangle, View(text, length));

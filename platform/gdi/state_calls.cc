@@ -2,6 +2,7 @@
 #include "platform/gdi/call.h"
 
 using namespace platform::gdi;
+using platform::SetError;
 using platform::TraceValue;
 
 namespace {
@@ -14,7 +15,7 @@ T Exchanged(T& held, T value)
 
 bool Valid(bool valid)
 {
-    if (!valid) SetLastError(ERROR_INVALID_PARAMETER);
+    if (!valid) SetError(ERROR_INVALID_PARAMETER);
     return valid;
 }
 
@@ -39,7 +40,7 @@ BOOL DeleteDC(HDC context)
     return Call("DeleteDC", context).Run(FALSE, [&](Context& c) {
         // What is lent by a window or a job is given back another way.
         if (c.kind == ContextKind::Memory) return RemoveContext(context);
-        SetLastError(ERROR_INVALID_HANDLE);
+        SetError(ERROR_INVALID_HANDLE);
         return false;
     });
 }

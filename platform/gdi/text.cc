@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "platform/gdi/drawing.h"
-#include "platform/kernel.h"
+#include "platform/kernel/last_error.h"
 #include "platform/seams/environment.h"
 #include "platform/seams/fonts.h"
 
@@ -66,7 +66,7 @@ bool MeasureText(const Context& context, std::u16string_view text, SIZE* extent)
 {
     FontService* fonts = CurrentEnvironment().fonts.get();
     if (fonts == nullptr) {
-        SetLastError(ERROR_GEN_FAILURE);
+        SetError(ERROR_GEN_FAILURE);
         return false;
     }
     *extent = fonts->Extent(context.font->As<Font>()->description, text);
@@ -77,7 +77,7 @@ int EnumerateFonts(const WCHAR* face, FONTENUMPROCW callback, LPARAM parameter)
 {
     const std::shared_ptr<FontService> fonts = CurrentEnvironment().fonts;
     if (!fonts || callback == nullptr) {
-        SetLastError(callback == nullptr ? ERROR_INVALID_PARAMETER : ERROR_GEN_FAILURE);
+        SetError(callback == nullptr ? ERROR_INVALID_PARAMETER : ERROR_GEN_FAILURE);
         return 0;
     }
     int result = 1;

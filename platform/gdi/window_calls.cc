@@ -4,10 +4,11 @@
 #include "platform/gdi/pictures.h"
 #include "platform/gdi/system_colors.h"
 #include "platform/gdi/window_area.h"
-#include "platform/seams/environment.h"
+#include "platform/kernel/last_error.h"
 #include "platform/user.h"
 
 using namespace platform::gdi;
+using platform::SetError;
 
 namespace {
 
@@ -16,7 +17,7 @@ std::optional<int> NumberOf(const WCHAR* name)
 {
     const auto value = reinterpret_cast<std::uintptr_t>(name);
     if (value != 0 && value <= 0xFFFF) return static_cast<int>(value);
-    SetLastError(ERROR_RESOURCE_NAME_NOT_FOUND);
+    SetError(ERROR_RESOURCE_NAME_NOT_FOUND);
     return std::nullopt;
 }
 
@@ -41,7 +42,7 @@ BOOL GetClientRect(HWND window, RECT* rectangle)
     const auto work = [&] {
         const auto client = ClientRectangle(window);
         if (!client || rectangle == nullptr) {
-            SetLastError(rectangle == nullptr ? ERROR_INVALID_PARAMETER : ERROR_INVALID_WINDOW_HANDLE);
+            SetError(rectangle == nullptr ? ERROR_INVALID_PARAMETER : ERROR_INVALID_WINDOW_HANDLE);
             return FALSE;
         }
         *rectangle = *client;
@@ -50,16 +51,13 @@ BOOL GetClientRect(HWND window, RECT* rectangle)
     return Call("GetClientRect").On(window).Run(FALSE, work, OutputOr(FALSE, rectangle));
 }
 
-DWORD GetSysColor(int index)
-{
-    return platform::CurrentEnvironment().faults.Fails("GetSysColor") ? 0 : SystemColor(index);
-}
+DWORD GetSysColor(int index) { return platform::Fault("GetSysColor", ERROR_GEN_FAILURE) ? 0 : SystemColor(index); }
 
 int FillRect(HDC context, const RECT* rectangle, HBRUSH brush)
 {
     return Call("FillRect", context).With(rectangle, brush).Run(0, [&](Context& c) {
         if (rectangle == nullptr) {
-            SetLastError(ERROR_INVALID_PARAMETER);
+            SetError(ERROR_INVALID_PARAMETER);
             return false;
         }
         const Brush* filling = FindAs<Brush>(brush);
@@ -69,8 +67,9 @@ int FillRect(HDC context, const RECT* rectangle, HBRUSH brush)
 
 BOOL CopyRect(RECT* target, const RECT* source)
 {
-    if (platform::CurrentEnvironment().faults.Fails("CopyRect") || target == nullptr || source == nullptr) {
-        SetLastError(ERROR_INVALID_PARAMETER);
+    if (platform::Fault("CopyRect", ERROR_GEN_FAILURE)) return FALSE;
+    if (target == nullptr || source == nullptr) {
+        SetError(ERROR_INVALID_PARAMETER);
         return FALSE;
     }
     *target = *source;

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <memory>
 
+#include "platform/seams/desktop.h"
 #include "platform/seams/environment.h"
 #include "platform/user/windows.h"
 

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "platform/controls/property_sheet.h"
+#include "platform/kernel.h"
 #include "platform/kernel/unicode.h"
 #include "platform/seams/environment.h"
 #include "platform/services/option_pages.h"
