@@ -10,6 +10,7 @@
 #include "platform/kernel/modules.h"
 
 namespace platform::gdi {
+
 namespace {
 
 constexpr std::uintptr_t IconTag = 3;
