@@ -21,7 +21,15 @@ TEST(CustomPaperUnits, SixteenthsRoundToTheNearestAndTiesGoUp)
 {
     const struct {
         int hundredths, sixteenths;
-    } rows[] = {{3, 0}, {4, 1}, {9, 1}, {10, 2}, {96, 15}, {97, 16}, {99, 16}};
+    } rows[] = {
+        {3,  0 },
+        {4,  1 },
+        {9,  1 },
+        {10, 2 },
+        {96, 15},
+        {97, 16},
+        {99, 16}
+    };
     for (const auto& row : rows) EXPECT_EQ(HundredthsToSixteenths(row.hundredths), row.sixteenths) << row.hundredths;
 }
 
@@ -30,7 +38,12 @@ TEST(CustomPaperUnits, LimitsOfOneUnitAreThoseOfTheOther)
     const struct {
         InchLength inches;
         int tenths;
-    } rows[] = {{{300, 0}, 760}, {{800, 8}, 2160}, {{500, 0}, 1270}, {{1400, 0}, 3560}};
+    } rows[] = {
+        {{300, 0},  760 },
+        {{800, 8},  2160},
+        {{500, 0},  1270},
+        {{1400, 0}, 3560}
+    };
     for (const auto& row : rows) {
         EXPECT_EQ(InchesFromTenths(row.tenths), row.inches) << row.tenths;
         EXPECT_EQ(TenthsFromInches(row.inches), row.tenths);

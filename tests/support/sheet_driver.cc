@@ -26,8 +26,6 @@ namespace {
 namespace user = platform::user;
 using user::Outcome;
 
-constexpr DWORD PageHasTitle = 0x8;
-
 INT_PTR ElsewhereProcedure(HWND, UINT, WPARAM, LPARAM) { return FALSE; }
 
 const char* OutcomeText(Outcome outcome)
@@ -63,7 +61,7 @@ LONG RunDocumentSheet(PROPSHEETUI_INFO* info, LPARAM lParam)
     if (starts) {
         PROPSHEETPAGEW page{};
         page.dwSize = sizeof page;
-        page.dwFlags = PageHasTitle;
+        page.dwFlags = PSP_USETITLE;
         page.hInstance = ModuleHandle;
         page.pszTemplate = ResourceName(IDD_QUALITY);
         page.pszTitle = ElsewherePage;
@@ -190,6 +188,8 @@ TestMachine::~TestMachine()
     environment.desktop = nullptr;
     environment.trace = nullptr;
 }
+
+HMODULE TestMachine::Module() const { return ResourceHandle; }
 
 Sheet::Sheet(Prepare prepare)
 {
@@ -387,6 +387,13 @@ std::u16string Sheet::Text(int control)
         if (const user::Window* window = user::Find(user::Control(page, control))) text = window->text;
     });
     return text;
+}
+
+HWND Sheet::Handle(int control)
+{
+    HWND handle = nullptr;
+    Step([&](HWND, HWND page) { handle = user::Control(page, control); });
+    return handle;
 }
 
 int Sheet::Changes()

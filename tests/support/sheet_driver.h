@@ -88,6 +88,7 @@ class TestMachine {
     SteppedDesktop& Desktop() { return *desktop_; }
     TraceLines& Trace() { return *trace_; }
     platform::MemoryStore& Store() { return *store_; }
+    HMODULE Module() const;  // the library, where the resources are
 
   private:
     std::shared_ptr<platform::MemoryStore> store_;
@@ -127,6 +128,7 @@ class Sheet {
     bool Enabled(int control);
     bool Checked(int control);
     std::u16string Text(int control);
+    HWND Handle(int control);
     int Changes();  // words that an option has changed
     bool ApplyEnabled();
 

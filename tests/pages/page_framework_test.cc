@@ -1,0 +1,92 @@
+// The helpers that pages share.
+#include "pages/page_framework.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/seams/environment.h"
+#include "platform/user/window.h"
+#include "resources/control_numbers.h"
+#include "tests/support/sheet_driver.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing_support::Sheet;
+using testing_support::TestMachine;
+
+// Runs on the page's own thread.
+void OnPage(Sheet& sheet, const std::function<void(HWND page)>& work)
+{
+    sheet.Try([&](HWND page) {
+        work(page);
+        return platform::user::Outcome::Done;
+    });
+}
+
+TEST(FillCombo, ReplacesTheRowsAndReadsTheOptionWithoutSelecting)
+{
+    Sheet sheet([](DriverDevMode& record) { record.dmTonerDensity = 5; });
+    sheet.Page(u"Quality");
+    WORD value = 0;
+    OnPage(sheet, [&](HWND page) {
+        FillComboFromStrings(page, IDC_SMOOTHTONE, IDS_MEMORY_FIRST, IDS_MEMORY_LAST, TonerDensityOption, &value);
+    });
+    EXPECT_THAT(sheet.Items(IDC_SMOOTHTONE), ElementsAre(u"16", u"144"));
+    EXPECT_THAT(sheet.ItemData(IDC_SMOOTHTONE), ElementsAre(0, 1));
+    EXPECT_EQ(sheet.Selection(IDC_SMOOTHTONE), -1);
+    EXPECT_EQ(value, 5);
+}
+
+TEST(FillCombo, AnUnknownGroupLeavesTheBufferAsItWas)
+{
+    Sheet sheet;
+    sheet.Page(u"Quality");
+    WORD value = 4711;
+    OnPage(sheet, [&](HWND page) {
+        FillComboFromStrings(page, IDC_SMOOTHTONE, IDS_DUPLEX_FIRST, IDS_DUPLEX_LONG_EDGE, {1305, 1302}, &value);
+    });
+    EXPECT_THAT(sheet.Items(IDC_SMOOTHTONE), ElementsAre(u"Off", u"Short Edge Binding", u"Long Edge Binding"));
+    EXPECT_EQ(value, 4711);
+}
+
+TEST(FillCombo, ARunWithoutStringsEmptiesTheList)
+{
+    Sheet sheet;
+    sheet.Page(u"Quality");
+    WORD value = 0;
+    OnPage(sheet, [&](HWND page) {
+        FillComboFromStrings(page, IDC_SMOOTHTONE, IDS_MEMORY_LAST, IDS_MEMORY_FIRST, SmoothtoneOption, &value);
+    });
+    EXPECT_TRUE(sheet.Items(IDC_SMOOTHTONE).empty());
+    EXPECT_EQ(value, 2);
+}
+
+TEST(FillCombo, AStringThatCannotBeLoadedIsAnEmptyRow)
+{
+    Sheet sheet;
+    platform::CurrentEnvironment().faults.Add("LoadStringW", 2, false);
+    sheet.Page(u"Quality");
+    EXPECT_THAT(sheet.Items(IDC_RESOLUTION), ElementsAre(u"600 x 600", u"", u"1200 x 1200"));
+}
+
+TEST(LoadResString, ATextHoldsUntilTheNextOnItsSlot)
+{
+    const TestMachine machine;
+    const std::u16string_view first = LoadResString(IDS_UNIT_MM, 0);
+    const std::u16string_view other = LoadResString(IDS_UNIT_INCH, 1);
+    EXPECT_EQ(first, u"mm");
+    EXPECT_EQ(other, u"inch");
+    const WCHAR* second = LoadResString(IDS_UNIT_INCH, 0);
+    EXPECT_EQ(second, first.data());
+    EXPECT_EQ(first, u"in");
+}
+
+TEST(LoadResString, AMissingStringIsEmpty)
+{
+    const TestMachine machine;
+    LoadResString(IDS_UNIT_MM, 2);
+    EXPECT_EQ(std::u16string_view(LoadResString(3, 2)), u"");
+}
+
+}  // namespace
