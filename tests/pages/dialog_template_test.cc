@@ -179,11 +179,13 @@ TEST(DialogTemplates, StartEveryRadioRunWithAGroup)
         const ControlTemplate* before = nullptr;
         for (const ControlTemplate& control : layout.controls) {
             const bool runs = before && IsRadio(*before);
-            if (IsRadio(control) && !runs)
+            if (IsRadio(control) && !runs) {
                 EXPECT_EQ(control.style & (WS_GROUP | WS_TABSTOP), WS_GROUP | WS_TABSTOP)
                     << number << ": " << NameOf(control);
-            if (!IsRadio(control) && runs && TakesFocus(control))
+            }
+            if (!IsRadio(control) && runs && TakesFocus(control)) {
                 EXPECT_TRUE(control.style & WS_GROUP) << number << ": " << NameOf(control) << " joins the radio run";
+            }
             before = &control;
         }
     }
@@ -211,13 +213,17 @@ TEST(DialogTemplates, PutTheLeftPanelAtTheSamePlaceOnEveryPage)
           IDC_DEVICE_PRINTER_FIGURE} },
     };
     // The frame is as large as the printer figure, so that the figure is not distorted.
-    const RECT places[] = {
-        {11, 11,  168, 343},
-        {41, 304, 138, 327},
-        {21, 33,  158, 193},
-        {24, 36,  155, 190},
-        {27, 210, 153, 226},
-        {27, 236, 153, 252}
+    struct Place {
+        int left, top, width, height;
+        bool operator==(const Place&) const = default;
+    };
+    const Place places[] = {
+        {11, 11,  158, 332},
+        {41, 304, 98,  23 },
+        {21, 33,  137, 161},
+        {24, 36,  131, 154},
+        {27, 210, 126, 16 },
+        {27, 236, 126, 16 }
     };
     for (const Dialog& dialog : Dialogs()) {
         for (const PanelNumbers& page : pages) {
@@ -229,10 +235,8 @@ TEST(DialogTemplates, PutTheLeftPanelAtTheSamePlaceOnEveryPage)
                 for (const ControlTemplate& control : dialog.layout.controls) {
                     if (control.id != page.controls[i]) continue;
                     found = true;
-                    EXPECT_EQ(control.rect.left, places[i].left) << NameOf(control);
-                    EXPECT_EQ(control.rect.top, places[i].top) << NameOf(control);
-                    EXPECT_EQ(control.rect.right, places[i].right) << NameOf(control);
-                    EXPECT_EQ(control.rect.bottom, places[i].bottom) << NameOf(control);
+                    const auto [left, top, right, bottom] = control.rect;
+                    EXPECT_EQ((Place{left, top, right - left, bottom - top}), places[i]) << NameOf(control);
                 }
                 EXPECT_TRUE(found) << page.controls[i];
             }

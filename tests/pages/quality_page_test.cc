@@ -2,6 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
+
+#include "platform/controls.h"
 #include "resources/control_numbers.h"
 #include "tests/support/sheet_driver.h"
 

@@ -43,14 +43,20 @@ std::string TraceText(const TraceValue& value)
             [](const TraceValue::Binary& binary) { return std::to_string(binary.bytes.size()) + " bytes"; },
             [](const TraceValue::Array& values) {
                 std::string text;
-                for (const TraceValue& one : values) text += (text.empty() ? "" : ",") + TraceText(one);
+                for (const TraceValue& one : values) {
+                    if (!text.empty()) text += ',';
+                    text += TraceText(one);
+                }
                 return '[' + text + ']';
             },
             [](const TraceValue::Object& values) {
                 std::string text;
                 for (const auto& [name, one] : values) {
                     if (name == "bits") continue;  // the pixels of a bitmap
-                    text += (text.empty() ? "" : ",") + name + ":" + TraceText(one);
+                    if (!text.empty()) text += ',';
+                    text += name;
+                    text += ':';
+                    text += TraceText(one);
                 }
                 return '{' + text + '}';
             },
