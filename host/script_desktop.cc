@@ -71,7 +71,7 @@ int RowOf(HWND list, const std::u16string& text)
     return static_cast<int>(std::ranges::find(state->items, text, &user::ListItem::text) - state->items.begin());
 }
 
-Outcome ShowPage(HWND top, const std::u16string& title)
+Outcome ShowTitled(HWND top, const std::u16string& title)
 {
     const user::SheetState* sheet = SheetOf(top);
     if (!sheet) return Outcome::Absent;
@@ -80,7 +80,7 @@ Outcome ShowPage(HWND top, const std::u16string& title)
     return user::ShowPage(top, static_cast<int>(page - sheet->pages.begin()));
 }
 
-Outcome PressButton(HWND top, SheetButton button)
+Outcome PressOn(HWND top, SheetButton button)
 {
     if (SheetOf(top)) return user::PressButton(top, button);
     switch (button) {
@@ -96,7 +96,7 @@ Outcome PressButton(HWND top, SheetButton button)
     return Outcome::Absent;
 }
 
-Outcome Spin(HWND upDown, bool up, int times)
+Outcome SpinOften(HWND upDown, bool up, int times)
 {
     for (int i = 0; i < times; ++i) {
         if (const Outcome outcome = user::Spin(upDown, up); outcome != Outcome::Done) return outcome;
@@ -196,11 +196,11 @@ Outcome ScriptDesktop::Do(const Step& step)
     if (!top) return Outcome::Absent;
     switch (step.kind) {
         case StepKind::Page:
-            return ShowPage(top, *step.text);
+            return ShowTitled(top, *step.text);
         case StepKind::Key:
             return user::Press(top, step.key);
         case StepKind::SheetButton:
-            return PressButton(top, step.button);
+            return PressOn(top, step.button);
         case StepKind::Dump:
             Print("dump", Dump(top));
             return Outcome::Done;
@@ -230,7 +230,7 @@ Outcome ScriptDesktop::DoOnControl(const Step& step)
         case StepKind::Paste:
             return user::Paste(control, *step.text);
         case StepKind::Spin:
-            return Spin(control, step.up, step.number);
+            return SpinOften(control, step.up, step.number);
         default:
             return user::Focus(control);
     }

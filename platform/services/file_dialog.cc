@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/kernel/last_error.h"
 #include "platform/kernel/unicode.h"
 #include "platform/seams/environment.h"
 #include "platform/services.h"
@@ -222,13 +223,13 @@ extern "C" {
 
 BOOL GetOpenFileNameW(OPENFILENAMEW* dialog)
 {
-    if (platform::CurrentEnvironment().faults.Fails("GetOpenFileNameW")) return FALSE;
+    if (platform::Fault("GetOpenFileNameW", ERROR_NOT_ENOUGH_MEMORY)) return FALSE;
     return platform::services::Run(dialog, false);
 }
 
 BOOL GetSaveFileNameW(OPENFILENAMEW* dialog)
 {
-    if (platform::CurrentEnvironment().faults.Fails("GetSaveFileNameW")) return FALSE;
+    if (platform::Fault("GetSaveFileNameW", ERROR_NOT_ENOUGH_MEMORY)) return FALSE;
     return platform::services::Run(dialog, true);
 }
 

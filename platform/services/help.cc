@@ -1,4 +1,5 @@
 // The help service: which topic of which file a window asks for.
+#include "platform/kernel/last_error.h"
 #include "platform/seams/desktop.h"
 #include "platform/seams/environment.h"
 #include "platform/services.h"
@@ -32,7 +33,7 @@ DWORD ContextOf(HWND control, const HelpPair* table)
 extern "C" BOOL WinHelpW(HWND window, const WCHAR* file, UINT command, ULONG_PTR data)
 {
     platform::Environment& environment = platform::CurrentEnvironment();
-    if (environment.faults.Fails("WinHelpW") || !environment.desktop || !file) return FALSE;
+    if (platform::Fault("WinHelpW", ERROR_NOT_ENOUGH_MEMORY) || !environment.desktop || !file) return FALSE;
     const DWORD context =
         command == HELP_WM_HELP
             ? platform::services::ContextOf(window, reinterpret_cast<const platform::services::HelpPair*>(data))

@@ -81,7 +81,7 @@ void Call(const COMPROPSHEETUI& sheet, HWND page, WORD reason, OPTITEM* item)
     sheet.pfnCallBack(&params);
 }
 
-// Thousandths and ten-thousandths as a person reads them: 10000 is 1.0000.
+// As a person reads it: 10000 is 1.0000.
 std::u16string Fraction(WORD tenThousandths)
 {
     const std::string digits = std::to_string(10000 + tenThousandths % 10000).substr(1);

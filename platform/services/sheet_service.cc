@@ -2,10 +2,10 @@
 
 #include <map>
 #include <memory>
+#include <utility>
 
 #include "platform/controls/property_sheet.h"
-#include "platform/kernel.h"
-#include "platform/kernel/unicode.h"
+#include "platform/kernel/last_error.h"
 #include "platform/seams/environment.h"
 #include "platform/services/option_pages.h"
 #include "platform/user/windows.h"
@@ -24,6 +24,7 @@ struct Run {
 
 thread_local std::map<std::uintptr_t, Run*> runs;
 thread_local std::uintptr_t lastHandle = 0;
+thread_local std::optional<LONG> lastOutcome;
 
 class RegisteredRun : public Run {
   public:
@@ -78,6 +79,7 @@ std::u16string Title(PFNPROPSHEETUI function, PROPSHEETUI_INFO& info)
 
 LONG RunCommonSheet(HWND owner, PFNPROPSHEETUI function, LPARAM lParam, DWORD* result)
 {
+    lastOutcome = Failed;
     if (!function || !CurrentEnvironment().desktop) return Failed;
     RegisteredRun run;
     PROPSHEETUI_INFO info{};
@@ -107,8 +109,11 @@ LONG RunCommonSheet(HWND owner, PFNPROPSHEETUI function, LPARAM lParam, DWORD* r
     }
     info.Reason = PROPSHEETUI_REASON_DESTROY;
     function(&info, 0);
+    lastOutcome = outcome;
     return outcome < 0 ? Failed : 1;
 }
+
+std::optional<LONG> TakeSheetOutcome() { return std::exchange(lastOutcome, std::nullopt); }
 
 HWND MakeOwnerWindow()
 {
@@ -125,7 +130,7 @@ extern "C" {
 LONG_PTR pfnComPropSheet(HANDLE sheet, UINT function, LPARAM param1, LPARAM param2)
 {
     using namespace platform::services;
-    if (platform::CurrentEnvironment().faults.Fails("pfnComPropSheet")) return 0;
+    if (platform::Fault("pfnComPropSheet", ERROR_NOT_ENOUGH_MEMORY)) return 0;
     Run* run = FindRun(sheet);
     if (!run) return 0;
     switch (function) {
@@ -142,10 +147,7 @@ LONG_PTR pfnComPropSheet(HANDLE sheet, UINT function, LPARAM param1, LPARAM para
 
 LONG CommonPropertySheetUIW(HWND owner, PFNPROPSHEETUI function, LPARAM lParam, DWORD* result)
 {
-    if (platform::CurrentEnvironment().faults.Fails("CommonPropertySheetUIW")) {
-        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-        return -1;
-    }
+    if (platform::Fault("CommonPropertySheetUIW", ERROR_NOT_ENOUGH_MEMORY)) return -1;
     return platform::services::RunCommonSheet(owner, function, lParam, result);
 }
 

@@ -1,0 +1,119 @@
+#include "host/sheet_session.h"
+
+#include <CLI/CLI.hpp>
+
+#include "desktop/qt_desktop.h"
+#include "desktop/qt_runtime.h"
+#include "desktop/snapshot.h"
+#include "host/files.h"
+#include "host/trace_json.h"
+#include "platform/seams/environment.h"
+#include "platform/services/sheet_service.h"
+
+namespace host {
+
+namespace {
+
+constexpr std::size_t ScriptLimit = std::size_t{4} << 20;  // bytes
+
+class OwnerWindow {
+  public:
+    OwnerWindow() : window_(platform::services::MakeOwnerWindow()) {}
+    ~OwnerWindow() { platform::services::DestroyOwnerWindow(window_); }
+    OwnerWindow(const OwnerWindow&) = delete;
+    OwnerWindow& operator=(const OwnerWindow&) = delete;
+    HWND Handle() const { return window_; }
+
+  private:
+    HWND window_;
+};
+
+// Desktop and trace stay plugged in for one sheet.
+class Plugged {
+  public:
+    Plugged(std::shared_ptr<platform::Desktop> desktop, std::shared_ptr<platform::TraceSink> trace)
+    {
+        platform::CurrentEnvironment().desktop = std::move(desktop);
+        platform::CurrentEnvironment().trace = std::move(trace);
+    }
+    ~Plugged()
+    {
+        platform::CurrentEnvironment().desktop.reset();
+        platform::CurrentEnvironment().trace.reset();
+    }
+    Plugged(const Plugged&) = delete;
+    Plugged& operator=(const Plugged&) = delete;
+};
+
+std::vector<Step> ReadScript(const std::string& path)
+{
+    try {
+        return ParseScript(ReadTextFile(path, ScriptLimit));
+    } catch (const ScriptError& error) {
+        throw UsageError((path == "-" ? "standard input" : path) + ": " + error.what());
+    }
+}
+
+}  // namespace
+
+void SheetOptions::AddTo(CLI::App& command)
+{
+    command.add_option("--script", script, "Steps to play instead of opening windows; - is standard input")
+        ->type_name("FILE");
+    command.add_flag("--strict", strict, "End with status 3 at the first step of the script that is refused");
+    command.add_option("--trace", trace, "Write every drawing call of the module as a JSON line")->type_name("FILE");
+}
+
+SheetSession::SheetSession(Context& context, const SheetOptions& options) : context_(context), options_(options)
+{
+    if (options.strict && options.script.empty()) throw UsageError("--strict goes with --script FILE");
+    if (!options.script.empty()) {
+        steps_ = ReadScript(options.script);
+    } else if (!desktop::HasDisplay()) {
+        throw UsageError("there is no display to open the sheet on (DISPLAY, WAYLAND_DISPLAY); give --script FILE");
+    }
+}
+
+int SheetSession::Run(const char* entry, const Call& call, std::function<Json()> record)
+{
+    std::shared_ptr<TraceFile> trace;
+    if (!options_.trace.empty()) trace = std::make_shared<TraceFile>(options_.trace);
+    std::shared_ptr<ScriptDesktop> script;
+    if (!options_.script.empty()) {
+        script = std::make_shared<ScriptDesktop>(
+            steps_, ScriptLinks{[](const Json& line) { Print(line); }, std::move(record), WriteSnapshot},
+            options_.strict);
+    }
+    context_.PlugIn();
+    const Plugged plugged(script ? script : desktop::MakeQtDesktop(), trace);
+    const int status = RunWith(entry, call, script.get());
+    if (trace) trace->Check();
+    return status;
+}
+
+int SheetSession::RunWith(const char* entry, const Call& call, ScriptDesktop* script)
+{
+    const OwnerWindow owner;
+    platform::services::TakeSheetOutcome();
+    const LONG answer = call(owner.Handle());
+    const LONG outcome = platform::services::TakeSheetOutcome().value_or(-1);
+    if (script) {
+        script->PlayRest();
+        Print({
+            {"end", {{"result", answer}}}
+        });
+        if (!script->Trouble().empty()) throw Failure(script->Trouble());
+    }
+    if (answer < 0 || outcome < 0) {
+        throw Failure(std::string("the sheet could not be shown: ") + entry + " answered " + std::to_string(answer));
+    }
+    return outcome == CPSUI_OK ? Done : Cancelled;
+}
+
+void WriteSnapshot(HWND top, const std::string& file)
+{
+    std::string why;
+    if (!desktop::Snapshot(top, file, &why)) throw Failure("cannot write " + file + ": " + why);
+}
+
+}  // namespace host
