@@ -106,14 +106,11 @@ bool Activate(HWND sheet, const Frame& frame, int index)
 
 bool LeaveActivePage(HWND sheet) { return Tell(sheet, ActivePage(sheet), PSN_KILLACTIVE) == 0; }
 
+// The user has clicked another tab; whether there is one has been checked, and the focus has gone.
 Outcome ShowPage(HWND sheet, const Frame& frame, int index)
 {
     const user::SheetState* state = State(sheet);
-    if (!state) return Outcome::Absent;
-    if (index < 0 || index >= static_cast<int>(state->pages.size())) return Outcome::NoRow;
-    user::TakeFocus(sheet);
-    state = State(sheet);
-    if (!state || state->ended || state->active == index || !LeaveActivePage(sheet)) return Outcome::Done;
+    if (!state || state->ended || !LeaveActivePage(sheet)) return Outcome::Done;
     if (Activate(sheet, frame, index)) return Outcome::Done;
     Tell(sheet, ActivePage(sheet), PSN_SETACTIVE);
     return Outcome::Absent;
@@ -162,14 +159,10 @@ void Cancel(HWND sheet)
     End(sheet, CPSUI_CANCEL);
 }
 
+// The user has pressed an enabled button, by mouse or key; the focus is where that leaves it.
 Outcome Press(HWND sheet, Frame& frame, SheetButton button)
 {
     const user::SheetState* state = State(sheet);
-    if (!state) return Outcome::Absent;
-    if (button == SheetButton::Apply && !state->applyEnabled) return Outcome::Disabled;
-    if (button == SheetButton::Help && !state->helpEnabled) return Outcome::Disabled;
-    user::TakeFocus(sheet);
-    state = State(sheet);
     if (!state || state->ended) return Outcome::Done;
     switch (button) {
         case SheetButton::Ok:

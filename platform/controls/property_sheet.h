@@ -28,10 +28,10 @@ struct SheetPlan {
 // The page that the structure describes; its dialog gets the address of a copy of the structure with
 // WM_INITDIALOG, which lives as long as the plan and the sheets that are made from it. Absent when the structure
 // is too short or names no whole dialog template.
-std::optional<SheetPagePlan> PlanPage(const PROPSHEETPAGEW& page);
+QD_API std::optional<SheetPagePlan> PlanPage(const PROPSHEETPAGEW& page);
 
 // Brings the sheet up with its first page and returns CPSUI_OK or CPSUI_CANCEL when it has ended; below 0
 // when it cannot be brought up (no page, no desktop, a first page that cannot be made).
-LONG RunPropertySheet(const SheetPlan& plan);
+QD_API LONG RunPropertySheet(const SheetPlan& plan);
 
 }  // namespace platform::controls
