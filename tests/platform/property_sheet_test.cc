@@ -1,0 +1,270 @@
+#include "platform/controls/property_sheet.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "platform/seams/desktop.h"
+#include "platform/seams/environment.h"
+#include "platform/seams/surface.h"
+#include "platform/services.h"
+#include "platform/user/windows.h"
+
+namespace {
+
+using namespace platform;
+using testing::ElementsAre;
+using user::Outcome;
+using user::SheetButton;
+
+constexpr int FieldNumber = 7;
+
+// What the pages were told since the last look, as "A active"; and the pages that refuse.
+struct Journal {
+    std::vector<std::string> lines;
+    std::string refused;  // the line that a page refuses
+
+    std::vector<std::string> Take() { return std::exchange(lines, {}); }
+};
+Journal journal;
+
+const char* NameOf(UINT code)
+{
+    switch (code) {
+        case PSN_SETACTIVE:
+            return "active";
+        case PSN_KILLACTIVE:
+            return "leave";
+        case PSN_APPLY:
+            return "apply";
+        case PSN_RESET:
+            return "reset";
+        case PSN_HELP:
+            return "help";
+        case PSN_QUERYINITIALFOCUS:
+            return "focus";
+        default:
+            return "?";
+    }
+}
+
+// The page's parameter is its letter.
+INT_PTR PageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    user::DialogState* state = user::Get(page)->As<user::DialogState>();
+    if (message == WM_INITDIALOG) state->user = lParam;
+    const std::string letter(1, static_cast<char>(state->user));
+    if (message == WM_INITDIALOG) journal.lines.push_back(letter + " made");
+    if (message == WM_COMMAND && HighWord(wParam) == EN_KILLFOCUS) journal.lines.push_back(letter + " field left");
+    if (message != WM_NOTIFY) return FALSE;
+
+    const auto& notice = *reinterpret_cast<const PSHNOTIFY*>(lParam);
+    EXPECT_EQ(notice.hdr.hwndFrom, user::Find(page)->parent);
+    std::string line = letter + " " + NameOf(notice.hdr.code);
+    if (notice.hdr.code == PSN_APPLY) line += notice.lParam ? " ok" : " now";
+    journal.lines.push_back(line);
+    state->messageResult = line == journal.refused;
+    return TRUE;
+}
+
+controls::SheetPagePlan Page(char letter, bool help = false)
+{
+    user::DialogTemplate layout;
+    layout.title = {static_cast<char16_t>(letter)};
+    layout.width = layout.height = 100;
+    layout.controls.push_back({
+        u"Edit", u"", 0, FieldNumber, WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, RECT{10, 10, 60, 30}
+    });
+    return {layout.title, help, [=](HWND sheet) {
+                return user::MakeDialog({nullptr, 1, sheet, PageProc, letter}, layout);
+            }};
+}
+
+// Runs what a test does, on the first dialog that comes up, and then cancels.
+class ActingDesktop : public Desktop {
+  public:
+    explicit ActingDesktop(std::function<void(HWND)> act) : act_(std::move(act)) {}
+    void Opened(HWND) override { journal.lines.push_back("opened"); }
+    void Closed(HWND) override {}
+    void Run(HWND top) override { act_(top); }
+    void Changed(HWND) override {}
+    std::shared_ptr<Surface> MakePicture(HWND, int, int) override { return std::make_shared<RecordingSurface>(); }
+    int MessageBox(const MessageBoxRequest&) override { return IDCANCEL; }
+    std::optional<std::u16string> PickFile(const FileDialogRequest&) override { return std::nullopt; }
+    void Help(const HelpRequest&) override {}
+    void Beep(UINT) override {}
+
+  private:
+    std::function<void(HWND)> act_;
+};
+
+class PropertySheet : public testing::Test {
+  protected:
+    ~PropertySheet() override { CurrentEnvironment().desktop.reset(); }
+
+    LONG Run(std::vector<controls::SheetPagePlan> pages, std::function<void(HWND sheet)> act)
+    {
+        journal = {};
+        CurrentEnvironment().desktop = std::make_shared<ActingDesktop>(std::move(act));
+        const std::size_t before = user::WindowCount();
+        const LONG result = controls::RunPropertySheet({nullptr, u"Sheet", std::move(pages)});
+        EXPECT_EQ(user::WindowCount(), before);
+        return result;
+    }
+};
+
+const user::SheetState& StateOf(HWND sheet) { return *user::Find(sheet)->As<user::SheetState>(); }
+void SayChanged(HWND sheet, int page)
+{
+    user::Send(sheet, PSM_CHANGED, reinterpret_cast<WPARAM>(StateOf(sheet).pages[page].page), 0);
+}
+
+TEST_F(PropertySheet, MakesThePageAndThenActivatesItBeforeItOpens)
+{
+    Run({Page('A'), Page('B')},
+        [](HWND) { EXPECT_THAT(journal.Take(), ElementsAre("A made", "A active", "A focus", "opened")); });
+}
+
+TEST_F(PropertySheet, LeavesOnePageForTheOther)
+{
+    Run({Page('A'), Page('B')}, [](HWND sheet) {
+        journal.Take();
+        EXPECT_EQ(user::ShowPage(sheet, 1), Outcome::Done);
+        EXPECT_THAT(journal.Take(), ElementsAre("A field left", "A leave", "B made", "B active", "B focus"));
+        EXPECT_FALSE(user::Find(StateOf(sheet).pages[0].page)->visible);
+        EXPECT_TRUE(user::Find(StateOf(sheet).pages[1].page)->visible);
+    });
+}
+
+TEST_F(PropertySheet, MakesAPageOnlyOnce)
+{
+    Run({Page('A'), Page('B')}, [](HWND sheet) {
+        user::ShowPage(sheet, 1);
+        user::ShowPage(sheet, 0);
+        journal.Take();
+        user::ShowPage(sheet, 1);
+        EXPECT_THAT(journal.Take(), ElementsAre("A field left", "A leave", "B active", "B focus"));
+    });
+}
+
+TEST_F(PropertySheet, StaysOnAPageThatRefusesToBeLeft)
+{
+    Run({Page('A'), Page('B')}, [](HWND sheet) {
+        journal = {{}, "A leave"};
+        user::ShowPage(sheet, 1);
+        EXPECT_THAT(journal.Take(), ElementsAre("A field left", "A leave"));
+        user::PressButton(sheet, SheetButton::Ok);
+        EXPECT_THAT(journal.Take(), ElementsAre("A leave"));
+        EXPECT_EQ(StateOf(sheet).active, 0);
+        EXPECT_FALSE(user::Ended(sheet));
+    });
+}
+
+TEST_F(PropertySheet, GivesAPageTheFocusThatItHadBefore)
+{
+    Run({Page('A'), Page('B')}, [](HWND sheet) {
+        EXPECT_EQ(user::FocusWindow(), user::Control(StateOf(sheet).pages[0].page, FieldNumber));
+        user::ShowPage(sheet, 1);
+        EXPECT_EQ(user::FocusWindow(), user::Control(StateOf(sheet).pages[1].page, FieldNumber));
+    });
+}
+
+TEST_F(PropertySheet, OkAppliesThePagesThatExist)
+{
+    const LONG result = Run({Page('A'), Page('B'), Page('C')}, [](HWND sheet) {
+        user::ShowPage(sheet, 2);
+        journal.Take();
+        user::PressButton(sheet, SheetButton::Ok);
+        EXPECT_TRUE(user::Ended(sheet));
+    });
+    EXPECT_THAT(journal.Take(), ElementsAre("C field left", "C leave", "A apply ok", "C apply ok"));
+    EXPECT_EQ(result, CPSUI_OK);
+}
+
+TEST_F(PropertySheet, ApplyWaitsForAChangeAndActivatesThePageAgain)
+{
+    Run({Page('A'), Page('B')}, [](HWND sheet) {
+        EXPECT_EQ(user::PressButton(sheet, SheetButton::Apply), Outcome::Disabled);
+        SayChanged(sheet, 0);
+        journal.Take();
+        EXPECT_EQ(user::PressButton(sheet, SheetButton::Apply), Outcome::Done);
+        EXPECT_THAT(journal.Take(), ElementsAre("A field left", "A leave", "A apply now", "A active"));
+        EXPECT_FALSE(StateOf(sheet).applyEnabled);
+        EXPECT_EQ(StateOf(sheet).changes, 1);
+        EXPECT_FALSE(user::Ended(sheet));
+    });
+}
+
+TEST_F(PropertySheet, ApplyStaysEnabledWhileAnyPageIsChanged)
+{
+    Run({Page('A'), Page('B')}, [](HWND sheet) {
+        user::ShowPage(sheet, 1);
+        SayChanged(sheet, 0);
+        SayChanged(sheet, 1);
+        user::Send(sheet, PSM_UNCHANGED, reinterpret_cast<WPARAM>(StateOf(sheet).pages[0].page), 0);
+        EXPECT_TRUE(StateOf(sheet).applyEnabled);
+        user::Send(sheet, PSM_UNCHANGED, reinterpret_cast<WPARAM>(StateOf(sheet).pages[1].page), 0);
+        EXPECT_FALSE(StateOf(sheet).applyEnabled);
+        EXPECT_EQ(StateOf(sheet).changes, 2);
+    });
+}
+
+TEST_F(PropertySheet, ComesBackToThePageThatDoesNotAccept)
+{
+    Run({Page('A'), Page('B')}, [](HWND sheet) {
+        user::ShowPage(sheet, 1);
+        journal = {{}, "A apply ok"};
+        user::PressButton(sheet, SheetButton::Ok);
+        EXPECT_THAT(journal.Take(), ElementsAre("B field left", "B leave", "A apply ok", "A active", "A focus"));
+        EXPECT_EQ(StateOf(sheet).active, 0);
+        EXPECT_FALSE(user::Ended(sheet));
+    });
+}
+
+TEST_F(PropertySheet, CancelResetsThePagesThatExist)
+{
+    const LONG result = Run({Page('A'), Page('B'), Page('C')}, [](HWND sheet) {
+        user::ShowPage(sheet, 1);
+        SayChanged(sheet, 1);
+        user::PressButton(sheet, SheetButton::Apply);
+        journal.Take();
+        user::PressButton(sheet, SheetButton::Cancel);
+    });
+    EXPECT_THAT(journal.Take(), ElementsAre("A reset", "B reset"));
+    EXPECT_EQ(result, CPSUI_CANCEL);
+}
+
+TEST_F(PropertySheet, HelpGoesToTheActivePageThatHasIt)
+{
+    Run({Page('A', true), Page('B')}, [](HWND sheet) {
+        journal.Take();
+        EXPECT_EQ(user::PressButton(sheet, SheetButton::Help), Outcome::Done);
+        EXPECT_THAT(journal.Take(), ElementsAre("A field left", "A help"));
+        user::ShowPage(sheet, 1);
+        EXPECT_EQ(user::PressButton(sheet, SheetButton::Help), Outcome::Disabled);
+    });
+}
+
+TEST_F(PropertySheet, StaysWhereItIsWhenAPageCannotBeMade)
+{
+    controls::SheetPagePlan broken{u"B", false, [](HWND) -> HWND { return nullptr; }};
+    Run({Page('A'), broken}, [](HWND sheet) {
+        journal.Take();
+        EXPECT_EQ(user::ShowPage(sheet, 1), Outcome::Absent);
+        EXPECT_THAT(journal.Take(), ElementsAre("A field left", "A leave", "A active"));
+        EXPECT_EQ(StateOf(sheet).active, 0);
+    });
+}
+
+TEST_F(PropertySheet, DoesNotComeUpWithoutItsFirstPage)
+{
+    controls::SheetPagePlan broken{u"A", false, [](HWND) -> HWND { return nullptr; }};
+    EXPECT_LT(Run({broken, Page('B')}, [](HWND) { FAIL(); }), 0);
+    EXPECT_LT(Run({}, [](HWND) { FAIL(); }), 0);
+}
+
+TEST_F(PropertySheet, IsCancelledByItsCloseBox)
+{
+    EXPECT_EQ(Run({Page('A')}, [](HWND sheet) { user::Close(sheet); }), CPSUI_CANCEL);
+}
+
+}  // namespace
