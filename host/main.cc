@@ -16,6 +16,7 @@ constexpr AddCommand Commands[] = {
     host::AddPrinterCommand,
     host::AddRecordCommand,
     host::AddDocumentPropertiesCommand,
+    host::AddSheetCommand,
 };
 
 constexpr char About[] =
