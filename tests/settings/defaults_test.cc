@@ -1,0 +1,148 @@
+#include "settings/defaults.h"
+
+#include "settings/user_locale.h"
+#include "tests/support/machine.h"
+#include "tests/support/records.h"
+
+namespace {
+
+using namespace testing_support;
+
+DriverDevMode DefaultRecord(const WCHAR* device = nullptr)
+{
+    DriverDevMode record;
+    std::memset(static_cast<void*>(&record), 0xEE, sizeof record);
+    EXPECT_EQ(BuildDefaultSettings(&record, device, OfficePrinter, 0), 1);
+    return record;
+}
+
+struct Patch {
+    std::size_t offset;
+    std::vector<std::uint8_t> bytes;
+};
+
+TEST(Defaults, AreThisImageInTheUnitedStates)
+{
+    const Machine machine;
+    const std::vector<Patch> patches = {
+        {0,    {'Q', 0, 'd', 0}                                                                      },
+        {64,   {0x01, 0x04, 0x28, 0x01, 0xDC, 0x00, 0x5C, 0x06, 0x03, 0x4F, 0x00, 0x00}              },
+        {76,   {1, 0, 1, 0, 0xFE, 0, 0xFE, 0, 100, 0, 1, 0, 7, 0, 0x58, 0x02, 1, 0, 1, 0, 0, 0, 3, 0}},
+        {220,  {0x50, 0x52, 0x49, 0x56}                                                              },
+        {252,  {0x88, 0xEB, 0xD3, 0x01, 0, 0, 0, 0, 46, 0}                                           },
+        {266,  {100, 0}                                                                              },
+        {272,  {0x81, 0x03, 0xDC, 0x05}                                                              },
+        {278,  {1, 0}                                                                                },
+        {286,  {90, 0, 55, 0}                                                                        },
+        {700,  {1, 0, 0, 0}                                                                          },
+        {708,  {1, 2, 1, 2, 0x58, 0x02}                                                              },
+        {720,  {3, 0, 0x1B, 0x3A, 16, 0}                                                             },
+        {732,  {100, 0, 0xFF, 0x7F, 0, 1}                                                            },
+        {792,  {2, 0}                                                                                },
+        {796,  {'0', 0}                                                                              },
+        {1322, {'0', 0}                                                                              },
+    };
+    RecordImage image(1848);
+    for (const Patch& patch : patches) {
+        std::copy(patch.bytes.begin(), patch.bytes.end(), image.begin() + static_cast<std::ptrdiff_t>(patch.offset));
+    }
+
+    EXPECT_EQ(BytesOf(DefaultRecord(u"Qd")), image);
+}
+
+TEST(Defaults, CutALongDeviceName)
+{
+    const Machine machine;
+    const DriverDevMode record = DefaultRecord(u"0123456789012345678901234567890123456789");
+
+    EXPECT_EQ(std::u16string(record.dmDeviceName), u"0123456789012345678901234567890");
+}
+
+struct CountryRow {
+    int country;
+    bool usesA4;
+};
+constexpr CountryRow Countries[] = {
+    {1,   false},
+    {2,   false},
+    {3,   true },
+    {44,  true },
+    {49,  true },
+    {50,  false},
+    {52,  false},
+    {59,  false},
+    {60,  true },
+    {81,  true },
+    {499, true },
+    {500, false},
+    {599, false},
+    {600, true },
+};
+
+TEST(Defaults, TakeThePaperOfTheCountry)
+{
+    for (const CountryRow& row : Countries) {
+        const Machine machine(Machine::InCountry(row.country));
+        EXPECT_EQ(LocaleUsesA4(), row.usesA4) << row.country;
+        EXPECT_EQ(DefaultRecord().dmPaperSize, row.usesA4 ? 9 : 1) << row.country;
+    }
+}
+
+struct LocaleFault {
+    const char* function;
+    std::uint64_t call;
+};
+
+TEST(Defaults, AnUnreadableLocaleUsesLetter)
+{
+    constexpr LocaleFault faults[] = {
+        {"GetLocaleInfoW",         1},
+        {"GetLocaleInfoW",         2},
+        {"GlobalAlloc",            1},
+        {"GlobalAlloc",            2},
+        {"RtlUnicodeToMultiByteN", 1},
+    };
+    for (const LocaleFault& fault : faults) {
+        const Machine machine(Machine::InCountry(49));
+        Machine::Fail(fault.function, fault.call);
+        EXPECT_FALSE(LocaleUsesA4()) << fault.function << ' ' << fault.call;
+    }
+}
+
+struct Tray2Row {
+    std::vector<std::uint8_t> stored;
+    DWORD flags;
+};
+
+TEST(Defaults, FindTray2InThePrintersKey)
+{
+    const std::vector<Tray2Row> rows = {
+        {{'1', 0, 0, 0},         128},
+        {{'0', 0, 0, 0},         0  },
+        {{'1'},                  128},
+        {{'7', '5', '0', '1'},   128},
+        {{'-', '1', 0, 0},       128},
+        {{1, 0, 0, 0},           0  },
+        {{},                     0  },
+        {{'x', 0, '1', 0},       0  },
+        {{'1', 0, '2', 0, 0, 0}, 0  }, // does not fit: as if it were not there
+    };
+    for (const Tray2Row& row : rows) {
+        const Machine machine;
+        machine.store->SetKeyValue(platform::PrinterKeyPath(OfficePrinter), u"tray2", {1, row.stored});
+        EXPECT_EQ(DefaultRecord().dmDeviceFlags, row.flags) << testing::PrintToString(row.stored);
+    }
+}
+
+TEST(Defaults, MissTray2WithoutTheRightToTheKey)
+{
+    const Machine machine({}, {OfficePrinter, OfficeDriver, false});
+    machine.store->SetKeyValue(platform::PrinterKeyPath(OfficePrinter), u"tray2",
+                               {
+                                   1, {'1', 0, 0, 0}
+    });
+
+    EXPECT_EQ(DefaultRecord().dmDeviceFlags, 0u);
+}
+
+}  // namespace

@@ -1,0 +1,139 @@
+#include "settings/list_rows.h"
+
+#include "module.h"
+#include "tests/support/machine.h"
+#include "tests/support/records.h"
+
+namespace {
+
+using namespace testing_support;
+
+// The lists as the pages load them, with two custom sizes, and back to their start at the end.
+class ListRows : public testing::Test {
+  protected:
+    ListRows()
+    {
+        static const bool loaded = DllInitialize(LoadLibraryW(QD_MODULE_PATH), DLL_PROCESS_ATTACH, nullptr) != 0;
+        EXPECT_TRUE(loaded);
+        CurrentSettings = &record;
+        constexpr int bins[] = {7, 1, 2, 4};
+        for (int k = 0; k < 4; ++k) SourceRows[k].code = bins[k];
+        CustomHeadRow.code = 257;
+        CustomHeadRow.next = std::make_unique<PaperRow>();
+        PaperRowCount = 28;
+    }
+    ~ListRows() override
+    {
+        CurrentSettings = nullptr;
+        for (ListRow& row : SourceRows) row = {};
+        for (ListRow& row : MediaRows) row = {};
+        for (PaperRow& row : PaperRows) row = {};
+        PaperRowCount = 26;
+        SelectedMedia = 0;
+        MediaIndex = 0;
+        ListFilterMode = FilterBySource;
+    }
+    // The numbers of the enabled paper rows.
+    static std::vector<int> Enabled()
+    {
+        EXPECT_EQ(RefreshPaperRows(), 1);
+        std::vector<int> rows;
+        for (int k = 0; k < PaperRowCount; ++k) {
+            if (PaperRowAt(k)->enabled != 0) rows.push_back(k);
+        }
+        return rows;
+    }
+
+    DriverDevMode record = BusyRecord();
+};
+
+std::vector<int> AllRows()
+{
+    std::vector<int> rows;
+    for (int k = 0; k < 28; ++k) rows.push_back(k);
+    return rows;
+}
+
+TEST_F(ListRows, BySourceTray2TakesTheFirstFivePapers)
+{
+    record.dmDefaultSource = 2;
+    EXPECT_THAT(Enabled(), testing::ElementsAre(0, 1, 2, 3, 4));
+}
+
+TEST_F(ListRows, BySourceEveryOtherBinTakesAll)
+{
+    for (SHORT source : {7, 1, 4, 3, 99}) {
+        record.dmDefaultSource = source;
+        EXPECT_EQ(Enabled(), AllRows()) << source;
+    }
+}
+
+struct MediaRow {
+    SHORT media;
+    std::vector<int> enabled;
+};
+
+TEST_F(ListRows, ByMedia)
+{
+    const std::vector<int> plain = {0, 1, 2, 3, 4, 5, 6, 15, 16, 18, 19, 20, 21, 22, 23, 24, 26, 27};
+    const std::vector<MediaRow> rows = {
+        {0,  plain                                                    },
+        {1,  {0, 1}                                                   },
+        {2,  {7, 8, 9, 10, 11, 12, 13, 14}                            },
+        {3,  {17, 25}                                                 },
+        {4,  {0, 1, 2, 3, 4, 5, 6, 15, 16, 18, 19, 20, 21, 22, 23, 24}},
+        {5,  plain                                                    },
+        {-1, plain                                                    },
+    };
+    record.dmDefaultSource = 2;
+    for (int mode : {1, 2}) {
+        ListFilterMode = mode;
+        for (const MediaRow& row : rows) {
+            SelectedMedia = row.media;
+            EXPECT_EQ(Enabled(), row.enabled) << row.media;
+        }
+    }
+}
+
+TEST_F(ListRows, StopAtTheEndOfTheChain)
+{
+    PaperRowCount = 40;
+    record.dmDefaultSource = 7;
+    EXPECT_EQ(RefreshPaperRows(), 1);
+    EXPECT_NE(PaperRowAt(27)->enabled, 0u);
+    EXPECT_EQ(PaperRowAt(28), nullptr);
+    EXPECT_EQ(PaperRowAt(-1), nullptr);
+}
+
+TEST_F(ListRows, MediaAreLoadedWithNamesAndCodes)
+{
+    SelectedMedia = 3;
+    RefreshMediaRows();
+
+    std::vector<std::u16string> names;
+    for (const ListRow& row : MediaRows) names.push_back(row.name);
+    EXPECT_THAT(names, testing::ElementsAre(u"Plain Paper", u"Transparency", u"Envelope", u"Postcard", u"Thick Paper"));
+    EXPECT_EQ(MediaRows[4].code, 4);
+    EXPECT_EQ(MediaRows[4].position, 4);
+    EXPECT_EQ(MediaRows[4].enabled, 1u);
+    EXPECT_EQ(MediaIndex, 3);
+}
+
+TEST_F(ListRows, MediaWithANameKeepTheirPosition)
+{
+    RefreshMediaRows();
+    MediaRows[2].position = 9;
+    MediaRows[2].enabled = 0;
+    RefreshMediaRows();
+    EXPECT_EQ(MediaRows[2].position, 9);
+    EXPECT_EQ(MediaRows[2].enabled, 1u);
+}
+
+TEST_F(ListRows, ANameThatIsMissingIsEmpty)
+{
+    WCHAR name[RowNameChars] = u"before";
+    EXPECT_EQ(LoadRowName(65000, name), 1);
+    EXPECT_EQ(std::u16string(name), u"");
+}
+
+}  // namespace

@@ -1,0 +1,89 @@
+#include "settings/model_tables.h"
+
+#include "settings/lengths.h"
+
+namespace {
+
+struct MetricsRow {
+    int orientation, code;
+    PaperMetrics metrics;
+};
+
+TEST(PaperMetrics, AreThoseOfThePaperInItsOrientation)
+{
+    constexpr MetricsRow rows[] = {
+        {1, 1,   {2550, 3300, 2449, 3199, 50, 50, 0}  },
+        {2, 1,   {3300, 2550, 3199, 2449, 50, 50, 0}  },
+        {1, 9,   {2480, 3507, 2380, 3407, 50, 50, 2}  },
+        {0, 9,   {2480, 3507, 2380, 3407, 50, 50, 2}  },
+        {2, 223, {2362, 1748, 2262, 1648, 50, 50, 132}},
+        {1, 310, {2149, 3035, 2049, 2935, 50, 50, 11} },
+        {2, 100, {3300, 2550, 3199, 2449, 50, 50, 0}  }, // unknown: Letter
+        {1, 256, {2550, 3300, 2449, 3199, 50, 50, 0}  }, // no metrics of its own
+    };
+    for (const MetricsRow& row : rows) {
+        PaperMetrics metrics{};
+        EXPECT_EQ(PaperMetricsFor(&metrics, 0, row.orientation, row.code), 1);
+        EXPECT_EQ(std::memcmp(&metrics, &row.metrics, sizeof metrics), 0) << row.orientation << ' ' << row.code;
+    }
+}
+
+struct FitRow {
+    int bin, paper;
+    bool fits;
+};
+
+TEST(PaperFitsBin, AsTheMasksSay)
+{
+    constexpr FitRow rows[] = {
+        {2, 11,  false},
+        {1, 11,  true },
+        {2, 1,   true },
+        {2, 310, true },
+        {4, 223, true },
+        {2, 223, false},
+        {2, 256, false},
+        {1, 256, true },
+        {2, 257, false},
+        {7, 257, true },
+        {1, 306, true },
+        {4, 999, true },
+        {1, 100, false},
+        {7, 0,   false},
+        {7, 255, false},
+        {3, 9,   true }, // bin 3 counts as the first row
+    };
+    for (const FitRow& row : rows)
+        EXPECT_EQ(PaperFitsBin(0, row.bin, row.paper), row.fits) << row.bin << ' ' << row.paper;
+}
+
+TEST(BinEntryByCode, GivesTheFirstRowForAnUnknownCode)
+{
+    for (int code : {3, 5, 6, -1, 100}) EXPECT_EQ(BinEntryByCode(0, code).nameString, 4070u) << code;
+    EXPECT_EQ(BinEntryByCode(0, 4).nameString, 4073u);
+    EXPECT_EQ(BinMaskByCode(0, 2), 4);
+}
+
+TEST(Extents, AreTenthsOfAMillimetre)
+{
+    EXPECT_EQ(MinExtent(0), 1270u << 16 | 762u);
+    EXPECT_EQ(MaxExtent(0), 3556u << 16 | 2159u);
+}
+
+TEST(Lengths, Truncate)
+{
+    EXPECT_EQ(DotsToTenths(3807), 3223);
+    EXPECT_EQ(MillimetresToDots(216), 2551);
+    EXPECT_EQ(TenthsToDots(2100), 2480);
+    EXPECT_EQ(TenthsToDots(-1), -1);
+}
+
+TEST(MediaTable, PutsPostcardBeforeThickPaper)
+{
+    EXPECT_EQ(MediaTable[3].nameString, 4045u);
+    EXPECT_EQ(MediaTable[3].mask, 0x10u);
+    EXPECT_EQ(MediaTable[4].nameString, 4044u);
+    EXPECT_EQ(MediaTable[4].mask, 8u);
+}
+
+}  // namespace

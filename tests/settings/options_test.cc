@@ -1,0 +1,259 @@
+#include "settings/options.h"
+
+#include "settings/list_rows.h"
+#include "tests/support/machine.h"
+#include "tests/support/records.h"
+
+namespace {
+
+using namespace testing_support;
+
+// The record that options reach, for as long as the object lives.
+class Options : public testing::Test {
+  protected:
+    Options() { CurrentSettings = &record; }
+    ~Options() override { CurrentSettings = nullptr; }
+    DriverDevMode record = BusyRecord();
+};
+
+using Buffer = std::vector<std::uint8_t>;
+
+Buffer Read(int group, int key, std::size_t bytes)
+{
+    Buffer buffer(bytes, 0xEE);
+    EXPECT_EQ(GetOption(group, key, buffer.data()), 1);
+    return buffer;
+}
+
+struct PlainRow {
+    int group, key;
+    const char* field;
+    Buffer read;  // from a record with 0x81 in the field's bytes; 0xEE is untouched
+};
+
+TEST_F(Options, AreReadAs16BitsAndWrittenInTheFieldsWidth)
+{
+    const Buffer byte = {0x81, 0, 0xEE}, word = {0x81, 0x81, 0xEE};
+    const std::vector<PlainRow> rows = {
+        {1031, 1022, "dmTonerSave",       byte},
+        {1031, 1026, "dmSmoothtone",      byte},
+        {1031, 1030, "dmAllRaster",       byte},
+        {1031, 1032, "dmGraphicsMode",    byte},
+        {1031, 1035, "dmTextMode",        byte},
+        {1031, 1062, "dmTonerDensity",    word},
+        {1031, 2073, "dmPrinterTrueType", byte},
+        {1031, 2109, "dmFixedResolution", word},
+        {1033, 1155, "dmTotalMemory",     word},
+        {3013, 1067, "dmPreviewMode",     word},
+        {3013, 1089, "dmOrientation",     word},
+        {3013, 1093, "dmDefaultSource",   word},
+        {3013, 1095, "dmMediaIndex",      word},
+        {3013, 1097, "dmZoom",            word},
+        {3013, 1100, "dmCopies",          word},
+        {3013, 1103, "dmCollateMode",     word},
+        {3013, 1213, "dmProofPrint",      word},
+        {3013, 9505, "dmImageShiftOn",    word},
+        {3013, 9507, "dmImageRotated",    word},
+    };
+    for (const PlainRow& row : rows) {
+        record = BusyRecord();
+        const RecordField& field = FieldOf(row.field);
+        RecordImage expected = BytesOf(record);
+        std::fill_n(expected.begin() + static_cast<std::ptrdiff_t>(field.offset), field.width, 0x81);
+        const std::uint8_t in[] = {0x81, 0x81};
+        EXPECT_EQ(SetOption(row.group, row.key, in), 1);
+        EXPECT_EQ(BytesOf(record), expected) << row.field;
+        EXPECT_EQ(Read(row.group, row.key, 3), row.read) << row.field;
+    }
+}
+
+struct ResolutionRow {
+    SHORT choice, resolution, quality;
+};
+
+TEST_F(Options, ResolutionTellsTheTwoModesOf600Apart)
+{
+    constexpr ResolutionRow rows[] = {
+        {600,  600,  600 },
+        {2,    600,  600 },
+        {1200, 1200, 1200}
+    };
+    for (const ResolutionRow& row : rows) {
+        SetOption(ResolutionOption, row.choice);
+        EXPECT_EQ(record.dmResolutionChoice, row.choice);
+        EXPECT_EQ(record.dmResolution, row.resolution);
+        EXPECT_EQ(record.dmPrintQuality, row.quality);
+        EXPECT_EQ(GetOption<SHORT>(ResolutionOption), row.choice);
+    }
+}
+
+TEST_F(Options, ResolutionGoesByTheQualityWhereThatIsNot600)
+{
+    record.dmPrintQuality = 300;
+    record.dmResolutionChoice = 2;
+    EXPECT_EQ(GetOption<SHORT>(ResolutionOption), 300);
+}
+
+// Writes 0x01, 0x02, ... and expects them at the offsets; 0 is a spare byte.
+struct PayloadRow {
+    int group, key;
+    std::size_t bytes;
+    std::vector<std::pair<std::size_t, std::size_t>> places;  // of the record, of the buffer
+    std::vector<std::size_t> spare;
+};
+
+TEST_F(Options, StructuredOnesStandFieldByFieldInTheirBuffer)
+{
+    const std::vector<PayloadRow> rows = {
+        {1032,
+         1014,       14,
+         {{276, 0},
+          {278, 2},
+          {279, 3},
+          {280, 4},
+          {281, 5},
+          {282, 6},
+          {284, 8},
+          {286, 10},
+          {287, 11},
+          {288, 12},
+          {289, 13}},
+         {1, 7, 9}                                                    },
+        {1032, 1017, 4,  {{692, 0}, {693, 1}, {694, 2}, {695, 3}}, {} },
+        {3013, 1017, 4,  {{692, 0}, {693, 1}, {694, 2}, {695, 3}}, {} },
+        {3013, 1087, 4,  {{262, 0}, {268, 2}, {269, 3}},           {1}},
+    };
+    for (const PayloadRow& row : rows) {
+        record = BusyRecord();
+        RecordImage expected = BytesOf(record);
+        Buffer in(row.bytes), out(row.bytes);
+        for (std::size_t k = 0; k < in.size(); ++k) in[k] = out[k] = static_cast<std::uint8_t>(k + 1);
+        for (const auto& [offset, place] : row.places) expected[offset] = in[place];
+        for (std::size_t place : row.spare) out[place] = 0xEE;
+        SetOption(row.group, row.key, in.data());
+        EXPECT_EQ(BytesOf(record), expected) << row.group << ' ' << row.key;
+        EXPECT_EQ(Read(row.group, row.key, row.bytes), out) << row.group << ' ' << row.key;
+    }
+}
+
+TEST_F(Options, WatermarkIsItsSwitchAndTheWholeRecord)
+{
+    WatermarkPayload payload{};
+    payload.on = 0x01020304;
+    std::memset(static_cast<void*>(&payload.watermark), 0x5C, sizeof payload.watermark);
+    SetOption(WatermarkOption, payload);
+
+    EXPECT_EQ(record.dmWatermarkOn, 0x01020304u);
+    EXPECT_EQ(BytesOf(record.dmWatermark), RecordImage(396, 0x5C));
+    EXPECT_EQ(record.dmImageShiftX, 10);
+    EXPECT_EQ(BytesOf(GetOption<WatermarkPayload>(WatermarkOption)), BytesOf(payload));
+}
+
+TEST_F(Options, DuplexIsReadSignExtendedAndWrittenFromItsLowHalf)
+{
+    SetOption(DuplexOption, DuplexPayload{0x0001FFFE, 3, 9, 0x00010001});
+    EXPECT_EQ(record.dmDuplexOn, -2);
+    EXPECT_EQ(record.dmDuplexBinding, 3);
+    EXPECT_EQ(record.dmBookletPaper, 9);
+    EXPECT_EQ(record.dmGuidePaper, 0x00010001u);
+    EXPECT_EQ(GetOption<DuplexPayload>(DuplexOption).on, -2);
+    EXPECT_EQ(GetOption<DuplexPayload>(DuplexOption).guidePaper, 0x00010001u);
+}
+
+TEST_F(Options, Tray2CanBeSetAndNotCleared)
+{
+    record.dmDeviceFlags = 0x7F;
+    SetOption(Tray2Option, DWORD{0xFFFFFFFF});
+    EXPECT_EQ(record.dmDeviceFlags, 0xFFu);
+    EXPECT_EQ(GetOption<DWORD>(Tray2Option), 0x80u);
+    SetOption(Tray2Option, DWORD{0});
+    EXPECT_EQ(record.dmDeviceFlags, 0xFFu);
+}
+
+TEST_F(Options, PaperIsWrittenToThePrivateSizeToo)
+{
+    SetOption(PaperOption, PaperPayload{300, 900, 800});
+    EXPECT_EQ(record.dmPaperSize, 300);
+    EXPECT_EQ(record.dmPaperLength, 900);
+    EXPECT_EQ(record.dmPaperWidth, 800);
+    EXPECT_EQ(record.dmPaperLengthPriv, 900);
+    EXPECT_EQ(record.dmPaperWidthPriv, 800);
+}
+
+struct PaperRead {
+    SHORT code;
+    PaperPayload read;
+    int country;
+};
+
+// From a record with length 254 and width 254.
+TEST_F(Options, PaperIsReadWithTheSizeOfABuiltInCode)
+{
+    constexpr PaperRead rows[] = {
+        {9,   {9, 3507, 2480},   1  },
+        {1,   {1, 3300, 2550},   49 },
+        {223, {223, 2362, 1748}, 1  },
+        {256, {256, 254, 254},   1  },
+        {300, {300, 254, 254},   1  },
+        {310, {310, 254, 254},   1  },
+        {0,   {1, 3300, 2550},   1  },
+        {100, {1, 3300, 2550},   1  },
+        {-3,  {1, 3300, 2550},   599},
+        {0,   {9, 3507, 2480},   49 },
+        {100, {9, 3507, 2480},   81 },
+    };
+    for (const PaperRead& row : rows) {
+        const Machine machine(Machine::InCountry(row.country));
+        record.dmPaperSize = row.code;
+        record.dmPaperLength = record.dmPaperWidth = 254;
+        const auto read = GetOption<PaperPayload>(PaperOption);
+        EXPECT_EQ(read.code, row.read.code) << row.code;
+        EXPECT_EQ(read.length, row.read.length) << row.code;
+        EXPECT_EQ(read.width, row.read.width) << row.code;
+        EXPECT_EQ(record.dmPaperSize, row.read.code) << row.code;
+        EXPECT_EQ(record.dmPaperLength, row.read.length) << row.code;
+        EXPECT_EQ(record.dmPaperWidth, row.read.width) << row.code;
+    }
+}
+
+TEST_F(Options, PaperSizeDotsPacksWidthBelowLength) { EXPECT_EQ(PaperSizeDots(9), 3507u << 16 | 2480u); }
+
+TEST_F(Options, ANewSourceFiltersThePapers)
+{
+    SourceRows[2].code = 2;
+    ListFilterMode = FilterBySource;
+    PaperRows[4].enabled = PaperRows[5].enabled = 77;
+    SetOption(SourceOption, SHORT{2});
+    EXPECT_NE(PaperRows[4].enabled, 0u);
+    EXPECT_EQ(PaperRows[5].enabled, 0u);
+    SourceRows[2].code = 0;
+}
+
+TEST_F(Options, AnUnknownKeyTouchesNothing)
+{
+    const std::uint8_t in[16] = {1, 2, 3};
+    constexpr OptionKey keys[] = {
+        {1031, 1   },
+        {1031, 1014},
+        {1032, 1022},
+        {1033, 1089},
+        {3013, 1022},
+        {0,    0   },
+        {9999, 1082}
+    };
+    for (const OptionKey& key : keys) {
+        EXPECT_EQ(SetOption(key.group, key.key, in), 1);
+        EXPECT_EQ(Read(key.group, key.key, 4), Buffer(4, 0xEE)) << key.group << ' ' << key.key;
+    }
+    EXPECT_EQ(BytesOf(record), BytesOf(BusyRecord()));
+}
+
+TEST_F(Options, WithoutARecordDoNothing)
+{
+    CurrentSettings = nullptr;
+    const SHORT zoom = 50;
+    EXPECT_EQ(SetOption(3013, 1097, &zoom), 1);
+    EXPECT_EQ(Read(3013, 1097, 2), Buffer(2, 0xEE));
+}
+
+}  // namespace

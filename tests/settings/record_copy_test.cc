@@ -1,0 +1,168 @@
+#include "settings/record_copy.h"
+
+#include "tests/support/records.h"
+
+namespace {
+
+using namespace testing_support;
+
+// Room for a record, filled with a byte that shows what was not written.
+class Buffer {
+  public:
+    Buffer(std::size_t bytes, WORD version, WORD size, WORD extra) : bytes_(bytes, 0xEE)
+    {
+        DEVMODEW* record = get();
+        record->dmSpecVersion = version;
+        record->dmDriverVersion = 848;
+        record->dmSize = size;
+        record->dmDriverExtra = extra;
+    }
+    DEVMODEW* get() { return reinterpret_cast<DEVMODEW*>(bytes_.data()); }
+    std::uint8_t At(std::size_t offset) const { return bytes_[offset]; }
+    RecordImage Slice(std::size_t from, std::size_t bytes) const
+    {
+        const auto start = bytes_.begin() + static_cast<std::ptrdiff_t>(from);
+        return {start, start + static_cast<std::ptrdiff_t>(bytes)};
+    }
+
+  private:
+    RecordImage bytes_;
+};
+
+// Each byte of the private section is its place in it.
+DriverDevMode Numbered()
+{
+    DriverDevMode record = BusyRecord();
+    auto* section = reinterpret_cast<std::uint8_t*>(&record) + 220;
+    for (std::size_t k = 0; k < 1628; ++k) section[k] = static_cast<std::uint8_t>(k % 251);
+    return record;
+}
+
+struct VersionRow {
+    WORD size, own, expected;
+};
+
+TEST(RecordSpecVersion, FollowsFromTheSize)
+{
+    constexpr VersionRow rows[] = {
+        {188, 1,  800 },
+        {212, 1,  1024},
+        {220, 1,  1025},
+        {221, 77, 77  },
+        {0,   5,  5   },
+        {64,  0,  0   }
+    };
+    for (const VersionRow& row : rows) {
+        Buffer buffer(220, row.own, row.size, 0);
+        EXPECT_EQ(RecordSpecVersion(buffer.get()), row.expected) << row.size;
+    }
+    EXPECT_EQ(RecordSpecVersion(nullptr), 0);
+}
+
+struct CopyRow {
+    WORD size, extra;
+    int copied;
+    WORD version;
+};
+
+TEST(CopyRecordParts, KeepsTheShapeOfTheTarget)
+{
+    constexpr CopyRow rows[] = {
+        {220, 1628, 1848, 1025},
+        {220, 0,    220,  1025},
+        {212, 112,  324,  1024},
+        {188, 112,  300,  800 },
+        {188, 0,    188,  800 },
+        {220, 3000, 1848, 1025}
+    };
+    const DriverDevMode source = Numbered();
+    for (const CopyRow& row : rows) {
+        Buffer target(std::size_t{row.size} + row.extra, 7, row.size, row.extra);
+        EXPECT_EQ(CopyRecordParts(PublicPart(&source), target.get()), row.copied);
+        EXPECT_EQ(target.get()->dmSpecVersion, row.version);
+        EXPECT_EQ(target.get()->dmDriverVersion, 848);
+        EXPECT_EQ(target.get()->dmSize, row.size);
+        EXPECT_EQ(target.get()->dmDriverExtra, row.extra);
+        EXPECT_EQ(target.get()->dmDeviceName[0], u'B');
+        EXPECT_EQ(target.get()->dmCopies, 7);
+        if (row.extra >= 100) EXPECT_EQ(target.At(row.size + 99u), 99) << row.size;
+        if (row.extra > 1628) EXPECT_EQ(target.At(1848), 0xEE);
+    }
+}
+
+TEST(CopyRecordParts, TakesThePrivatePartFromBehindTheSourcesOwnSize)
+{
+    Buffer source(188 + 10, 800, 188, 10);
+    reinterpret_cast<std::uint8_t*>(source.get())[188] = 0x42;
+    DriverDevMode target = Numbered();
+    EXPECT_EQ(CopyRecordParts(source.get(), PublicPart(&target)), 198);
+    EXPECT_EQ(target.dmPrivSignature & 0xFF, 0x42u);
+    EXPECT_EQ(target.dmDriverVersion, 296);
+    EXPECT_EQ(target.dmSize, 220);
+}
+
+TEST(CopyRecordParts, RefusesARecordWithoutVersion)
+{
+    DriverDevMode whole = BusyRecord();
+    const RecordImage before = BytesOf(whole);
+    Buffer unknown(220, 0, 100, 0);
+    EXPECT_EQ(CopyRecordParts(unknown.get(), PublicPart(&whole)), -1);
+    EXPECT_EQ(CopyRecordParts(PublicPart(&whole), unknown.get()), -1);
+    EXPECT_EQ(CopyRecordParts(nullptr, PublicPart(&whole)), -1);
+    EXPECT_EQ(BytesOf(whole), before);
+}
+
+TEST(CopyRecordOut, GivesTheWholeRecordWithoutAnInput)
+{
+    const DriverDevMode current = Numbered();
+    DriverDevMode output{};
+    EXPECT_TRUE(CopyRecordOut(&current, nullptr, PublicPart(&output)));
+    EXPECT_EQ(BytesOf(output), BytesOf(current));
+}
+
+struct ShapeRow {
+    WORD size, extra;        // of the input
+    WORD outSize, outExtra;  // of the output
+    WORD outVersion, outDriver;
+};
+
+TEST(CopyRecordOut, TakesTheShapeOfTheInputAsFarAsTheRecordReaches)
+{
+    constexpr ShapeRow rows[] = {
+        {220, 1628, 220, 1628, 1025, 296},
+        {300, 2000, 220, 1628, 1025, 296},
+        {220, 0,    220, 0,    1025, 848},
+        {188, 112,  188, 112,  800,  848},
+        {188, 1628, 188, 1628, 800,  296},
+    };
+    const DriverDevMode current = Numbered();
+    for (const ShapeRow& row : rows) {
+        Buffer input(std::size_t{row.size} + row.extra, 1025, row.size, row.extra);
+        Buffer output(std::size_t{row.outSize} + row.outExtra, 9, 9, 9);
+        EXPECT_TRUE(CopyRecordOut(&current, input.get(), output.get()));
+        EXPECT_EQ(output.get()->dmSize, row.outSize);
+        EXPECT_EQ(output.get()->dmDriverExtra, row.outExtra);
+        EXPECT_EQ(output.get()->dmSpecVersion, row.outVersion);
+        EXPECT_EQ(output.get()->dmDriverVersion, row.outDriver);
+        EXPECT_EQ(output.get()->dmCopies, 7);
+    }
+}
+
+TEST(CopyRecordOut, WorksWhenTheInputIsTheOutput)
+{
+    const DriverDevMode current = Numbered();
+    Buffer record(220 + 4, 1025, 220, 4);
+    EXPECT_TRUE(CopyRecordOut(&current, record.get(), record.get()));
+    EXPECT_EQ(record.get()->dmCopies, 7);
+    EXPECT_EQ(record.Slice(220, 4), (RecordImage{0, 1, 2, 3}));
+}
+
+TEST(CopyRecordOut, FailsWithoutAnOutputOrVersion)
+{
+    const DriverDevMode current = Numbered();
+    Buffer unknown(220, 0, 100, 0), output(220, 1025, 220, 0);
+    EXPECT_FALSE(CopyRecordOut(&current, nullptr, nullptr));
+    EXPECT_FALSE(CopyRecordOut(&current, unknown.get(), output.get()));
+}
+
+}  // namespace

@@ -1,0 +1,96 @@
+#include "settings/wide_text.h"
+
+#include "settings/narrow_number.h"
+#include "tests/support/machine.h"
+
+namespace {
+
+using namespace testing_support;
+
+TEST(CopyBounded, CutsAndTerminates)
+{
+    WCHAR field[32];
+    std::fill(std::begin(field), std::end(field), u'#');
+    CopyBounded(field, u"0123456789012345678901234567890123456789", 32);
+    EXPECT_EQ(std::u16string(field, 32), std::u16string(u"0123456789012345678901234567890") + u'\0');
+}
+
+TEST(CopyBounded, LeavesNothingStaleBehindAShortSource)
+{
+    WCHAR field[6] = u"#####";
+    CopyBounded(field, u"ab", 6);
+    EXPECT_EQ(std::u16string(field, 6), (std::u16string{u'a', u'b', 0, 0, 0, 0}));
+}
+
+TEST(CopyBounded, WithoutRoomDoesNothing)
+{
+    WCHAR field[2] = u"#";
+    CopyBounded(field, u"ab", 0);
+    EXPECT_EQ(field[0], u'#');
+}
+
+struct WideRow {
+    const char* narrow;
+    int chars;
+    std::u16string wide;  // six characters, '#' where nothing was written
+};
+
+TEST(NarrowToWide, StopsAtTheLimit)
+{
+    const Machine machine;
+    const std::vector<WideRow> rows = {
+        {"abc",  0, {u'a', u'b', u'c', 0, u'#', u'#'}     },
+        {"abc",  3, {u'a', u'b', 0, u'#', u'#', u'#'}     },
+        {"abc",  6, {u'a', u'b', u'c', 0, u'#', 0}        },
+        {"",     0, {0, u'#', u'#', u'#', u'#', u'#'}     },
+        {"\x80", 0, {u'\u20AC', 0, u'#', u'#', u'#', u'#'}},
+    };
+    for (const WideRow& row : rows) {
+        std::u16string field(6, u'#');
+        NarrowToWide(field.data(), row.narrow, row.chars);
+        EXPECT_EQ(field, row.wide) << row.narrow << ' ' << row.chars;
+    }
+}
+
+struct NarrowRow {
+    const char16_t* wide;
+    int chars;
+    std::string narrow;
+};
+
+TEST(WideToNarrow, StopsAtTheLimit)
+{
+    const Machine machine;
+    const std::vector<NarrowRow> rows = {
+        {u"abc",    0, {'a', 'b', 'c', 0, '#', '#'}   },
+        {u"abc",    2, {'a', 0, '#', '#', '#', '#'}   },
+        {u"abc",    6, {'a', 'b', 'c', 0, '#', 0}     },
+        {u"\u20AC", 0, {'\x80', 0, '#', '#', '#', '#'}},
+    };
+    for (const NarrowRow& row : rows) {
+        std::string field(6, '#');
+        WideToNarrow(field.data(), row.wide, row.chars);
+        EXPECT_EQ(field, row.narrow) << row.chars;
+    }
+}
+
+TEST(HeapCopyString, LivesInTheHeap)
+{
+    const Machine machine;
+    HANDLE heap = HeapCreate(0, 0, 0);
+    EXPECT_EQ(std::u16string(HeapCopyString(u"Quillet", heap)), u"Quillet");
+    Machine::Fail("HeapAlloc");
+    EXPECT_EQ(HeapCopyString(u"Quillet", heap), nullptr);
+    HeapDestroy(heap);
+}
+
+TEST(DecimalNumber, EndsAtTheFirstCharacterThatIsNoDigit)
+{
+    EXPECT_EQ(DecimalNumber("44"), 44);
+    EXPECT_EQ(DecimalNumber("-12x"), -12);
+    EXPECT_EQ(DecimalNumber("x"), 0);
+    EXPECT_EQ(DecimalNumber(""), 0);
+    EXPECT_EQ(DecimalNumber("99999999999"), 0);
+}
+
+}  // namespace
