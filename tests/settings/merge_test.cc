@@ -457,8 +457,8 @@ TEST(Merge, TakesThePublicPartAloneOfAForeignRecord)
         const ShortRecord source(foreign, 220u + row.extra, 220, row.extra);
         EXPECT_EQ(MergeSettings(&target, source.get()), 1);
         EXPECT_EQ(target.dmCopies, 7) << row.extra;
-        EXPECT_EQ(RecordImage(BytesOf(target).begin() + 220, BytesOf(target).end()).size(), 1628u);
-        EXPECT_EQ(std::memcmp(&target.dmPrivSignature, &Default().dmPrivSignature, 1628), 0) << row.extra;
+        const DriverDevMode before = Default();
+        EXPECT_EQ(std::memcmp(&target.dmPrivSignature, &before.dmPrivSignature, 1628), 0) << row.extra;
     }
 }
 

@@ -1,5 +1,7 @@
 #include "settings/model_tables.h"
 
+#include <cstring>
+
 #include "settings/lengths.h"
 
 namespace {

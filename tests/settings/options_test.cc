@@ -141,12 +141,12 @@ TEST_F(Options, WatermarkIsItsSwitchAndTheWholeRecord)
     WatermarkPayload payload{};
     payload.on = 0x01020304;
     std::memset(static_cast<void*>(&payload.watermark), 0x5C, sizeof payload.watermark);
-    SetOption(WatermarkOption, payload);
+    SetOption(JobWatermarkOption, payload);
 
     EXPECT_EQ(record.dmWatermarkOn, 0x01020304u);
     EXPECT_EQ(BytesOf(record.dmWatermark), RecordImage(396, 0x5C));
     EXPECT_EQ(record.dmImageShiftX, 10);
-    EXPECT_EQ(BytesOf(GetOption<WatermarkPayload>(WatermarkOption)), BytesOf(payload));
+    EXPECT_EQ(BytesOf(GetOption<WatermarkPayload>(JobWatermarkOption)), BytesOf(payload));
 }
 
 TEST_F(Options, DuplexIsReadSignExtendedAndWrittenFromItsLowHalf)

@@ -85,8 +85,12 @@ TEST(CopyRecordParts, KeepsTheShapeOfTheTarget)
         EXPECT_EQ(target.get()->dmDriverExtra, row.extra);
         EXPECT_EQ(target.get()->dmDeviceName[0], u'B');
         EXPECT_EQ(target.get()->dmCopies, 7);
-        if (row.extra >= 100) EXPECT_EQ(target.At(row.size + 99u), 99) << row.size;
-        if (row.extra > 1628) EXPECT_EQ(target.At(1848), 0xEE);
+        if (row.extra >= 100) {
+            EXPECT_EQ(target.At(row.size + 99u), 99) << row.size;
+        }
+        if (row.extra > 1628) {
+            EXPECT_EQ(target.At(1848), 0xEE);
+        }
     }
 }
 
