@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "platform/kernel/last_error.h"
+#include "platform/kernel/modules.h"
 #include "platform/seams/desktop.h"
 #include "platform/seams/environment.h"
 #include "platform/seams/system_facts.h"
@@ -236,6 +237,7 @@ UINT GetWindowModuleFileNameW(HWND window, WCHAR* path, UINT chars)
     if (!node || !path || chars == 0) return 0;
     std::u16string file;
     if (node->kind == Kind::Owner) file = platform::CurrentEnvironment().facts->OwnerModule();
+    if (const DialogState* dialog = node->As<DialogState>()) file = platform::modules::FileName(dialog->module);
     if (file.empty()) {
         platform::SetError(ERROR_MOD_NOT_FOUND);
         path[0] = 0;

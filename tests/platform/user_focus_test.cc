@@ -1,0 +1,229 @@
+// Focus, keys, and what a user can reach.
+#include <gmock/gmock.h>
+
+#include "tests/platform/user_rig.h"
+
+namespace user_tests {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+int FocusId() { return Find(GetFocus()) ? Find(GetFocus())->id : 0; }
+
+std::vector<int> Press(const Rig& rig, Key key, int times)
+{
+    std::vector<int> reached;
+    for (int i = 0; i < times; ++i) {
+        EXPECT_EQ(platform::user::Press(rig.dialog, key), Outcome::Done);
+        reached.push_back(FocusId());
+    }
+    return reached;
+}
+
+std::vector<ControlTemplate> Mixed()
+{
+    const DWORD radio = Shown | BS_AUTORADIOBUTTON;
+    return {
+        Make(u"Static", 30, Stop),  Make(u"Button", 31, Grey),  Make(u"Edit", 32, Stop),
+        Make(u"Edit", 33, Gone),    Make(u"Edit", 34, Shown),   Make(u"Button", 20, radio | WS_GROUP | WS_TABSTOP),
+        Make(u"Button", 21, radio), Make(u"Button", 22, radio), Make(u"Button", 1, Stop | WS_GROUP),
+    };
+}
+
+TEST(Focus, BeginsAtTheFirstStopThatCanBeReached)
+{
+    Rig rig(Mixed());
+    rig.Up([&] { EXPECT_EQ(FocusId(), 32); });
+}
+
+struct InitialRow {
+    const char* what;
+    INT_PTR result;
+    bool setsFocus, disablesFirst;
+    int focus;
+};
+
+TEST(Focus, InitialFocusIsTheProceduresIfItSetOneAndReturnedFalse)
+{
+    const InitialRow rows[] = {
+        {"neither",                   TRUE,  false, false, 32},
+        {"false without a focus",     FALSE, false, false, 32},
+        {"set and false",             FALSE, true,  false, 1 },
+        {"set and true",              TRUE,  true,  false, 32},
+        {"the first one is disabled", TRUE,  false, true,  20},
+    };
+    for (const InitialRow& row : rows) {
+        Rig rig(Mixed(), [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+            if (message != WM_INITDIALOG) return FALSE;
+            if (row.setsFocus) SetFocus(GetDlgItem(dialog, 1));
+            if (row.disablesFirst) EnableWindow(GetDlgItem(dialog, 32), FALSE);
+            return row.result;
+        });
+        rig.Up([&] { EXPECT_EQ(FocusId(), row.focus) << row.what; });
+    }
+}
+
+TEST(Keys, TabGoesThroughTheStopsInTheOrderOfTheTemplate)
+{
+    Rig rig(Mixed());
+    rig.Up([&] {
+        CheckRadioButton(rig.dialog, 20, 22, 21);
+        EXPECT_THAT(Press(rig, Key::Tab, 3), ElementsAre(21, 1, 32));
+        EXPECT_THAT(rig.Log(), ElementsAre("killfocus 32"));
+        EXPECT_THAT(Press(rig, Key::BackTab, 3), ElementsAre(1, 21, 32));
+        CheckRadioButton(rig.dialog, 20, 22, 0);
+        EXPECT_THAT(Press(rig, Key::Tab, 1), ElementsAre(20));
+    });
+}
+
+TEST(Keys, ArrowsClickThroughARadioGroup)
+{
+    Rig rig(Mixed());
+    rig.Up([&] {
+        Click(rig[20]);
+        rig.Log();
+        Enable(rig[21], false);
+        EXPECT_THAT(Press(rig, Key::Down, 2), ElementsAre(22, 20));
+        EXPECT_THAT(rig.Log(), ElementsAre("click 22", "click 20"));
+        EXPECT_THAT(Press(rig, Key::Up, 1), ElementsAre(22));
+        EXPECT_EQ(IsDlgButtonChecked(rig.dialog, 22), BST_CHECKED);
+        EXPECT_EQ(IsDlgButtonChecked(rig.dialog, 20), BST_UNCHECKED);
+    });
+}
+
+struct KeyRow {
+    const char* what;
+    Key key;
+    int focus;
+    std::vector<std::string> told;
+    Outcome outcome;
+};
+
+TEST(Keys, PressButtonsWhereTheFocusStays)
+{
+    const KeyRow rows[] = {
+        {"Enter in a field",       Key::Enter,  10, {"click 1"},   Outcome::Done    },
+        {"Enter on a push button", Key::Enter,  5,  {"click 5"},   Outcome::Done    },
+        {"Enter on a check box",   Key::Enter,  6,  {"click 1"},   Outcome::Done    },
+        {"Escape",                 Key::Escape, 10, {"command 2"}, Outcome::Done    },
+        {"Space on a check box",   Key::Space,  6,  {"click 6"},   Outcome::Done    },
+        {"Space in a field",       Key::Space,  10, {"change 10"}, Outcome::Done    },
+        {"Space on a combo box",   Key::Space,  12, {},            Outcome::Unsuited},
+        {"F1",                     Key::F1,     12, {"help 12"},   Outcome::Done    },
+    };
+    for (const KeyRow& row : rows) {
+        Rig rig({Make(u"Edit", 10, Stop), Make(u"Button", 5, Stop), Make(u"Button", 6, Stop | BS_AUTOCHECKBOX),
+                 Make(u"ComboBox", 12, Stop), Make(u"Button", 1, Stop | BS_DEFPUSHBUTTON)});
+        rig.Up([&] {
+            Focus(rig[row.focus]);
+            rig.Log();
+            EXPECT_EQ(platform::user::Press(rig.dialog, row.key), row.outcome) << row.what;
+            EXPECT_EQ(rig.Log(), row.told) << row.what;
+            EXPECT_EQ(FocusId(), row.focus) << row.what;
+        });
+    }
+}
+
+TEST(Keys, ADisabledDefaultButtonIsNotPressed)
+{
+    Rig rig({Make(u"Edit", 10, Stop), Make(u"Button", 1, Grey), Make(u"Button", 2, Grey)});
+    rig.Up([&] {
+        EXPECT_EQ(platform::user::Press(rig.dialog, Key::Enter), Outcome::Disabled);
+        EXPECT_EQ(platform::user::Press(rig.dialog, Key::Escape), Outcome::Disabled);
+        EXPECT_THAT(rig.Log(), IsEmpty());
+    });
+}
+
+TEST(Focus, GoesWhenItsControlIsHiddenOrDisabled)
+{
+    Rig rig({Make(u"Edit", 10, Stop), Make(u"Edit", 11, Stop)});
+    rig.Up([&] {
+        ShowWindow(rig[10], SW_HIDE);
+        EXPECT_EQ(GetFocus(), nullptr);
+        EXPECT_EQ(SetFocus(rig[11]), nullptr);
+        EnableWindow(rig[11], FALSE);
+        EXPECT_EQ(GetFocus(), nullptr);
+        EXPECT_THAT(rig.Log(), ElementsAre("killfocus 10", "killfocus 11"));
+        EXPECT_EQ(SetFocus(rig[11]), nullptr);
+        EXPECT_EQ(GetFocus(), nullptr);
+    });
+}
+
+TEST(Focus, IsNotForWhatCannotTakeIt)
+{
+    Rig rig({Make(u"Static", 30, Stop), Make(u"Button", 31, Stop | BS_GROUPBOX), Make(u"msctls_updown32", 32, Stop)});
+    rig.Up([&] {
+        for (const int id : {30, 31, 32}) EXPECT_EQ(Focus(rig[id]), Outcome::Unsuited) << id;
+        EXPECT_EQ(Focus(nullptr), Outcome::Absent);
+    });
+}
+
+TEST(Help, ComesForDisabledControlsToo)
+{
+    HELPINFO seen{};
+    Rig rig({Make(u"Button", 40, Grey), Make(u"Button", 41, Gone)},
+            [&](HWND, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
+                if (message == WM_HELP) seen = *reinterpret_cast<const HELPINFO*>(lParam);
+                return FALSE;
+            });
+    rig.Up([&] {
+        EXPECT_EQ(ContextHelp(rig[40]), Outcome::Done);
+        EXPECT_EQ(seen.cbSize, sizeof(HELPINFO));
+        EXPECT_EQ(seen.iContextType, HELPINFO_WINDOW);
+        EXPECT_EQ(seen.iCtrlId, 40);
+        EXPECT_EQ(seen.hItemHandle, HANDLE{rig[40]});
+        EXPECT_EQ(ContextHelp(rig[41]), Outcome::Hidden);
+    });
+}
+
+// A sheet of two controls' worth: what is the layer's own part of it.
+TEST(Sheet, KeysAndButtonsReachItsActions)
+{
+    Rig rig({});
+    std::vector<std::string> pressed;
+    HWND page = nullptr;
+    const HWND sheet = MakeSheet(nullptr, u"Sheet", [](HWND, UINT, WPARAM, LPARAM) { return LRESULT{0}; },
+                                 {[](HWND, int) { return Outcome::Done; },
+                                  [&](HWND window, SheetButton button) {
+                                      pressed.push_back(std::to_string(static_cast<int>(button)));
+                                      if (button == SheetButton::Cancel) Get(window)->As<SheetState>()->ended = true;
+                                      return Outcome::Done;
+                                  }});
+    rig.layout.controls = {Make(u"Edit", 10, Stop), Make(u"Edit", 11, Stop)};
+    page = MakeDialog({nullptr, 2, sheet, RigProcedure, 0, false}, rig.layout);
+    Get(sheet)->As<SheetState>()->pages = {
+        {u"One", page   },
+        {u"Two", nullptr}
+    };
+    Get(sheet)->As<SheetState>()->active = 0;
+    Show(page, true);
+    rig.desktop->runs = {[&](HWND top) {
+        EXPECT_EQ(DialogOf(top), page);
+        EXPECT_EQ(TopLevelOf(Control(page, 10)), sheet);
+        EXPECT_EQ(GetParent(page), sheet);
+        platform::user::Press(top, Key::Enter);
+        EXPECT_EQ(FocusId(), 10);
+        EXPECT_THAT(pressed, ElementsAre("0"));
+        // The sheet's own buttons are one stop behind the page.
+        platform::user::Press(top, Key::Tab);
+        platform::user::Press(top, Key::Tab);
+        EXPECT_EQ(GetFocus(), sheet);
+        platform::user::Press(top, Key::Tab);
+        EXPECT_EQ(FocusId(), 10);
+        platform::user::Press(top, Key::BackTab);
+        EXPECT_EQ(GetFocus(), sheet);
+        Focus(Control(page, 10));
+        rig.Log();
+        EXPECT_EQ(PressButton(top, SheetButton::Apply), Outcome::Disabled);
+        EXPECT_EQ(ShowPage(top, 2), Outcome::NoRow);
+        EXPECT_THAT(rig.Log(), IsEmpty());
+        EXPECT_EQ(ShowPage(top, 1), Outcome::Done);
+        EXPECT_THAT(rig.Log(), ElementsAre("killfocus 10"));
+        platform::user::Press(top, Key::Escape);
+    }};
+    EXPECT_TRUE(RunModal(sheet));
+    Destroy(sheet);
+    EXPECT_EQ(Find(page), nullptr);
+}
+
+}  // namespace user_tests

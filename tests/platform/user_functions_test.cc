@@ -1,0 +1,203 @@
+// The functions as a module calls them: values, failures, stale windows.
+#include <gmock/gmock.h>
+
+#include "platform/kernel.h"
+#include "platform/seams/environment.h"
+#include "platform/seams/system_facts.h"
+#include "tests/platform/user_rig.h"
+
+namespace user_tests {
+
+struct NumberRow {
+    const char16_t* text;
+    bool isSigned;
+    UINT value;
+    bool translated;
+};
+
+TEST(Functions, NumbersOfAField)
+{
+    const NumberRow rows[] = {
+        {u"150",                        true,  150,                            true },
+        {u"0",                          false, 0,                              true },
+        {u"-5",                         true,  static_cast<UINT>(-5),          true },
+        {u"-5",                         false, 0,                              false},
+        {u"",                           true,  0,                              false},
+        {u"-",                          true,  0,                              false},
+        {u"12a",                        true,  0,                              false},
+        {u" 7",                         true,  7,                              true },
+        {u"2147483647",                 true,  2147483647,                     true },
+        {u"2147483648",                 true,  0,                              false},
+        {u"-2147483648",                true,  static_cast<UINT>(-2147483648), true },
+        {u"2147483648",                 false, 2147483648,                     true },
+        {u"4294967295",                 false, 4294967295,                     true },
+        {u"4294967296",                 false, 0,                              false},
+        {u"99999999999999999999999999", false, 0,                              false},
+    };
+    Rig rig({Make(u"Edit", 10, Stop)});
+    for (const NumberRow& row : rows) {
+        SetDlgItemTextW(rig.dialog, 10, row.text);
+        BOOL translated = 7;
+        EXPECT_EQ(GetDlgItemInt(rig.dialog, 10, &translated, row.isSigned), row.value) << row.value;
+        EXPECT_EQ(translated != FALSE, row.translated) << row.value;
+    }
+    SetDlgItemInt(rig.dialog, 10, static_cast<UINT>(-8), TRUE);
+    EXPECT_EQ(rig.Text(rig[10]), u"-8");
+    SetDlgItemInt(rig.dialog, 10, static_cast<UINT>(-8), FALSE);
+    EXPECT_EQ(rig.Text(rig[10]), u"4294967288");
+}
+
+TEST(Functions, TextIsCutToTheRoom)
+{
+    Rig rig({Make(u"Edit", 10, Stop, u"abcdef")});
+    WCHAR text[8] = u"xxxxxxx";
+    EXPECT_EQ(GetDlgItemTextW(rig.dialog, 10, text, 4), 3u);
+    EXPECT_EQ(std::u16string(text), u"abc");
+    EXPECT_EQ(text[4], u'x');
+    EXPECT_EQ(GetWindowTextW(rig[10], text, 8), 6);
+    EXPECT_EQ(GetWindowTextW(rig[10], text, 0), 0);
+    EXPECT_EQ(GetDlgItemTextW(rig.dialog, 99, text, 8), 0u);
+    EXPECT_EQ(text[0], 0);
+}
+
+TEST(Functions, SlotsOfADialogHoldAMachineWord)
+{
+    Rig rig({Make(u"Edit", 10, Stop | ES_NUMBER)});
+    const auto word = reinterpret_cast<LONG_PTR>(&rig);
+    EXPECT_EQ(SetWindowLongW(rig.dialog, DWL_USER, word), 0);
+    EXPECT_EQ(GetWindowLongW(rig.dialog, DWL_USER), word);
+    EXPECT_EQ(GetWindowLongW(rig.dialog, DWL_DLGPROC), reinterpret_cast<LONG_PTR>(&RigProcedure));
+    EXPECT_EQ(GetWindowLongW(rig[10], GWL_ID), 10);
+    EXPECT_EQ(GetWindowLongW(rig[10], GWL_STYLE), static_cast<LONG_PTR>(Stop | ES_NUMBER));
+    EnableWindow(rig[10], FALSE);
+    EXPECT_NE(GetWindowLongW(rig[10], GWL_STYLE) & WS_DISABLED, 0);
+    EXPECT_EQ(GetWindowLongW(rig[10], DWL_USER), 0);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+}
+
+TEST(Functions, AMessageTheProcedureHandledGivesItsMessageResult)
+{
+    Rig rig({}, [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        if (message != WM_USER) return FALSE;
+        SetWindowLongW(dialog, DWL_MSGRESULT, 77);
+        return TRUE;
+    });
+    EXPECT_EQ(SendMessageW(rig.dialog, WM_USER, 0, 0), 77);
+    EXPECT_EQ(SendMessageW(rig.dialog, WM_USER + 1, 0, 0), 0);
+}
+
+TEST(Functions, TellTheStateBefore)
+{
+    Rig rig({Make(u"Edit", 10, Stop)});
+    EXPECT_EQ(EnableWindow(rig[10], FALSE), FALSE);
+    EXPECT_EQ(EnableWindow(rig[10], TRUE), TRUE);
+    EXPECT_EQ(IsWindowEnabled(rig[10]), TRUE);
+    EXPECT_EQ(ShowWindow(rig[10], SW_HIDE), TRUE);
+    EXPECT_EQ(ShowWindow(rig[10], SW_SHOW), FALSE);
+    EXPECT_EQ(EnableWindow(nullptr, TRUE), FALSE);
+}
+
+TEST(Functions, FindTopLevelWindowsHereAndElsewhere)
+{
+    platform::FixedFactValues facts;
+    facts.windows = u"VWClass500";
+    platform::CurrentEnvironment().facts = platform::MakeFixedFacts(facts);
+    Rig rig({Make(u"Edit", 10, Stop)});
+    SetWindowTextW(rig.dialog, u"Mine");
+    EXPECT_EQ(FindWindowW(nullptr, u"Mine"), rig.dialog);
+    EXPECT_EQ(FindWindowW(u"EDIT", nullptr), nullptr);
+    EXPECT_NE(FindWindowW(u"VWClass500", nullptr), nullptr);
+    EXPECT_EQ(FindWindowW(u"VWClass501", nullptr), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+    platform::CurrentEnvironment().facts = platform::MakeFixedFacts({});
+}
+
+TEST(Functions, ModuleOfTheOwnerWindow)
+{
+    platform::FixedFactValues facts;
+    facts.ownerModule = u"C:\\WINDOWS\\system32\\SHELL32.DLL";
+    platform::CurrentEnvironment().facts = platform::MakeFixedFacts(facts);
+    Rig rig({});
+    const HWND owner = MakeWindow(Kind::Owner, u"Owner", nullptr, {});
+    WCHAR path[40];
+    EXPECT_EQ(GetWindowModuleFileNameW(owner, path, 40), 31u);
+    EXPECT_EQ(std::u16string(path), facts.ownerModule);
+    EXPECT_EQ(GetWindowModuleFileNameW(owner, path, 4), 4u);
+    EXPECT_EQ(std::u16string(path), u"C:\\");
+    EXPECT_EQ(GetWindowModuleFileNameW(nullptr, path, 40), 0u);
+    Destroy(owner);
+    platform::CurrentEnvironment().facts = platform::MakeFixedFacts({});
+}
+
+// Every function, on a window that is gone and as a planned fault; each gives its failing result.
+struct FunctionRow {
+    const char* name;
+    bool (*fails)(HWND dialog);
+};
+
+WCHAR Room[4];
+const FunctionRow Functions[] = {
+    {"GetDlgItem",          [](HWND w) { return GetDlgItem(w, 10) == nullptr; }                           },
+    {"SendMessageW",        [](HWND w) { return SendMessageW(w, WM_GETTEXTLENGTH, 0, 0) == 0; }           },
+    {"SendDlgItemMessageW", [](HWND w) { return SendDlgItemMessageW(w, 10, WM_GETTEXTLENGTH, 0, 0) == 0; }},
+    {"GetParent",           [](HWND w) { return GetParent(Control(w, 10)) == nullptr; }                   },
+    {"SetFocus",            [](HWND w) { return SetFocus(w) == nullptr; }                                 },
+    {"EnableWindow",        [](HWND w) { return EnableWindow(Control(w, 11), TRUE) == FALSE; }            },
+    {"IsWindowEnabled",     [](HWND w) { return IsWindowEnabled(w) == FALSE; }                            },
+    {"ShowWindow",          [](HWND w) { return ShowWindow(Control(w, 10), SW_SHOW) == FALSE; }           },
+    {"GetWindowLongW",      [](HWND w) { return GetWindowLongW(w, DWL_DLGPROC) == 0; }                    },
+    {"SetWindowLongW",      [](HWND w) { return SetWindowLongW(w, DWL_DLGPROC, 0) == 0; }                 },
+    {"SetWindowTextW",      [](HWND w) { return SetWindowTextW(w, u"x") == FALSE; }                       },
+    {"GetWindowTextW",      [](HWND w) { return GetWindowTextW(Control(w, 10), Room, 4) == 0; }           },
+    {"SetDlgItemTextW",     [](HWND w) { return SetDlgItemTextW(w, 10, u"x") == FALSE; }                  },
+    {"GetDlgItemTextW",     [](HWND w) { return GetDlgItemTextW(w, 10, Room, 4) == 0; }                   },
+    {"SetDlgItemInt",       [](HWND w) { return SetDlgItemInt(w, 10, 1, FALSE) == FALSE; }                },
+    {"GetDlgItemInt",       [](HWND w) { return GetDlgItemInt(w, 10, nullptr, FALSE) == 0; }              },
+    {"CheckDlgButton",      [](HWND w) { return CheckDlgButton(w, 11, BST_CHECKED) == FALSE; }            },
+    {"IsDlgButtonChecked",  [](HWND w) { return IsDlgButtonChecked(w, 12) == 0; }                         },
+    {"CheckRadioButton",    [](HWND w) { return CheckRadioButton(w, 11, 12, 12) == FALSE; }               },
+    {"EndDialog",           [](HWND w) { return EndDialog(w, 1) == FALSE; }                               },
+    {"InvalidateRect",      [](HWND w) { return InvalidateRect(w, nullptr, TRUE) == FALSE; }              },
+};
+
+std::vector<ControlTemplate> AllThere()
+{
+    return {Make(u"Edit", 10, Stop, u"5"), Make(u"Button", 11, Grey | BS_AUTOCHECKBOX),
+            Make(u"Button", 12, Stop | BS_AUTOCHECKBOX)};
+}
+
+TEST(Functions, FailOnceWhenPlannedAndThenWork)
+{
+    for (const FunctionRow& row : Functions) {
+        Rig rig(AllThere());
+        CheckDlgButton(rig.dialog, 12, BST_CHECKED);
+        rig.Up([&] {
+            platform::CurrentEnvironment().faults.Add(row.name, 1, false);
+            SetLastError(0);
+            EXPECT_TRUE(row.fails(rig.dialog)) << row.name;
+            EXPECT_NE(GetLastError(), 0u) << row.name;
+            platform::CurrentEnvironment().faults.Clear();
+            EXPECT_FALSE(row.fails(rig.dialog)) << row.name;
+            EXPECT_TRUE(platform::FaultPlan::Offers(row.name));
+        });
+    }
+}
+
+TEST(Functions, FailOnWindowsThatAreGone)
+{
+    HWND gone = nullptr;
+    {
+        Rig rig(AllThere());
+        gone = rig.dialog;
+    }
+    for (const HWND stale : {gone, static_cast<HWND>(nullptr), reinterpret_cast<HWND>(~std::uintptr_t{0})})
+        for (const FunctionRow& row : Functions) {
+            SetLastError(0);
+            EXPECT_TRUE(row.fails(stale)) << row.name;
+            if (stale) {
+                EXPECT_EQ(GetLastError(), ERROR_INVALID_WINDOW_HANDLE) << row.name;
+            }
+        }
+}
+
+}  // namespace user_tests

@@ -1,0 +1,245 @@
+// Modal dialogs: from template to end, and what lies below meanwhile.
+#include <gmock/gmock.h>
+
+#include "platform/kernel.h"
+#include "platform/kernel/modules.h"
+#include "platform/seams/environment.h"
+#include "tests/platform/user_rig.h"
+
+namespace user_tests {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+HMODULE Dialogs()
+{
+    static const HMODULE module = platform::modules::Load(TEST_DIALOGS_PATH, nullptr);
+    return module;
+}
+
+INT_PTR RunBox(HWND owner, int number = 101, LPARAM parameter = 0)
+{
+    return DialogBoxParamW(Dialogs(), ResourceName(number), owner, RigProcedure, parameter);
+}
+
+TEST(Modal, GivesTheResultAndLeavesNothingBehind)
+{
+    Rig rig({});
+    const std::size_t before = WindowCount();
+    rig.desktop->runs = {[&](HWND top) {
+        EXPECT_EQ(TopWindow(), top);
+        EXPECT_EQ(Rig::Text(top), u"Plain");
+        EXPECT_EQ(Find(top)->As<DialogState>()->templateNumber, 101);
+        EXPECT_TRUE(EndDialog(top, 42));
+        EXPECT_TRUE(Ended(top));
+    }};
+    rig.Log();
+    EXPECT_EQ(RunBox(nullptr), 42);
+    EXPECT_THAT(rig.Log(), ElementsAre("init", "paint", "destroy"));
+    EXPECT_EQ(WindowCount(), before);
+    EXPECT_EQ(TopWindow(), nullptr);
+    EXPECT_EQ(rig.desktop->opened, rig.desktop->closed);
+    EXPECT_EQ(rig.desktop->opened.size(), 1u);
+}
+
+TEST(Modal, PassesTheParameter)
+{
+    LPARAM seen = 0;
+    Rig rig({}, [&](HWND dialog, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
+        if (message == WM_INITDIALOG && Find(dialog)->As<DialogState>()->templateNumber == 101) seen = lParam;
+        return TRUE;
+    });
+    RunBox(nullptr, 101, -5);
+    EXPECT_EQ(seen, -5);
+}
+
+TEST(Modal, EndedAsItIsMadeItNeverComesUp)
+{
+    Rig rig({}, [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        if (message == WM_INITDIALOG) EndDialog(dialog, 7);
+        return TRUE;
+    });
+    rig.Log();
+    EXPECT_EQ(RunBox(nullptr), 7);
+    EXPECT_THAT(rig.desktop->opened, IsEmpty());
+    EXPECT_THAT(rig.Log(), ElementsAre("init", "destroy"));
+}
+
+TEST(Modal, TakesTheFocusWithANoticeAndGivesItBackWithout)
+{
+    Rig rig({Make(u"Edit", 10, Stop), Make(u"Button", 20, Shown | BS_OWNERDRAW)});
+    rig.Up([&] {
+        rig.desktop->runs = {[&](HWND top) {
+            EXPECT_THAT(rig.Log(), ElementsAre("init", "killfocus 10", "paint"));
+            EXPECT_EQ(GetFocus(), Control(top, 2));
+            EXPECT_EQ(Find(top)->parent, rig.dialog);
+            EXPECT_EQ(Focus(rig[10]), Outcome::Disabled);
+            Invalidate(rig[20], false);
+            PaintPending();
+            EXPECT_THAT(rig.Log(), ElementsAre("draw 20"));
+            EndDialog(top, 0);
+        }};
+        RunBox(rig[10]);
+        EXPECT_EQ(GetFocus(), rig[10]);
+        EXPECT_EQ(TopWindow(), rig.dialog);
+        EXPECT_THAT(rig.Log(), ElementsAre("destroy"));
+        PaintPending();
+        EXPECT_THAT(rig.Log(), ElementsAre("paint", "draw 20"));
+    });
+}
+
+TEST(Modal, IsCancelledWhenTheDesktopGivesUp)
+{
+    Rig rig({}, [](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+        if (message == WM_COMMAND && LowWord(wParam) == IDCANCEL) EndDialog(dialog, 9);
+        return FALSE;
+    });
+    EXPECT_EQ(RunBox(nullptr), 9);
+    rig.answer = {};
+    EXPECT_EQ(RunBox(nullptr), -1);
+}
+
+TEST(Modal, FailsWithAReason)
+{
+    Rig rig({});
+    const struct {
+        int number;
+        HWND owner;
+        DWORD error;
+    } rows[] = {
+        {999, nullptr,                          ERROR_RESOURCE_NAME_NOT_FOUND},
+        {102, nullptr,                          ERROR_INVALID_PARAMETER      },
+        {103, nullptr,                          1407                         },
+        {101, reinterpret_cast<HWND>(0x123456), ERROR_INVALID_WINDOW_HANDLE  },
+    };
+    for (const auto& row : rows) {
+        SetLastError(0);
+        EXPECT_EQ(RunBox(row.owner, row.number), -1);
+        EXPECT_EQ(GetLastError(), row.error) << row.number;
+    }
+    platform::CurrentEnvironment().desktop = nullptr;
+    EXPECT_EQ(RunBox(nullptr), -1);
+    EXPECT_EQ(GetLastError(), ERROR_NOT_SUPPORTED);
+}
+
+TEST(MessageBox, IsShownByTheDesktopWithTheFocusAwayFromTheField)
+{
+    Rig rig({Make(u"Edit", 10, Stop)});
+    rig.Up([&] {
+        rig.desktop->duringBox = [&] { EXPECT_THAT(rig.Log(), ElementsAre("killfocus 10")); };
+        EXPECT_EQ(MessageBoxW(rig.dialog, u"Text", u"Warning", MB_OKCANCEL | MB_ICONEXCLAMATION), IDCANCEL);
+        ASSERT_EQ(rig.desktop->boxes.size(), 1u);
+        EXPECT_EQ(rig.desktop->boxes[0].text, u"Text");
+        EXPECT_EQ(rig.desktop->boxes[0].caption, u"Warning");
+        EXPECT_EQ(rig.desktop->boxes[0].style, 0x31u);
+        EXPECT_EQ(GetFocus(), rig[10]);
+        PaintPending();
+        EXPECT_THAT(rig.Log(), IsEmpty());
+        MessageBeep(1);
+        EXPECT_THAT(rig.desktop->beeps, ElementsAre(1u));
+    });
+}
+
+// Whatever a procedure does to its own window while it is told something, nothing breaks.
+TEST(Windows, MayBeDestroyedDuringTheirOwnMessages)
+{
+    for (const UINT fatal : {WM_INITDIALOG, WM_COMMAND, WM_PAINT, WM_DRAWITEM, WM_NOTIFY, WM_DESTROY}) {
+        Rig rig({});
+        rig.answer = [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+            if (message == fatal) Destroy(dialog);
+            return FALSE;
+        };
+        rig.layout.controls = {Make(u"Edit", 10, Stop), Make(u"Button", 20, Shown | BS_OWNERDRAW),
+                               Make(u"SysListView32", 13, Stop), Make(u"Button", 21, Shown | BS_OWNERDRAW)};
+        const HWND dialog = MakeDialog({nullptr, 3, nullptr, RigProcedure, 0, true}, rig.layout);
+        LVITEMW item{};
+        Send(Control(dialog, 13), LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        rig.desktop->runs = {[&](HWND) {
+            Type(Control(dialog, 10), u"12");
+            SelectRow(Control(dialog, 13), 0);
+        }};
+        RunModal(dialog);
+        Destroy(dialog);
+        EXPECT_EQ(Find(dialog), nullptr);
+        EXPECT_EQ(GetFocus(), nullptr);
+    }
+}
+
+TEST(Template, ExtendedOnesComeWithEveryKindOfControl)
+{
+    Rig rig({});
+    rig.desktop->runs = {[&](HWND top) {
+        EXPECT_EQ(Find(Control(top, 1019))->Width(), 137);
+        EXPECT_EQ(Find(Control(top, 1019))->Height(), 161);
+        EXPECT_FALSE(Find(Control(top, 1019))->enabled);
+        EXPECT_EQ(Find(top)->Width(), 378);
+        EXPECT_EQ(Find(Control(top, 11))->As<UpDownState>()->buddy, Control(top, 10));
+        EXPECT_EQ(Find(Control(top, 12))->kind, Kind::ComboBox);
+        EXPECT_EQ(Find(Control(top, 13))->kind, Kind::ListView);
+        EXPECT_EQ(Find(Control(top, 14))->As<StaticState>()->resource, 9512);
+        EXPECT_EQ(Find(Control(top, 14))->Width(), 32);
+        EXPECT_EQ(Rig::Text(Control(top, -1)), u"Text");
+        EXPECT_EQ(Rig::Text(Control(top, 1)), u"OK");
+        EndDialog(top, 1);
+    }};
+    EXPECT_EQ(RunBox(nullptr, 100), 1);
+}
+
+std::vector<std::uint8_t> TemplateBytes(int number)
+{
+    const auto bytes = platform::modules::Resource(Dialogs(), platform::modules::DialogResource, number);
+    return {bytes.begin(), bytes.end()};
+}
+
+TEST(Template, EveryCutIsRefusedWithAReason)
+{
+    for (const int number : {100, 101}) {
+        const auto whole = TemplateBytes(number);
+        ASSERT_TRUE(ParseDialogTemplate(whole, nullptr));
+        for (std::size_t length = 0; length + 2 < whole.size(); ++length) {
+            // A buffer of its own, so that a sanitizer sees any read past it.
+            const std::vector<std::uint8_t> cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
+            std::string why;
+            EXPECT_FALSE(ParseDialogTemplate(cut, &why)) << number << ":" << length;
+            EXPECT_NE(why, "");
+        }
+    }
+}
+
+TEST(Template, AnyDamageIsReadWithoutHarm)
+{
+    const auto whole = TemplateBytes(100);
+    for (std::size_t place = 0; place < whole.size(); ++place)
+        for (const std::uint8_t value : {0x00, 0x7F, 0xFF}) {
+            auto damaged = whole;
+            damaged[place] = value;
+            std::string why;
+            const auto parsed = ParseDialogTemplate(damaged, &why);
+            if (parsed) {
+                EXPECT_LE(parsed->width, 6000);
+            } else {
+                EXPECT_NE(why, "");
+            }
+        }
+}
+
+TEST(Template, UnitsBecomePixelsByTheNearest)
+{
+    const struct {
+        int units, across, down;
+    } rows[] = {
+        {0,   0,   0  },
+        {1,   2,   2  },
+        {4,   6,   7  },
+        {91,  137, 148},
+        {99,  149, 161},
+        {-1,  -2,  -2 },
+        {252, 378, 410},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(PixelsAcross(row.units), row.across) << row.units;
+        EXPECT_EQ(PixelsDown(row.units), row.down) << row.units;
+    }
+}
+
+}  // namespace user_tests

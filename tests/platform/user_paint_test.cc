@@ -1,0 +1,165 @@
+// What is painted when, and in which order.
+#include <gmock/gmock.h>
+
+#include "tests/platform/user_rig.h"
+
+namespace user_tests {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::vector<ControlTemplate> Pictures()
+{
+    return {Make(u"Button", 20, Shown | BS_OWNERDRAW | WS_DISABLED), Make(u"Static", 29, Shown | SS_WHITEFRAME),
+            Make(u"Button", 21, Shown | BS_OWNERDRAW), Make(u"Button", 22, WS_CHILD | BS_OWNERDRAW),
+            Make(u"Edit", 10, Stop)};
+}
+
+std::vector<std::string> Paint(Rig& rig)
+{
+    PaintPending();
+    return rig.Log();
+}
+
+TEST(Paint, ShowingADialogPaintsItAndThenItsOwnerDrawnControls)
+{
+    Rig rig(Pictures());
+    EXPECT_EQ(rig.desktop->pictureSize.cx, 200);
+    EXPECT_EQ(rig.desktop->pictureSize.cy, 100);
+    rig.desktop->runs = {[&](HWND) {
+        EXPECT_THAT(rig.Log(), ElementsAre("init", "paint", "draw 20", "draw 21"));
+        End(rig.dialog, 0);
+    }};
+    RunModal(rig.dialog);
+}
+
+TEST(Paint, TellsTheStateOfAnOwnerDrawnButton)
+{
+    DRAWITEMSTRUCT seen{};
+    Rig rig({Make(u"Button", 20, Shown | BS_OWNERDRAW | WS_DISABLED)},
+            [&](HWND, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
+                if (message != WM_DRAWITEM) return FALSE;
+                EXPECT_EQ(wParam, 20u);
+                seen = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+                return TRUE;
+            });
+    rig.Up([&] {
+        EXPECT_EQ(seen.CtlType, ODT_BUTTON);
+        EXPECT_EQ(seen.itemAction, ODA_DRAWENTIRE);
+        EXPECT_EQ(seen.itemState, ODS_DISABLED);
+        EXPECT_EQ(seen.hwndItem, rig[20]);
+        EXPECT_NE(seen.hDC, nullptr);
+        EXPECT_EQ(seen.rcItem.right, 50);
+        EXPECT_EQ(seen.rcItem.bottom, 20);
+    });
+}
+
+struct PaintRow {
+    const char* what;
+    void (*change)(const Rig& rig);
+    std::vector<std::string> painted;
+};
+
+TEST(Paint, OnlyWhatIsInvalidIsPainted)
+{
+    const PaintRow rows[] = {
+        {"nothing",                               [](const Rig&) {},                                              {}                    },
+        {"one control",                           [](const Rig& rig) { InvalidateRect(rig[21], nullptr, TRUE); }, {"draw 21"}           },
+        {"controls in the order of the template",
+         [](const Rig& rig) {
+             InvalidateRect(rig[21], nullptr, FALSE);
+             InvalidateRect(rig[20], nullptr, FALSE);
+         },                                                                                                       {"draw 20", "draw 21"}},
+        {"the dialog",
+         [](const Rig& rig) { InvalidateRect(rig.dialog, nullptr, FALSE); },
+         {"paint", "draw 20", "draw 21"}                                                                                                },
+        {"changes of controls",
+         [](const Rig& rig) {
+             EnableWindow(rig[10], FALSE);
+             ShowWindow(rig[29], SW_HIDE);
+         },                                                                                                       {}                    },
+        {"a change of an owner-drawn one",        [](const Rig& rig) { EnableWindow(rig[21], FALSE); },           {"draw 21"}           },
+        {"one that stays hidden",                 [](const Rig& rig) { InvalidateRect(rig[22], nullptr, TRUE); }, {}                    },
+        {"one that is shown",                     [](const Rig& rig) { ShowWindow(rig[22], SW_SHOW); },           {"draw 22"}           },
+        {"one without redrawing",
+         [](const Rig& rig) {
+             Send(rig[21], WM_SETREDRAW, FALSE, 0);
+             InvalidateRect(rig[21], nullptr, TRUE);
+         },                                                                                                       {}                    },
+    };
+    for (const PaintRow& row : rows) {
+        Rig rig(Pictures());
+        rig.Up([&] {
+            row.change(rig);
+            EXPECT_EQ(Paint(rig), row.painted) << row.what;
+            EXPECT_THAT(Paint(rig), IsEmpty()) << row.what;
+        });
+    }
+}
+
+TEST(Paint, EachActionEndsWithWhatIsPending)
+{
+    Rig rig(Pictures(), [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        if (message == WM_COMMAND) InvalidateRect(GetDlgItem(dialog, 20), nullptr, TRUE);
+        return FALSE;
+    });
+    rig.Up([&] {
+        Type(rig[10], u"12");
+        EXPECT_THAT(rig.Log(), ElementsAre("change 10", "change 10", "draw 20"));
+    });
+}
+
+TEST(Paint, ADialogThatInvalidatesAControlAsItPaintsGetsItDrawnAtOnce)
+{
+    Rig rig(Pictures(), [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        if (message == WM_PAINT) InvalidateRect(GetDlgItem(dialog, 21), nullptr, TRUE);
+        return FALSE;
+    });
+    rig.Up([&] {
+        Send(rig.dialog, WM_PAINT, 0, 0);
+        rig.Log();
+        EXPECT_THAT(Paint(rig), ElementsAre("draw 21"));
+        Invalidate(rig.dialog, false);
+        EXPECT_THAT(Paint(rig), ElementsAre("paint", "draw 20", "draw 21"));
+        EXPECT_THAT(Paint(rig), IsEmpty());
+    });
+}
+
+TEST(Paint, WhatInvalidatesItselfWaitsForTheNextAction)
+{
+    Rig rig(Pictures(), [](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
+        if (message == WM_PAINT) InvalidateRect(dialog, nullptr, TRUE);
+        if (message == WM_DRAWITEM) InvalidateRect(GetDlgItem(dialog, static_cast<int>(wParam)), nullptr, TRUE);
+        return FALSE;
+    });
+    rig.Up([&] {
+        EXPECT_THAT(Paint(rig), ElementsAre("paint", "draw 20", "draw 21"));
+        EXPECT_THAT(Paint(rig), ElementsAre("paint", "draw 20", "draw 21"));
+    });
+}
+
+// Counts what reaches the picture.
+std::size_t Drawn(const Rig& rig)
+{
+    const auto picture = Find(rig.dialog)->As<DialogState>()->picture;
+    return std::static_pointer_cast<platform::RecordingSurface>(picture)->Count();
+}
+
+TEST(Paint, ErasingClearsAndPlainInvalidatingDoesNot)
+{
+    Rig rig({Make(u"Button", 20, Shown | BS_OWNERDRAW)});
+    rig.Up([&] {
+        const auto picture = Find(rig.dialog)->As<DialogState>()->picture;
+        picture->Fill({10, 10, 60, 30}, 0xFF);
+        const std::size_t filled = Drawn(rig);
+        Invalidate(rig[20], false);
+        PaintPending();
+        EXPECT_EQ(Drawn(rig), filled);
+        // What covers the fill whole takes its place in the recording.
+        Invalidate(rig[20], true);
+        PaintPending();
+        EXPECT_NE(Drawn(rig), filled);
+    });
+}
+
+}  // namespace user_tests
