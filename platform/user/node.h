@@ -8,6 +8,7 @@
 namespace platform::user {
 
 struct Node : Window {
+    bool dying = false;        // is being destroyed
     Handler handler;           // of a window that is no control and no dialog of a module
     SheetActions actions;      // of a sheet
     HWND lastFocus = nullptr;  // of a top-level window: what has, or last had, the focus in it

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "platform/seams/desktop.h"
 #include "platform/seams/environment.h"
@@ -123,7 +124,7 @@ HWND MakeWindow(Kind kind, std::u16string className, HWND parent, Handler handle
 void Destroy(HWND window)
 {
     const auto node = KeepNode(window);
-    if (!node) return;
+    if (!node || std::exchange(node->dying, true)) return;
     Send(window, WM_DESTROY, 0, 0);
 
     // What it owns goes with it; a handler may have destroyed some of it already.
@@ -134,7 +135,7 @@ void Destroy(HWND window)
     Send(window, WM_NCDESTROY, 0, 0);
 
     WindowTable& table = Table();
-    if (table.windows.erase(window) == 0) return;
+    table.windows.erase(window);
     if (Node* parent = NodeOf(node->parent)) {
         std::erase(parent->children, window);
         if (SheetState* sheet = parent->As<SheetState>())

@@ -355,7 +355,7 @@ TEST_F(ListView, SurvivesBeingEmptiedByItsNotice)
     };
     rig.Up([&] {
         SelectRow(rig[13], 0);
-        EXPECT_THAT(rig.Log(), ElementsAre("on 13:0"));
+        EXPECT_THAT(rig.Log(), ElementsAre("killfocus 10", "on 13:0"));
     });
 }
 

@@ -36,6 +36,7 @@ class RigDesktop : public platform::Desktop {
     std::vector<platform::MessageBoxRequest> boxes;
     std::vector<UINT> beeps;
     SIZE pictureSize{};
+    std::vector<std::string> erased;  // rectangles of all pictures
     std::function<void()> duringBox;
 };
 
