@@ -98,7 +98,7 @@ int SheetSession::RunWith(const char* entry, const Call& call, ScriptDesktop* sc
     const LONG answer = call(owner.Handle());
     const LONG outcome = platform::services::TakeSheetOutcome().value_or(-1);
     if (script) {
-        script->PlayRest();
+        if (outcome >= 0) script->PlayRest();
         Print({
             {"end", {{"result", answer}}}
         });
