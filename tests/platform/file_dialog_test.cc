@@ -1,0 +1,176 @@
+#include "platform/services/file_dialog.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "platform/kernel/unicode.h"
+#include "platform/services.h"
+#include "tests/platform/quiet_desktop.h"
+
+namespace {
+
+using namespace platform;
+using testing::ElementsAre;
+
+// What the hook saw last, and the name that it refuses.
+struct HookSeen {
+    std::u16string name, folder;
+    std::u16string refused;
+    LPARAM data = 0;
+};
+HookSeen seen;
+
+UINT_PTR Hook(HWND dialog, UINT message, WPARAM, LPARAM lParam)
+{
+    if (message != WM_NOTIFY) return 0;
+    const auto& notice = *reinterpret_cast<const OFNOTIFYW*>(lParam);
+    if (notice.hdr.code != CDN_FILEOK) return 0;
+    WCHAR name[8] = {}, folder[300] = {};
+    SendMessageW(GetParent(dialog), CDM_GETSPEC, 8, reinterpret_cast<LPARAM>(name));
+    SendMessageW(GetParent(dialog), CDM_GETFOLDERPATH, 300, reinterpret_cast<LPARAM>(folder));
+    seen = {name, folder, seen.refused, notice.lpOFN->lCustData};
+    if (seen.refused.empty() || seen.name != seen.refused) return 0;
+    SetWindowLongW(dialog, DWL_MSGRESULT, 1);
+    return 1;
+}
+
+class FileDialog : public testing::Test {
+  protected:
+    FileDialog() : folder_(std::filesystem::temp_directory_path() / ("forms." + std::to_string(::getpid())))
+    {
+        std::filesystem::create_directory(folder_);
+        std::ofstream(folder_ / "old.oxl") << "x";
+        folderText_ = folder_.u16string();
+        dialog_.lStructSize = sizeof dialog_;
+        dialog_.lpstrFilter = u"Forms (*.oxl)\0*.oxl\0All\0*.*\0";
+        dialog_.lpstrFile = file_;
+        dialog_.nMaxFile = 262;
+        dialog_.lpstrInitialDir = folderText_.c_str();
+        dialog_.lpstrTitle = u"File";
+        dialog_.lpstrDefExt = u"oxl";
+        dialog_.Flags = 0xA8082E;
+        dialog_.lpfnHook = Hook;
+        dialog_.lCustData = 5;
+        seen = {};
+        // The first of the offered names that is accepted.
+        desktop_->pick = [this](const FileDialogRequest& request) -> std::optional<std::u16string> {
+            request_ = request;
+            for (const auto& name : offered_) {
+                if (request.accept(name)) return name;
+            }
+            return std::nullopt;
+        };
+    }
+    ~FileDialog() override { std::filesystem::remove_all(folder_); }
+
+    BOOL Save(std::vector<std::u16string> offered)
+    {
+        offered_ = std::move(offered);
+        return GetSaveFileNameW(&dialog_);
+    }
+    BOOL Open(std::vector<std::u16string> offered)
+    {
+        offered_ = std::move(offered);
+        dialog_.Flags |= OFN_FILEMUSTEXIST;
+        return GetOpenFileNameW(&dialog_);
+    }
+    std::u16string Within(const char16_t* name) const { return folderText_ + u"/" + name; }
+
+    testing_support::QuietDesktopPlugged desktop_;
+    std::filesystem::path folder_;
+    std::u16string folderText_;
+    WCHAR file_[262] = u"new";
+    OPENFILENAMEW dialog_{};
+    FileDialogRequest request_{};
+    std::vector<std::u16string> offered_;
+};
+
+TEST_F(FileDialog, TellsTheDesktopWhatTheModuleAsks)
+{
+    EXPECT_FALSE(Save({}));
+    EXPECT_TRUE(request_.save);
+    EXPECT_EQ(request_.title, u"File");
+    EXPECT_EQ(request_.name, u"new");
+    EXPECT_EQ(request_.directory, folderText_);
+    EXPECT_EQ(request_.flags, 0xA8082EU);
+    ASSERT_EQ(request_.filters.size(), 2U);
+    EXPECT_EQ(request_.filters[0].name, u"Forms (*.oxl)");
+    EXPECT_EQ(request_.filters[1].patterns, u"*.*");
+}
+
+TEST_F(FileDialog, GivesTheWholePathWithTheDefaultExtension)
+{
+    EXPECT_TRUE(Save({u"a"}));
+    EXPECT_EQ(std::u16string(file_), Within(u"a.oxl"));
+    EXPECT_EQ(std::u16string(file_ + dialog_.nFileOffset), u"a.oxl");
+    EXPECT_EQ(std::u16string(file_ + dialog_.nFileExtension), u"oxl");
+}
+
+TEST_F(FileDialog, ShowsTheHookWhatWasPicked)
+{
+    EXPECT_TRUE(Save({u"form.a"}));
+    EXPECT_EQ(seen.name, u"form.a");
+    EXPECT_EQ(seen.folder, folderText_);
+    EXPECT_EQ(seen.data, 5);
+}
+
+TEST_F(FileDialog, CutsForTheHookWhatDoesNotFit)
+{
+    EXPECT_TRUE(Save({u"formulary.oxl"}));
+    EXPECT_EQ(seen.name, u"formula");
+}
+
+TEST_F(FileDialog, StaysWhenTheHookRefuses)
+{
+    seen.refused = u"a.oxl";
+    EXPECT_TRUE(Save({u"a", u"b"}));
+    EXPECT_EQ(std::u16string(file_), Within(u"b.oxl"));
+}
+
+TEST_F(FileDialog, AsksBeforeItReplacesAFile)
+{
+    EXPECT_FALSE(Save({u"old.oxl"}));
+    ASSERT_EQ(desktop_->boxes.size(), 1U);
+    EXPECT_EQ(desktop_->boxes[0].style, MB_OKCANCEL | MB_ICONEXCLAMATION);
+    desktop_->answer = IDOK;
+    EXPECT_TRUE(Save({u"old.oxl"}));
+}
+
+TEST_F(FileDialog, RefusesWhatIsNoFileOfAFolder)
+{
+    EXPECT_FALSE(Save({u"", u"missing/a", folderText_, u"b/", std::u16string(u"a\0b", 3)}));
+    EXPECT_EQ(desktop_->boxes.size(), 5U);
+}
+
+TEST_F(FileDialog, OpensOnlyWhatExists)
+{
+    EXPECT_FALSE(Open({u"a.oxl"}));
+    EXPECT_TRUE(Open({u"old"}));
+    EXPECT_EQ(std::u16string(file_), Within(u"old.oxl"));
+}
+
+TEST_F(FileDialog, FailsWhenTheBufferHasNoRoom)
+{
+    dialog_.nMaxFile = 10;
+    EXPECT_FALSE(Save({u"a"}));
+    EXPECT_EQ(file_[0], Within(u"a.oxl").size() + 1);
+}
+
+TEST_F(FileDialog, FailsAsTheFaultPlanSays)
+{
+    CurrentEnvironment().faults.Add("GetSaveFileNameW", 1, false);
+    EXPECT_FALSE(Save({u"a"}));
+    EXPECT_TRUE(Save({u"a"}));
+    CurrentEnvironment().faults.Clear();
+}
+
+TEST(Help, NamesTheTopicThatTheModuleAsksFor)
+{
+    const testing_support::QuietDesktopPlugged desktop;
+    EXPECT_TRUE(WinHelpW(nullptr, u"a.hlp", HELP_CONTEXT, 1101));
+    ASSERT_EQ(desktop->helps.size(), 1U);
+    EXPECT_EQ(desktop->helps[0].file, u"a.hlp");
+    EXPECT_EQ(desktop->helps[0].context, 1101U);
+}
+
+}  // namespace

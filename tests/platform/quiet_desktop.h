@@ -1,0 +1,60 @@
+// A desktop that shows nothing and leaves what a test cares about to the test.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/seams/desktop.h"
+#include "platform/seams/environment.h"
+#include "platform/seams/surface.h"
+#include "platform/user.h"
+
+namespace testing_support {
+
+class QuietDesktop : public platform::Desktop {
+  public:
+    std::function<void(HWND top)> run;  // what the user does while a dialog or sheet is up
+    std::function<std::optional<std::u16string>(const platform::FileDialogRequest&)> pick;
+    int answer = IDCANCEL;  // to message boxes that have a choice
+    std::vector<platform::MessageBoxRequest> boxes;
+    std::vector<platform::HelpRequest> helps;
+
+    void Opened(HWND) override {}
+    void Closed(HWND) override {}
+    void Run(HWND top) override
+    {
+        if (run) run(top);
+    }
+    void Changed(HWND) override {}
+    std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override
+    {
+        return std::make_shared<platform::RecordingSurface>();
+    }
+    int MessageBox(const platform::MessageBoxRequest& request) override
+    {
+        boxes.push_back(request);
+        return (request.style & 0x0F) == MB_OK ? IDOK : answer;
+    }
+    std::optional<std::u16string> PickFile(const platform::FileDialogRequest& request) override
+    {
+        return pick ? pick(request) : std::nullopt;
+    }
+    void Help(const platform::HelpRequest& request) override { helps.push_back(request); }
+    void Beep(UINT) override {}
+};
+
+// Plugs one in for as long as it lives.
+class QuietDesktopPlugged {
+  public:
+    QuietDesktopPlugged() { platform::CurrentEnvironment().desktop = desktop_; }
+    ~QuietDesktopPlugged() { platform::CurrentEnvironment().desktop.reset(); }
+    QuietDesktopPlugged(const QuietDesktopPlugged&) = delete;
+    QuietDesktopPlugged& operator=(const QuietDesktopPlugged&) = delete;
+    QuietDesktop* operator->() const { return desktop_.get(); }
+
+  private:
+    std::shared_ptr<QuietDesktop> desktop_ = std::make_shared<QuietDesktop>();
+};
+
+}  // namespace testing_support
