@@ -17,17 +17,17 @@ struct Dib {
 };
 
 // Uncompressed pixels of 1, 4, 8, 24 or 32 bits. Absent for anything else; *why then says what is wrong.
-std::optional<Dib> ParseDib(std::span<const std::uint8_t> bytes, std::string* why);
+QD_API std::optional<Dib> ParseDib(std::span<const std::uint8_t> bytes, std::string* why);
 
 // An icon's picture: the header's height counts the picture and the mask that follows it. Where the mask is
 // set the picture is transparent; 32-bit pictures with an alpha channel go by that.
-std::optional<PixelImage> ParseIconImage(std::span<const std::uint8_t> bytes, std::string* why);
+QD_API std::optional<PixelImage> ParseIconImage(std::span<const std::uint8_t> bytes, std::string* why);
 
 // One picture of an icon group, by the number of its resource.
 struct IconEntry {
     int width, height, bitsPerPixel;
     int resource;
 };
-std::optional<std::vector<IconEntry>> ParseIconGroup(std::span<const std::uint8_t> bytes, std::string* why);
+QD_API std::optional<std::vector<IconEntry>> ParseIconGroup(std::span<const std::uint8_t> bytes, std::string* why);
 
 }  // namespace platform::gdi

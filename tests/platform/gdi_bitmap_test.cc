@@ -1,0 +1,272 @@
+#include <array>
+
+#include "gdi_fixture.h"
+
+namespace gdi_test {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr COLORREF Red = RGB(255, 0, 0), Blue = RGB(0, 0, 255), White = RGB(255, 255, 255), Black = 0;
+
+// A memory context with a bitmap of its own.
+class Memory {
+  public:
+    Memory(int width, int height, UINT bits, const void* pixels = nullptr)
+        : context(CreateCompatibleDC(nullptr)),
+          bitmap_(CreateBitmap(width, height, 1, bits, pixels)),
+          before_(SelectObject(context, bitmap_)),
+          width_(width),
+          height_(height)
+    {
+    }
+    ~Memory()
+    {
+        SelectObject(context, before_);
+        DeleteDC(context);
+        DeleteObject(bitmap_);
+    }
+    Memory(const Memory&) = delete;
+    Memory& operator=(const Memory&) = delete;
+
+    // Row by row, as "ff0000".
+    Lines Pixels() const
+    {
+        Lines pixels;
+        for (int y = 0; y < height_; ++y)
+            for (int x = 0; x < width_; ++x) pixels.push_back(Hex(GetPixel(context, x, y)));
+        return pixels;
+    }
+
+    const HDC context;
+
+  private:
+    HBITMAP bitmap_;
+    HGDIOBJ before_;
+    int width_, height_;
+};
+
+// Two by one: blue, red (colours of COLORREF stand as red, green, blue from the lowest byte on).
+constexpr std::array<std::uint8_t, 8> BlueRed = {255, 0, 0, 0, 0, 0, 255, 0};
+// Two by two: 10 / 01.
+constexpr std::array<std::uint8_t, 4> Diagonal = {0x80, 0, 0x40, 0};
+
+using Bitmaps = Drawing;
+
+TEST_F(Bitmaps, PixelsComeInAsTheyAreGiven)
+{
+    const Memory colored(2, 1, 32, BlueRed.data()), mono(2, 2, 1, Diagonal.data());
+    EXPECT_EQ(GetPixel(colored.context, 0, 0), Blue);
+    EXPECT_EQ(GetPixel(colored.context, 1, 0), Red);
+    EXPECT_EQ(GetPixel(colored.context, 2, 0), CLR_INVALID);
+    EXPECT_EQ(GetPixel(colored.context, 0, -1), CLR_INVALID);
+    EXPECT_THAT(mono.Pixels(), ElementsAre("ffffff", "000000", "000000", "ffffff"));
+}
+
+TEST_F(Bitmaps, OfUnknownDepthOrEndlessSizeAreRefused)
+{
+    EXPECT_EQ(CreateBitmap(1, 1, 1, 8, nullptr), nullptr);
+    EXPECT_EQ(CreateBitmap(1, 1, 3, 1, nullptr), nullptr);
+    EXPECT_EQ(CreateBitmap(-1, 1, 1, 1, nullptr), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(CreateBitmap(2147483647, 2147483647, 1, 1, nullptr), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_NOT_ENOUGH_MEMORY);
+}
+
+TEST_F(Bitmaps, AreDescribedWithTheirRows)
+{
+    const HBITMAP bitmap = CreateBitmap(17, 3, 1, 1, nullptr);
+    BITMAP told{};
+    EXPECT_EQ(GetObjectW(bitmap, sizeof told, &told), int{sizeof told});
+    EXPECT_EQ(told.bmWidth, 17);
+    EXPECT_EQ(told.bmHeight, 3);
+    EXPECT_EQ(told.bmWidthBytes, 4);
+    EXPECT_EQ(told.bmBitsPixel, 1);
+    EXPECT_EQ(GetObjectW(bitmap, 8, &told), 0);
+    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
+    DeleteObject(bitmap);
+}
+
+TEST_F(Bitmaps, FillsStayWithinBitmapAndClip)
+{
+    const Memory memory(3, 1, 32);
+    const HBRUSH red = CreateSolidBrush(Red);
+    const HRGN all = CreateRectRgn(-1000000, -1000000, 1000000, 1000000), middle = CreateRectRgn(1, 0, 2, 1);
+    EXPECT_TRUE(FillRgn(memory.context, all, red));
+    SelectClipRgn(memory.context, middle);
+    EXPECT_TRUE(PaintRgn(memory.context, all));
+    EXPECT_THAT(memory.Pixels(), ElementsAre("0000ff", "ffffff", "0000ff"));
+    for (const HGDIOBJ object : {HGDIOBJ{red}, HGDIOBJ{all}, HGDIOBJ{middle}}) DeleteObject(object);
+}
+
+TEST_F(Bitmaps, ARectangleHasItsOutline)
+{
+    const Memory memory(4, 3, 32);
+    EXPECT_TRUE(Rectangle(memory.context, 1, 0, 4, 3));
+    EXPECT_EQ(GetPixel(memory.context, 2, 1), White);
+    EXPECT_EQ(GetPixel(memory.context, 1, 1), Black);
+    EXPECT_EQ(GetPixel(memory.context, 3, 2), Black);
+}
+
+TEST_F(Bitmaps, OnMonochromeTheLighterColoursAreWhite)
+{
+    const Memory memory(2, 1, 1);
+    const HBRUSH light = CreateSolidBrush(RGB(200, 200, 100));
+    const RECT first{0, 0, 1, 1};
+    FillRect(memory.context, &first, light);
+    EXPECT_THAT(memory.Pixels(), ElementsAre("ffffff", "000000"));
+    DeleteObject(light);
+}
+
+TEST_F(Bitmaps, WhatNeedsASurfaceIsRefused)
+{
+    const Memory memory(2, 2, 32);
+    EXPECT_FALSE(LineTo(memory.context, 1, 1));
+    EXPECT_FALSE(TextOutW(memory.context, 0, 0, u"a", 1));
+    EXPECT_FALSE(Arc(memory.context, 0, 0, 2, 2, 0, 0, 0, 0));
+    EXPECT_EQ(GetLastError(), ERROR_NOT_SUPPORTED);
+}
+
+struct OperationRow {
+    const char* name;
+    DWORD operation;
+    COLORREF result;  // of 0x0F0F0F on the target and 0x333333 from the source
+};
+const OperationRow OperationRows[] = {
+    {"Copy",   SRCCOPY,   0x333333},
+    {"And",    SRCAND,    0x030303},
+    {"Paint",  SRCPAINT,  0x3F3F3F},
+    {"Invert", SRCINVERT, 0x3C3C3C},
+};
+
+class Operations : public Drawing, public testing::WithParamInterface<OperationRow> {};
+
+TEST_P(Operations, CombineSourceAndTarget)
+{
+    const Memory target(1, 1, 32), source(1, 1, 32);
+    const RECT box{0, 0, 1, 1};
+    for (const auto& [context, color] : {std::pair(target.context, 0x0F0F0F), std::pair(source.context, 0x333333)}) {
+        const HBRUSH brush = CreateSolidBrush(static_cast<COLORREF>(color));
+        FillRect(context, &box, brush);
+        DeleteObject(brush);
+    }
+    EXPECT_TRUE(StretchBlt(target.context, 0, 0, 1, 1, source.context, 0, 0, 1, 1, GetParam().operation));
+    EXPECT_EQ(GetPixel(target.context, 0, 0), GetParam().result);
+}
+
+INSTANTIATE_TEST_SUITE_P(Gdi, Operations, testing::ValuesIn(OperationRows),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+struct StretchRow {
+    const char* name;
+    int x, width, sourceX, sourceWidth;
+    const char* result;  // four pixels of a target of dots, from a source of blue (B) and red (R)
+};
+const StretchRow StretchRows[] = {
+    {"OneToOne",           1, 2,           0, 2,           ".BR."},
+    {"Doubled",            0, 4,           0, 2,           "BBRR"},
+    {"ThreeForTwo",        0, 3,           0, 2,           "BRR."},
+    {"Halved",             0, 1,           0, 2,           "R..."},
+    {"Mirrored",           4, -4,          0, 2,           "RRBB"},
+    {"MirroredSource",     0, 4,           2, -2,          "RRBB"},
+    {"MirroredTwice",      4, -4,          2, -2,          "BBRR"},
+    {"BeyondTheSource",    0, 4,           -1, 4,          ".BR."},
+    {"BeyondTheTarget",    -2, 4,          0, 2,           "RR.."},
+    {"FarBeyondBoth",      -2000000000, 2147483647, -2000000000, 2147483647, "BR.."},
+    {"NoWidth",            0, 0,           0, 2,           "...."},
+};
+
+class Stretches : public Drawing, public testing::WithParamInterface<StretchRow> {
+  protected:
+    static char Letter(COLORREF color) { return color == Blue ? 'B' : color == Red ? 'R' : '.'; }
+};
+
+TEST_P(Stretches, TakeTheNearestPixel)
+{
+    const StretchRow& row = GetParam();
+    const Memory target(4, 1, 32), source(2, 1, 32, BlueRed.data());
+    EXPECT_TRUE(StretchBlt(target.context, row.x, 0, row.width, 1, source.context, row.sourceX, 0, row.sourceWidth, 1,
+                           SRCCOPY));
+    std::string result;
+    for (int x = 0; x < 4; ++x) result += Letter(GetPixel(target.context, x, 0));
+    EXPECT_EQ(result, row.result);
+}
+
+INSTANTIATE_TEST_SUITE_P(Gdi, Stretches, testing::ValuesIn(StretchRows),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(Bitmaps, ColourBecomesMonochromeByTheSourcesBackground)
+{
+    const Memory mono(2, 1, 1), colored(2, 1, 32, BlueRed.data());
+    SetBkColor(colored.context, Red);
+    StretchBlt(mono.context, 0, 0, 2, 1, colored.context, 0, 0, 2, 1, SRCCOPY);
+    EXPECT_THAT(mono.Pixels(), ElementsAre("000000", "ffffff"));
+}
+
+TEST_F(Bitmaps, MonochromeBecomesTextAndBackgroundColour)
+{
+    const Memory colored(2, 1, 32), mono(2, 2, 1, Diagonal.data());
+    SetTextColor(colored.context, Red);
+    SetBkColor(colored.context, Blue);
+    StretchBlt(colored.context, 0, 0, 2, 1, mono.context, 0, 0, 2, 1, SRCCOPY);
+    EXPECT_EQ(GetPixel(colored.context, 0, 0), Blue);
+    EXPECT_EQ(GetPixel(colored.context, 1, 0), Red);
+}
+
+TEST_F(Bitmaps, APictureIsLaidOverABackgroundByItsKeyColour)
+{
+    // Blue, at the top left, is the key; the background is white.
+    const Memory image(2, 1, 32), source(2, 1, 32, BlueRed.data()), mask(2, 1, 1);
+    const HRGN all = CreateRectRgn(0, 0, 2, 1);
+    FillRgn(image.context, all, static_cast<HBRUSH>(GetStockObject(LTGRAY_BRUSH)));
+    DeleteObject(all);
+    SetBkColor(source.context, GetPixel(source.context, 0, 0));
+    SetBkColor(image.context, White);
+    SetTextColor(image.context, Black);
+    const auto copy = [](const Memory& to, const Memory& from, DWORD operation) {
+        EXPECT_TRUE(StretchBlt(to.context, 0, 0, 2, 1, from.context, 0, 0, 2, 1, operation));
+    };
+    copy(mask, source, SRCCOPY);
+    copy(image, source, SRCINVERT);
+    copy(image, mask, SRCAND);
+    copy(image, source, SRCINVERT);
+    EXPECT_THAT(image.Pixels(), ElementsAre(Hex(RGB(192, 192, 192)), Hex(Red)));
+}
+
+TEST_F(Bitmaps, BlocksMayOverlapWithinOneBitmap)
+{
+    constexpr std::array<std::uint8_t, 12> Pixels = {1, 0, 0, 0, 2, 0, 0, 0, 3, 0, 0, 0};
+    const Memory memory(3, 1, 32, Pixels.data());
+    StretchBlt(memory.context, 1, 0, 2, 1, memory.context, 0, 0, 2, 1, SRCCOPY);
+    EXPECT_THAT(memory.Pixels(), ElementsAre("010000", "010000", "020000"));
+}
+
+TEST_F(Bitmaps, OnASurfaceABlockIsAnImageInItsPlace)
+{
+    const Memory source(2, 1, 32, BlueRed.data());
+    const HDC job = Job();
+    EXPECT_TRUE(StretchBlt(job, 10, 20, 100, 50, source.context, 0, 0, 2, 1, SRCCOPY));
+    EXPECT_TRUE(StretchBlt(job, 110, 20, -100, 50, source.context, 0, 0, 2, 1, SRCCOPY));
+    EXPECT_TRUE(StretchBlt(job, 0, 0, 100, 50, source.context, 1, 0, 2, 1, SRCCOPY));
+    EXPECT_TRUE(StretchBlt(job, 0, 0, 100, 50, source.context, 5, 0, 2, 1, SRCCOPY));
+    EXPECT_THAT(page->Take(), ElementsAre("image 10,20,110,70 of 2x1 0000ff ff0000",
+                                          "image 10,20,110,70 of 2x1 ff0000 0000ff", "image 0,0,50,50 of 1x1 ff0000"));
+    platform::gdi::DeleteJobContext(job);
+}
+
+TEST_F(Bitmaps, ASurfaceIsNeverRead)
+{
+    const Memory memory(2, 1, 32);
+    const HDC job = Job();
+    EXPECT_FALSE(StretchBlt(memory.context, 0, 0, 2, 1, job, 0, 0, 2, 1, SRCCOPY));
+    EXPECT_FALSE(StretchBlt(job, 0, 0, 2, 1, memory.context, 0, 0, 2, 1, SRCAND));
+    EXPECT_FALSE(StretchBlt(memory.context, 0, 0, 2, 1, memory.context, 0, 0, 2, 1, 0x00550009));
+    EXPECT_EQ(GetPixel(job, 0, 0), CLR_INVALID);
+    EXPECT_EQ(GetLastError(), ERROR_NOT_SUPPORTED);
+    EXPECT_FALSE(StretchBlt(job, 0, 0, 2, 1, nullptr, 0, 0, 2, 1, SRCCOPY));
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+    platform::gdi::DeleteJobContext(job);
+}
+
+}  // namespace
+}  // namespace gdi_test

@@ -1,0 +1,118 @@
+#include "gdi_fixture.h"
+
+namespace gdi_test {
+namespace {
+
+struct MappingRow {
+    const char* name;
+    int mode;
+    POINT windowOrigin;
+    SIZE window;
+    POINT viewportOrigin;
+    SIZE viewport;
+    SIZE adjusted;  // the viewport's extent as it then is
+    POINT logical;
+    const char* device;
+};
+
+// Every context starts with 1024 by 768 pixels at 96 dots per inch; a job as the fixture makes it.
+const MappingRow MappingRows[] = {
+    {"TextModeOnlyMoves",   MM_TEXT,        {5, 6}, {9, 9},        {2, 3}, {7, 7},      {1, 1},       {10, 20},   "7,17"   },
+    {"ScalesAndRoundsUp",   MM_ANISOTROPIC, {0, 0}, {10, 10},      {0, 0}, {5, 5},      {5, 5},       {3, 5},     "2,3"    },
+    {"RoundsHalvesUpwards", MM_ANISOTROPIC, {0, 0}, {2, 2},        {0, 0}, {1, 1},      {1, 1},       {-1, -3},   "0,-1"   },
+    {"EachAxisByItself",    MM_ANISOTROPIC, {0, 0}, {100, 200},    {0, 0}, {10, 100},   {10, 100},    {50, 50},   "5,25"   },
+    {"OriginsOnBothSides",  MM_ANISOTROPIC, {10, 0}, {10, 10},     {100, 7}, {20, 20},  {20, 20},     {11, 1},    "102,9"  },
+    {"BothAxesRunDown",     MM_ISOTROPIC,   {0, 0}, {4898, -6398}, {0, 0}, {4898, -6398}, {4898, -6398}, {100, 200}, "100,200"},
+    {"YMayRunUp",           MM_ISOTROPIC,   {0, 0}, {100, 100},    {0, 0}, {50, -50},   {50, -50},    {10, 10},   "5,-5"   },
+    {"WideViewportShrinks", MM_ISOTROPIC,   {0, 0}, {100, 100},    {0, 0}, {300, 50},   {50, 50},     {10, 10},   "5,5"    },
+    {"TallViewportShrinks", MM_ISOTROPIC,   {0, 0}, {5100, -6600}, {0, 0}, {77, -101},  {77, -100},   {5100, 6600}, "77,100"},
+    {"NeverToNothing",      MM_ISOTROPIC,   {0, 0}, {1, 1000},     {0, 0}, {100, 10},   {1, 10},      {5, 5},     "5,0"    },
+    {"FarOutIsHeld",        MM_ANISOTROPIC, {0, 0}, {1, 1},        {0, 0}, {2147483647, -2147483647}, {2147483647, -2147483647},
+     {2147483647, 2147483647}, "134217727,-134217727"},
+};
+
+class Mapping : public Drawing, public testing::WithParamInterface<MappingRow> {};
+
+TEST_P(Mapping, TurnsUnitsIntoPixels)
+{
+    const MappingRow& row = GetParam();
+    const HDC job = Job();
+    SetMapMode(job, row.mode);
+    SetWindowOrgEx(job, row.windowOrigin.x, row.windowOrigin.y, nullptr);
+    SetViewportOrgEx(job, row.viewportOrigin.x, row.viewportOrigin.y, nullptr);
+    EXPECT_TRUE(SetWindowExtEx(job, row.window.cx, row.window.cy, nullptr));
+    EXPECT_TRUE(SetViewportExtEx(job, row.viewport.cx, row.viewport.cy, nullptr));
+
+    SIZE adjusted{};
+    SetViewportExtEx(job, row.viewport.cx, row.viewport.cy, &adjusted);
+    EXPECT_EQ(adjusted.cx, row.adjusted.cx);
+    EXPECT_EQ(adjusted.cy, row.adjusted.cy);
+
+    MoveToEx(job, row.logical.x, row.logical.y, nullptr);
+    LineTo(job, row.logical.x, row.logical.y);
+    EXPECT_THAT(page->Take(), testing::ElementsAre(testing::StartsWith("line " + std::string(row.device) + " to")));
+    platform::gdi::DeleteJobContext(job);
+}
+
+INSTANTIATE_TEST_SUITE_P(Gdi, Mapping, testing::ValuesIn(MappingRows),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+using MappingModes = Drawing;
+
+TEST_F(MappingModes, IsotropicStartsWithTenthsOfMillimetresAndYRunningUp)
+{
+    const HDC screen = GetDC(nullptr);
+    EXPECT_EQ(SetMapMode(screen, MM_ISOTROPIC), MM_TEXT);
+    SIZE window{}, viewport{};
+    SetViewportExtEx(screen, 1, 1, &viewport);
+    SetWindowExtEx(screen, 1, 1, &window);
+    EXPECT_EQ(window.cx, 2709);
+    EXPECT_EQ(window.cy, 2032);
+    EXPECT_EQ(viewport.cx, 1024);
+    EXPECT_EQ(viewport.cy, -768);
+    ReleaseDC(nullptr, screen);
+}
+
+TEST_F(MappingModes, TextModePutsTheExtentsBack)
+{
+    const HDC screen = GetDC(nullptr);
+    SetMapMode(screen, MM_ANISOTROPIC);
+    SetWindowExtEx(screen, 10, 10, nullptr);
+    EXPECT_EQ(SetMapMode(screen, MM_TEXT), MM_ANISOTROPIC);
+    SIZE window{};
+    EXPECT_TRUE(SetWindowExtEx(screen, 5, 5, &window));
+    EXPECT_EQ(window.cx, 1);
+    ReleaseDC(nullptr, screen);
+}
+
+TEST_F(MappingModes, AnExtentOfNothingIsRefusedAndChangesNothing)
+{
+    const HDC screen = GetDC(nullptr);
+    SetMapMode(screen, MM_ANISOTROPIC);
+    SIZE extent{-7, -7};
+    EXPECT_FALSE(SetWindowExtEx(screen, 10, 0, &extent));
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(extent.cx, -7);
+    EXPECT_TRUE(SetWindowExtEx(screen, 10, 10, &extent));
+    EXPECT_EQ(extent.cx, 1);
+    ReleaseDC(nullptr, screen);
+}
+
+TEST_F(MappingModes, AUnitIsAsLongAcrossAsDownOnAPrinterOfUnevenDots)
+{
+    platform::gdi::JobDevice device;
+    device.dotsPerInchX = 1200;
+    device.dotsPerInchY = 600;
+    const HDC job = platform::gdi::CreateJobContext(device, page, nullptr);
+    SetMapMode(job, MM_ISOTROPIC);
+    SetWindowExtEx(job, 100, 100, nullptr);
+    SetViewportExtEx(job, 100, 100, nullptr);
+    SIZE viewport{};
+    SetViewportExtEx(job, 100, 100, &viewport);
+    EXPECT_EQ(viewport.cx, 100);
+    EXPECT_EQ(viewport.cy, 50);
+    platform::gdi::DeleteJobContext(job);
+}
+
+}  // namespace
+}  // namespace gdi_test

@@ -1,0 +1,274 @@
+#include <array>
+
+#include "gdi_fixture.h"
+
+namespace gdi_test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Draws on a job, whose surface gets the calls without a clip.
+class Shapes : public Drawing {
+  protected:
+    Shapes() : job(Job()) {}
+    ~Shapes() override
+    {
+        platform::gdi::DeleteJobContext(job);
+        for (const HGDIOBJ object : made_) EXPECT_TRUE(DeleteObject(object));
+    }
+    void Use(HGDIOBJ object)
+    {
+        SelectObject(job, object);
+        made_.push_back(object);
+    }
+    void Stretch(int window, int viewport)
+    {
+        SetMapMode(job, MM_ANISOTROPIC);
+        SetWindowExtEx(job, window, window, nullptr);
+        SetViewportExtEx(job, viewport, viewport, nullptr);
+    }
+    HDC job;
+
+  private:
+    std::vector<HGDIOBJ> made_;
+};
+
+TEST_F(Shapes, ARectangleIsPutInOrderAndScaled)
+{
+    Stretch(10, 5);
+    Rectangle(job, 100, 80, 20, 10);
+    EXPECT_THAT(page->Take(), ElementsAre("rectangle 10,5,50,40 pen 0/1/000000 brush ffffff"));
+}
+
+TEST_F(Shapes, WithoutAnOutlineTheFillingLosesItsLastColumnAndRow)
+{
+    SelectObject(job, GetStockObject(NULL_PEN));
+    Rectangle(job, 10, 10, 20, 12);
+    Rectangle(job, 10, 10, 11, 20);
+    EXPECT_THAT(page->Take(), ElementsAre("fill 10,10,19,11 ffffff"));
+}
+
+TEST_F(Shapes, WithoutOutlineAndFillingNothingIsDrawn)
+{
+    SelectObject(job, GetStockObject(NULL_PEN));
+    SelectObject(job, GetStockObject(NULL_BRUSH));
+    EXPECT_TRUE(Rectangle(job, 10, 10, 20, 20));
+    EXPECT_TRUE(LineTo(job, 5, 5));
+    EXPECT_THAT(page->Take(), IsEmpty());
+}
+
+TEST_F(Shapes, APenIsAsWideAsItsUnitsAndNeverThinnerThanAPixel)
+{
+    Stretch(10, 5);
+    Use(CreatePen(PS_SOLID, 8, 0x0000FF));
+    LineTo(job, 20, 0);
+    Use(CreatePen(PS_SOLID, 1, 0));
+    LineTo(job, 40, 0);
+    EXPECT_THAT(page->Take(), ElementsAre("line 0,0 to 10,0 pen 0/4/0000ff", "line 10,0 to 20,0 pen 0/1/000000"));
+}
+
+TEST_F(Shapes, TheGapsOfADottedLineShowAnOpaqueBackground)
+{
+    Use(CreatePen(PS_DOT, 1, 0));
+    SetBkColor(job, 0x00FF00);
+    SelectObject(job, GetStockObject(NULL_BRUSH));
+    Rectangle(job, 0, 0, 9, 9);
+    SetBkMode(job, TRANSPARENT);
+    Rectangle(job, 0, 0, 9, 9);
+    EXPECT_THAT(page->Take(),
+                ElementsAre("rectangle 0,0,9,9 pen 0/1/00ff00 brush none", "rectangle 0,0,9,9 pen 2/1/000000 brush none",
+                            "rectangle 0,0,9,9 pen 2/1/000000 brush none"));
+}
+
+TEST_F(Shapes, TheRasterModeCanMakeAllBlackOrWhite)
+{
+    Use(CreateSolidBrush(0x123456));
+    SetROP2(job, R2_BLACK);
+    Rectangle(job, 0, 0, 9, 9);
+    SetROP2(job, R2_WHITE);
+    Rectangle(job, 0, 0, 9, 9);
+    EXPECT_THAT(page->Take(), ElementsAre("rectangle 0,0,9,9 pen 0/1/000000 brush 000000",
+                                          "rectangle 0,0,9,9 pen 0/1/ffffff brush ffffff"));
+}
+
+TEST_F(Shapes, PolygonsAndArcsGoPointByPoint)
+{
+    Stretch(10, 5);
+    const std::array points{POINT{0, 0}, POINT{10, 0}, POINT{10, 20}};
+    EXPECT_TRUE(Polygon(job, points.data(), 3));
+    EXPECT_TRUE(Arc(job, 0, -14, 20, 14, 20, 0, 10, 14));
+    EXPECT_THAT(page->Take(), ElementsAre("polygon 0,0 5,0 5,10 pen 0/1/000000 brush ffffff",
+                                          "arc 0,-7,10,7 from 10,0 to 5,7 pen 0/1/000000"));
+    EXPECT_FALSE(Polygon(job, points.data(), 1));
+    EXPECT_FALSE(Polygon(job, nullptr, 3));
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+}
+
+TEST_F(Shapes, RegionsArePaintedInUnitsButClipInPixels)
+{
+    Stretch(10, 5);
+    const HRGN region = CreateRectRgn(40, 40, 20, 20);
+    EXPECT_TRUE(PaintRgn(job, region));
+    EXPECT_EQ(SelectClipRgn(job, region), SIMPLEREGION);
+    EXPECT_TRUE(FillRgn(job, region, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))));
+    EXPECT_EQ(SelectClipRgn(job, nullptr), SIMPLEREGION);
+    DeleteObject(region);
+    EXPECT_THAT(page->Take(),
+                ElementsAre("fill 10,10,20,20 ffffff", "clip 20,20,40,40", "fill 10,10,20,20 000000", "clip none"));
+}
+
+TEST_F(Shapes, ThroughAnEmptyClipNothingIsSeen)
+{
+    const HRGN region = CreateRectRgn(5, 5, 5, 9);
+    EXPECT_EQ(reinterpret_cast<std::intptr_t>(SelectObject(job, region)), NULLREGION);
+    EXPECT_TRUE(Rectangle(job, 0, 0, 9, 9));
+    EXPECT_TRUE(PaintRgn(job, region));
+    DeleteObject(region);
+    EXPECT_THAT(page->Take(), IsEmpty());
+}
+
+TEST_F(Shapes, TextIsScaledAndTakesItsColours)
+{
+    Stretch(10, 5);
+    LOGFONTW font{};
+    font.lfHeight = -41;
+    Use(CreateFontIndirectW(&font));
+    SetTextColor(job, 0x7F7F7F);
+    TextOutW(job, 20, 20, u"abcd", 3);
+    SetBkMode(job, TRANSPARENT);
+    const RECT clip{10, 10, 50, 50};
+    ExtTextOutW(job, 0, 0, ETO_CLIPPED, &clip, u"1", 1, nullptr);
+    EXPECT_THAT(page->Take(), ElementsAre("text 10,10 \"abc\" height -21 color 7f7f7f on ffffff",
+                                          "text 0,0 \"1\" height -21 color 7f7f7f within 5,5,25,25"));
+}
+
+TEST_F(Shapes, AnOpaqueRectangleIsFilledEvenWithoutAText)
+{
+    const RECT strip{1, 2, 30, 3};
+    SetBkColor(job, 0x808080);
+    EXPECT_TRUE(ExtTextOutW(job, 0, 0, ETO_OPAQUE, &strip, nullptr, 0, nullptr));
+    EXPECT_TRUE(ExtTextOutW(job, 0, 0, 0, nullptr, u"", 0, nullptr));
+    EXPECT_THAT(page->Take(), ElementsAre("fill 1,2,30,3 808080"));
+}
+
+TEST_F(Shapes, ATextThatIsNotThereOrSpacedByHandIsRefused)
+{
+    const INT advances[] = {5};
+    EXPECT_FALSE(TextOutW(job, 0, 0, nullptr, 1));
+    EXPECT_FALSE(TextOutW(job, 0, 0, u"a", -1));
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    EXPECT_FALSE(ExtTextOutW(job, 0, 0, 0, nullptr, u"a", 1, advances));
+    EXPECT_EQ(GetLastError(), ERROR_NOT_SUPPORTED);
+    EXPECT_THAT(page->Take(), IsEmpty());
+}
+
+TEST_F(Shapes, TextCanGoOnFromTheCurrentPosition)
+{
+    LOGFONTW font{};
+    font.lfHeight = -20;
+    Use(CreateFontIndirectW(&font));
+    SetTextAlign(job, TA_UPDATECP);
+    MoveToEx(job, 100, 50, nullptr);
+    TextOutW(job, 0, 0, u"ab", 2);
+    POINT position{};
+    MoveToEx(job, 0, 0, &position);
+    EXPECT_EQ(position.x, 120);
+    EXPECT_THAT(page->Take(), ElementsAre(testing::StartsWith("text 100,50")));
+}
+
+TEST_F(Shapes, ExtentIsInUnitsWhateverTheMapping)
+{
+    Stretch(10, 1);
+    LOGFONTW font{};
+    font.lfHeight = -300;
+    Use(CreateFontIndirectW(&font));
+    SIZE extent{};
+    EXPECT_TRUE(GetTextExtentPointW(job, u"CONFIDENTIAL", 12, &extent));
+    EXPECT_EQ(extent.cx, 1800);
+    EXPECT_EQ(extent.cy, 337);
+    platform::CurrentEnvironment().fonts = nullptr;
+    EXPECT_FALSE(GetTextExtentPointW(job, u"CONFIDENTIAL", 12, &extent));
+}
+
+int CountUpTo(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM parameter)
+{
+    auto* left = reinterpret_cast<int*>(parameter);
+    return --*left;
+}
+
+TEST_F(Shapes, FontsComeByFamilyOrByStyleUntilTheCallbackHasEnough)
+{
+    int left = 100;
+    EXPECT_EQ(EnumFontsW(job, nullptr, CountUpTo, reinterpret_cast<LPARAM>(&left)), 97);
+    EXPECT_EQ(EnumFontsW(job, u"Arial", CountUpTo, reinterpret_cast<LPARAM>(&left)), 93);
+    EXPECT_EQ(EnumFontsW(job, u"No Such Face", CountUpTo, reinterpret_cast<LPARAM>(&left)), 1);
+    left = 2;
+    EXPECT_EQ(EnumFontsW(job, u"Arial", CountUpTo, reinterpret_cast<LPARAM>(&left)), 0);
+    EXPECT_EQ(left, 0);
+    EXPECT_EQ(EnumFontsW(job, nullptr, nullptr, 0), 0);
+}
+
+using WindowShapes = Drawing;
+
+TEST_F(WindowShapes, AControlDrawsInItsPartOfThePictureAndLeavesNoClip)
+{
+    const HDC context = GetDC(control);
+    RECT client{};
+    EXPECT_TRUE(GetClientRect(control, &client));
+    EXPECT_EQ(client.right, 50);
+    EXPECT_EQ(client.bottom, 30);
+    Rectangle(context, 0, 0, 500, 500);
+    EXPECT_THAT(picture->Take(), ElementsAre("clip 10,20,60,50", "rectangle 10,20,510,520 pen 0/1/000000 brush ffffff",
+                                             "clip none"));
+    ReleaseDC(control, context);
+}
+
+TEST_F(WindowShapes, ARegionClipsWithinTheControl)
+{
+    const HDC context = GetDC(control);
+    const HRGN region = CreateRectRgn(-5, 5, 2000000000, 10);
+    SelectClipRgn(context, region);
+    SetViewportOrgEx(context, 3, 3, nullptr);
+    const RECT box{0, 0, 9, 9};
+    FillRect(context, &box, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+    EXPECT_THAT(picture->Take(), ElementsAre("clip 10,25,60,30", "fill 13,23,22,32 000000", "clip none"));
+    ReleaseDC(control, context);
+    DeleteObject(region);
+}
+
+TEST_F(WindowShapes, ADialogDrawsOnItsWholePicture)
+{
+    const HDC context = GetDC(dialog);
+    LineTo(context, 5, 5);
+    EXPECT_THAT(picture->Take(), ElementsAre("clip 0,0,100,80", "line 0,0 to 5,5 pen 0/1/000000", "clip none"));
+    ReleaseDC(dialog, context);
+}
+
+TEST_F(WindowShapes, AnEdgeIsNoPartOfTheClientRectangle)
+{
+    platform::user::Get(control)->exStyle = 0x0200;
+    RECT client{};
+    GetClientRect(control, &client);
+    EXPECT_EQ(client.right, 46);
+    const HDC context = GetDC(control);
+    const RECT box{0, 0, 1, 1};
+    FillRect(context, &box, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+    EXPECT_THAT(picture->Take(), ElementsAre("clip 12,22,58,48", "fill 12,22,13,23 000000", "clip none"));
+    ReleaseDC(control, context);
+}
+
+TEST_F(WindowShapes, TheScreenAndAJobWithoutAPageTakeDrawingAndShowNothing)
+{
+    const HDC screen = GetDC(nullptr), job = Job();
+    EXPECT_TRUE(platform::gdi::SetJobSurface(job, nullptr));
+    EXPECT_FALSE(platform::gdi::SetJobSurface(screen, page));
+    EXPECT_TRUE(Rectangle(screen, 0, 0, 5, 5));
+    EXPECT_TRUE(TextOutW(job, 0, 0, u"a", 1));
+    EXPECT_THAT(page->Take(), IsEmpty());
+    platform::gdi::DeleteJobContext(job);
+    ReleaseDC(nullptr, screen);
+}
+
+}  // namespace
+}  // namespace gdi_test
