@@ -155,7 +155,7 @@ TEST_P(Operations, CombineSourceAndTarget)
 }
 
 INSTANTIATE_TEST_SUITE_P(Gdi, Operations, testing::ValuesIn(OperationRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& test) { return std::string(test.param.name); });
 
 struct StretchRow {
     const char* name;
@@ -163,17 +163,17 @@ struct StretchRow {
     const char* result;  // four pixels of a target of dots, from a source of blue (B) and red (R)
 };
 const StretchRow StretchRows[] = {
-    {"OneToOne",           1, 2,           0, 2,           ".BR."},
-    {"Doubled",            0, 4,           0, 2,           "BBRR"},
-    {"ThreeForTwo",        0, 3,           0, 2,           "BRR."},
-    {"Halved",             0, 1,           0, 2,           "R..."},
-    {"Mirrored",           4, -4,          0, 2,           "RRBB"},
-    {"MirroredSource",     0, 4,           2, -2,          "RRBB"},
-    {"MirroredTwice",      4, -4,          2, -2,          "BBRR"},
-    {"BeyondTheSource",    0, 4,           -1, 4,          ".BR."},
-    {"BeyondTheTarget",    -2, 4,          0, 2,           "RR.."},
-    {"FarBeyondBoth",      -2000000000, 2147483647, -2000000000, 2147483647, "BR.."},
-    {"NoWidth",            0, 0,           0, 2,           "...."},
+    {"OneToOne",        1,           2,          0,           2,          ".BR."},
+    {"Doubled",         0,           4,          0,           2,          "BBRR"},
+    {"ThreeForTwo",     0,           3,          0,           2,          "BRR."},
+    {"Halved",          0,           1,          0,           2,          "R..."},
+    {"Mirrored",        4,           -4,         0,           2,          "RRBB"},
+    {"MirroredSource",  0,           4,          2,           -2,         "RRBB"},
+    {"MirroredTwice",   4,           -4,         2,           -2,         "BBRR"},
+    {"BeyondTheSource", 0,           4,          -1,          4,          ".BR."},
+    {"BeyondTheTarget", -2,          4,          0,           2,          "RR.."},
+    {"FarBeyondBoth",   -2000000000, 2147483647, -2000000000, 2147483647, "BR.."},
+    {"NoWidth",         0,           0,          0,           2,          "...."},
 };
 
 class Stretches : public Drawing, public testing::WithParamInterface<StretchRow> {
@@ -193,7 +193,7 @@ TEST_P(Stretches, TakeTheNearestPixel)
 }
 
 INSTANTIATE_TEST_SUITE_P(Gdi, Stretches, testing::ValuesIn(StretchRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& test) { return std::string(test.param.name); });
 
 TEST_F(Bitmaps, ColourBecomesMonochromeByTheSourcesBackground)
 {

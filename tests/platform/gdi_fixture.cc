@@ -7,10 +7,20 @@ namespace {
 using platform::TraceOwner;
 using platform::TraceValue;
 
-std::string Joined(const Lines& parts, const char* open, const char* close)
+std::string Joined(const Lines& parts, char between)
 {
-    std::string text = open;
-    for (const std::string& part : parts) text += (&part == &parts.front() ? "" : ",") + part;
+    std::string text;
+    for (const std::string& part : parts) {
+        if (&part != &parts.front()) text += between;
+        text += part;
+    }
+    return text;
+}
+
+std::string Within(char open, const Lines& parts, char close)
+{
+    std::string text(1, open);
+    text += Joined(parts, ',');
     return text + close;
 }
 
@@ -21,7 +31,78 @@ std::string HexOf(const TraceValue::Binary& binary)
     return text;
 }
 
+std::string Shown(POINT point) { return Joined({std::to_string(point.x), std::to_string(point.y)}, ','); }
+
+std::string Shown(const RECT& box)
+{
+    return Joined({Shown(POINT{box.left, box.top}), Shown(POINT{box.right, box.bottom})}, ',');
+}
+
+std::string Shown(const platform::PenSpec& pen)
+{
+    return Joined({std::to_string(pen.style), std::to_string(pen.width), Hex(pen.color)}, '/');
+}
+
+std::string Shown(const platform::BrushSpec& brush) { return brush ? Hex(*brush) : "none"; }
+
 }  // namespace
+
+std::string Hex(COLORREF color)
+{
+    constexpr char Digits[] = "0123456789abcdef";
+    std::string text;
+    for (int shift = 20; shift >= 0; shift -= 4) text += Digits[color >> shift & 15];
+    return text;
+}
+
+void SurfaceLog::Add(const Lines& words) { lines_.push_back(Joined(words, ' ')); }
+
+void SurfaceLog::SetClip(const std::optional<RECT>& clip) { Add({"clip", clip ? Shown(*clip) : "none"}); }
+
+void SurfaceLog::Line(const platform::PenSpec& pen, POINT from, POINT to)
+{
+    Add({"line", Shown(from), "to", Shown(to), "pen", Shown(pen)});
+}
+
+void SurfaceLog::Rectangle(const platform::PenSpec& pen, const platform::BrushSpec& brush, const RECT& box)
+{
+    Add({"rectangle", Shown(box), "pen", Shown(pen), "brush", Shown(brush)});
+}
+
+void SurfaceLog::Polygon(const platform::PenSpec& pen, const platform::BrushSpec& brush, std::span<const POINT> points)
+{
+    Lines words = {"polygon"};
+    for (const POINT& point : points) words.push_back(Shown(point));
+    words.insert(words.end(), {"pen", Shown(pen), "brush", Shown(brush)});
+    Add(words);
+}
+
+void SurfaceLog::Arc(const platform::PenSpec& pen, const RECT& box, POINT start, POINT end)
+{
+    Add({"arc", Shown(box), "from", Shown(start), "to", Shown(end), "pen", Shown(pen)});
+}
+
+void SurfaceLog::Fill(const RECT& box, COLORREF color) { Add({"fill", Shown(box), Hex(color)}); }
+
+void SurfaceLog::Text(const platform::TextSpec& text)
+{
+    Lines words = {"text", Shown(text.origin), platform::ToUtf8(text.text)};
+    words.insert(words.end(), {"height", std::to_string(text.font.lfHeight), "color", Hex(text.color)});
+    if (text.background) words.insert(words.end(), {"on", Hex(*text.background)});
+    if (text.clip) words.insert(words.end(), {"within", Shown(*text.clip)});
+    Add(words);
+}
+
+void SurfaceLog::Image(const RECT& target, const platform::PixelImage& image)
+{
+    Lines words = {"image", Shown(target), "of",
+                   Joined({std::to_string(image.width), std::to_string(image.height)}, 'x')};
+    if (image.pixels.size() <= 16)
+        for (const std::uint32_t pixel : image.pixels) words.push_back(pixel >> 24 ? Hex(pixel) : "-");
+    Add(words);
+}
+
+void SurfaceLog::Erase(const RECT& box) { Add({"erase", Shown(box)}); }
 
 std::string Text(const TraceValue& traced)
 {
@@ -32,11 +113,11 @@ std::string Text(const TraceValue& traced)
     Lines parts;
     if (const auto* array = std::get_if<TraceValue::Array>(&value)) {
         for (const TraceValue& part : *array) parts.push_back(Text(part));
-        return Joined(parts, "[", "]");
+        return Within('[', parts, ']');
     }
     if (const auto* fields = std::get_if<TraceValue::Object>(&value)) {
         for (const auto& [name, part] : *fields) parts.push_back(name + ":" + Text(part));
-        return Joined(parts, "{", "}");
+        return Within('{', parts, '}');
     }
     return "null";
 }

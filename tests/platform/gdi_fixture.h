@@ -24,66 +24,26 @@ namespace gdi_test {
 
 using Lines = std::vector<std::string>;
 
-inline std::string Hex(COLORREF color)
-{
-    constexpr char Digits[] = "0123456789abcdef";
-    std::string text;
-    for (int shift = 20; shift >= 0; shift -= 4) text += Digits[color >> shift & 15];
-    return text;
-}
+std::string Hex(COLORREF color);  // "00ff00"
 
-// "rectangle 1,2,11,12 pen 0/1/000000 brush ffffff", one line a call.
+// "rectangle 1,2,11,12 pen 0/1/000000 brush ffffff", one line a call: pens by style, width and colour.
 class SurfaceLog : public platform::Surface {
   public:
-    void SetClip(const std::optional<RECT>& clip) override { Add("clip " + (clip ? Text(*clip) : "none")); }
-    void Line(const platform::PenSpec& pen, POINT from, POINT to) override
-    {
-        Add("line " + Text(from) + " to " + Text(to) + Text(pen));
-    }
-    void Rectangle(const platform::PenSpec& pen, const platform::BrushSpec& brush, const RECT& box) override
-    {
-        Add("rectangle " + Text(box) + Text(pen) + Text(brush));
-    }
-    void Polygon(const platform::PenSpec& pen, const platform::BrushSpec& brush, std::span<const POINT> points) override
-    {
-        std::string corners;
-        for (const POINT& point : points) corners += " " + Text(point);
-        Add("polygon" + corners + Text(pen) + Text(brush));
-    }
-    void Arc(const platform::PenSpec& pen, const RECT& box, POINT start, POINT end) override
-    {
-        Add("arc " + Text(box) + " from " + Text(start) + " to " + Text(end) + Text(pen));
-    }
-    void Fill(const RECT& box, COLORREF color) override { Add("fill " + Text(box) + " " + Hex(color)); }
-    void Text(const platform::TextSpec& text) override
-    {
-        Add("text " + Text(text.origin) + " \"" + platform::ToUtf8(text.text) + "\" height " +
-            std::to_string(text.font.lfHeight) + " color " + Hex(text.color) +
-            (text.background ? " on " + Hex(*text.background) : "") + (text.clip ? " within " + Text(*text.clip) : ""));
-    }
-    void Image(const RECT& target, const platform::PixelImage& image) override
-    {
-        std::string pixels;
-        for (const std::uint32_t pixel : image.pixels) pixels += pixel >> 24 ? " " + Hex(pixel) : " -";
-        Add("image " + Text(target) + " of " + std::to_string(image.width) + "x" + std::to_string(image.height) +
-            (image.pixels.size() <= 16 ? pixels : ""));
-    }
-    void Erase(const RECT& box) override { Add("erase " + Text(box)); }
+    void SetClip(const std::optional<RECT>& clip) override;
+    void Line(const platform::PenSpec& pen, POINT from, POINT to) override;
+    void Rectangle(const platform::PenSpec& pen, const platform::BrushSpec& brush, const RECT& box) override;
+    void Polygon(const platform::PenSpec& pen, const platform::BrushSpec& brush,
+                 std::span<const POINT> points) override;
+    void Arc(const platform::PenSpec& pen, const RECT& box, POINT start, POINT end) override;
+    void Fill(const RECT& box, COLORREF color) override;
+    void Text(const platform::TextSpec& text) override;
+    void Image(const RECT& target, const platform::PixelImage& image) override;
+    void Erase(const RECT& box) override;
 
     Lines Take() { return std::exchange(lines_, {}); }
 
   private:
-    static std::string Text(POINT point) { return std::to_string(point.x) + "," + std::to_string(point.y); }
-    static std::string Text(const RECT& box)
-    {
-        return Text(POINT{box.left, box.top}) + "," + Text(POINT{box.right, box.bottom});
-    }
-    static std::string Text(const platform::PenSpec& pen)
-    {
-        return " pen " + std::to_string(pen.style) + "/" + std::to_string(pen.width) + "/" + Hex(pen.color);
-    }
-    static std::string Text(const platform::BrushSpec& brush) { return " brush " + (brush ? Hex(*brush) : "none"); }
-    void Add(std::string line) { lines_.push_back(std::move(line)); }
+    void Add(const Lines& words);
     Lines lines_;
 };
 

@@ -17,18 +17,38 @@ struct MappingRow {
 
 // Every context starts with 1024 by 768 pixels at 96 dots per inch; a job as the fixture makes it.
 const MappingRow MappingRows[] = {
-    {"TextModeOnlyMoves",   MM_TEXT,        {5, 6}, {9, 9},        {2, 3}, {7, 7},      {1, 1},       {10, 20},   "7,17"   },
-    {"ScalesAndRoundsUp",   MM_ANISOTROPIC, {0, 0}, {10, 10},      {0, 0}, {5, 5},      {5, 5},       {3, 5},     "2,3"    },
-    {"RoundsHalvesUpwards", MM_ANISOTROPIC, {0, 0}, {2, 2},        {0, 0}, {1, 1},      {1, 1},       {-1, -3},   "0,-1"   },
-    {"EachAxisByItself",    MM_ANISOTROPIC, {0, 0}, {100, 200},    {0, 0}, {10, 100},   {10, 100},    {50, 50},   "5,25"   },
-    {"OriginsOnBothSides",  MM_ANISOTROPIC, {10, 0}, {10, 10},     {100, 7}, {20, 20},  {20, 20},     {11, 1},    "102,9"  },
-    {"BothAxesRunDown",     MM_ISOTROPIC,   {0, 0}, {4898, -6398}, {0, 0}, {4898, -6398}, {4898, -6398}, {100, 200}, "100,200"},
-    {"YMayRunUp",           MM_ISOTROPIC,   {0, 0}, {100, 100},    {0, 0}, {50, -50},   {50, -50},    {10, 10},   "5,-5"   },
-    {"WideViewportShrinks", MM_ISOTROPIC,   {0, 0}, {100, 100},    {0, 0}, {300, 50},   {50, 50},     {10, 10},   "5,5"    },
-    {"TallViewportShrinks", MM_ISOTROPIC,   {0, 0}, {5100, -6600}, {0, 0}, {77, -101},  {77, -100},   {5100, 6600}, "77,100"},
-    {"NeverToNothing",      MM_ISOTROPIC,   {0, 0}, {1, 1000},     {0, 0}, {100, 10},   {1, 10},      {5, 5},     "5,0"    },
-    {"FarOutIsHeld",        MM_ANISOTROPIC, {0, 0}, {1, 1},        {0, 0}, {2147483647, -2147483647}, {2147483647, -2147483647},
-     {2147483647, 2147483647}, "134217727,-134217727"},
+    {"TextModeOnlyMoves",   MM_TEXT,        {5, 6},  {9, 9},     {2, 3},   {7, 7},    {1, 1},    {10, 20}, "7,17" },
+    {"ScalesAndRoundsUp",   MM_ANISOTROPIC, {0, 0},  {10, 10},   {0, 0},   {5, 5},    {5, 5},    {3, 5},   "2,3"  },
+    {"RoundsHalvesUpwards", MM_ANISOTROPIC, {0, 0},  {2, 2},     {0, 0},   {1, 1},    {1, 1},    {-1, -3}, "0,-1" },
+    {"EachAxisByItself",    MM_ANISOTROPIC, {0, 0},  {100, 200}, {0, 0},   {10, 100}, {10, 100}, {50, 50}, "5,25" },
+    {"OriginsOnBothSides",  MM_ANISOTROPIC, {10, 0}, {10, 10},   {100, 7}, {20, 20},  {20, 20},  {11, 1},  "102,9"},
+    {"BothAxesRunDown",
+     MM_ISOTROPIC,                          {0, 0},
+     {4898, -6398},
+     {0, 0},
+     {4898, -6398},
+     {4898, -6398},
+     {100, 200},
+     "100,200"                                                                                                    },
+    {"YMayRunUp",           MM_ISOTROPIC,   {0, 0},  {100, 100}, {0, 0},   {50, -50}, {50, -50}, {10, 10}, "5,-5" },
+    {"WideViewportShrinks", MM_ISOTROPIC,   {0, 0},  {100, 100}, {0, 0},   {300, 50}, {50, 50},  {10, 10}, "5,5"  },
+    {"TallViewportShrinks",
+     MM_ISOTROPIC,                          {0, 0},
+     {5100, -6600},
+     {0, 0},
+     {77, -101},
+     {77, -100},
+     {5100, 6600},
+     "77,100"                                                                                                     },
+    {"NeverToNothing",      MM_ISOTROPIC,   {0, 0},  {1, 1000},  {0, 0},   {100, 10}, {1, 10},   {5, 5},   "5,0"  },
+    {"FarOutIsHeld",
+     MM_ANISOTROPIC,                        {0, 0},
+     {1, 1},
+     {0, 0},
+     {2147483647, -2147483647},
+     {2147483647, -2147483647},
+     {2147483647, 2147483647},
+     "134217727,-134217727"                                                                                       },
 };
 
 class Mapping : public Drawing, public testing::WithParamInterface<MappingRow> {};
@@ -55,7 +75,7 @@ TEST_P(Mapping, TurnsUnitsIntoPixels)
 }
 
 INSTANTIATE_TEST_SUITE_P(Gdi, Mapping, testing::ValuesIn(MappingRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& test) { return std::string(test.param.name); });
 
 using MappingModes = Drawing;
 

@@ -76,9 +76,9 @@ TEST_F(Shapes, TheGapsOfADottedLineShowAnOpaqueBackground)
     Rectangle(job, 0, 0, 9, 9);
     SetBkMode(job, TRANSPARENT);
     Rectangle(job, 0, 0, 9, 9);
-    EXPECT_THAT(page->Take(),
-                ElementsAre("rectangle 0,0,9,9 pen 0/1/00ff00 brush none", "rectangle 0,0,9,9 pen 2/1/000000 brush none",
-                            "rectangle 0,0,9,9 pen 2/1/000000 brush none"));
+    EXPECT_THAT(page->Take(), ElementsAre("rectangle 0,0,9,9 pen 0/1/00ff00 brush none",
+                                          "rectangle 0,0,9,9 pen 2/1/000000 brush none",
+                                          "rectangle 0,0,9,9 pen 2/1/000000 brush none"));
 }
 
 TEST_F(Shapes, TheRasterModeCanMakeAllBlackOrWhite)
@@ -95,7 +95,11 @@ TEST_F(Shapes, TheRasterModeCanMakeAllBlackOrWhite)
 TEST_F(Shapes, PolygonsAndArcsGoPointByPoint)
 {
     Stretch(10, 5);
-    const std::array points{POINT{0, 0}, POINT{10, 0}, POINT{10, 20}};
+    const std::array points{
+        POINT{0,  0 },
+        POINT{10, 0 },
+        POINT{10, 20}
+    };
     EXPECT_TRUE(Polygon(job, points.data(), 3));
     EXPECT_TRUE(Arc(job, 0, -14, 20, 14, 20, 0, 10, 14));
     EXPECT_THAT(page->Take(), ElementsAre("polygon 0,0 5,0 5,10 pen 0/1/000000 brush ffffff",
@@ -139,8 +143,8 @@ TEST_F(Shapes, TextIsScaledAndTakesItsColours)
     SetBkMode(job, TRANSPARENT);
     const RECT clip{10, 10, 50, 50};
     ExtTextOutW(job, 0, 0, ETO_CLIPPED, &clip, u"1", 1, nullptr);
-    EXPECT_THAT(page->Take(), ElementsAre("text 10,10 \"abc\" height -21 color 7f7f7f on ffffff",
-                                          "text 0,0 \"1\" height -21 color 7f7f7f within 5,5,25,25"));
+    EXPECT_THAT(page->Take(), ElementsAre("text 10,10 abc height -21 color 7f7f7f on ffffff",
+                                          "text 0,0 1 height -21 color 7f7f7f within 5,5,25,25"));
 }
 
 TEST_F(Shapes, AnOpaqueRectangleIsFilledEvenWithoutAText)
@@ -219,8 +223,8 @@ TEST_F(WindowShapes, AControlDrawsInItsPartOfThePictureAndLeavesNoClip)
     EXPECT_EQ(client.right, 50);
     EXPECT_EQ(client.bottom, 30);
     Rectangle(context, 0, 0, 500, 500);
-    EXPECT_THAT(picture->Take(), ElementsAre("clip 10,20,60,50", "rectangle 10,20,510,520 pen 0/1/000000 brush ffffff",
-                                             "clip none"));
+    EXPECT_THAT(picture->Take(),
+                ElementsAre("clip 10,20,60,50", "rectangle 10,20,510,520 pen 0/1/000000 brush ffffff", "clip none"));
     ReleaseDC(control, context);
 }
 

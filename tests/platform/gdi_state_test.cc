@@ -1,3 +1,5 @@
+#include <cstring>
+
 #include "gdi_fixture.h"
 
 namespace gdi_test {
@@ -212,8 +214,7 @@ TEST_F(State, BrokenPensAreOnePixelWide)
     EXPECT_EQ(CreatePen(99, 1, 0), nullptr);
     platform::CurrentEnvironment().trace = trace;
     const HPEN wide = CreatePen(PS_DOT, 3, 0);
-    EXPECT_THAT(trace->Take(),
-                testing::ElementsAre("no dc: CreatePen [2,3,0] = {pen:{style:0,width:3,color:0}}"));
+    EXPECT_THAT(trace->Take(), testing::ElementsAre("no dc: CreatePen [2,3,0] = {pen:{style:0,width:3,color:0}}"));
     DeleteObject(wide);
 }
 
