@@ -1,0 +1,295 @@
+#include <cstdint>
+#include <random>
+
+#include "gdi_fixture.h"
+#include "platform/gdi/dib.h"
+#include "platform/gdi/paint.h"
+#include "platform/kernel/modules.h"
+
+namespace gdi_test {
+namespace {
+
+using platform::gdi::ParseDib;
+using platform::gdi::ParseIconGroup;
+using platform::gdi::ParseIconImage;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+using Data = std::vector<std::uint8_t>;
+
+// A header of 40 bytes and whatever follows it.
+struct DibParts {
+    std::uint32_t headerBytes = 40;
+    std::int32_t width = 2, height = 1;
+    std::uint16_t planes = 1, bits = 8;
+    std::uint32_t compression = 0, used = 2;
+    std::vector<std::uint32_t> table = {0x00FF0000, 0x000000FF};  // red, blue
+    Data pixels = {0, 1, 0, 0};
+
+    Data Bytes() const
+    {
+        Data data;
+        const auto put = [&](std::uint32_t value, int count) {
+            for (int i = 0; i < count; ++i) data.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+        };
+        put(headerBytes, 4);
+        put(static_cast<std::uint32_t>(width), 4);
+        put(static_cast<std::uint32_t>(height), 4);
+        put(planes, 2);
+        put(bits, 2);
+        put(compression, 4);
+        for (int i = 0; i < 3; ++i) put(0, 4);
+        put(used, 4);
+        put(0, 4);
+        for (const std::uint32_t color : table) put(color, 4);
+        data.insert(data.end(), pixels.begin(), pixels.end());
+        return data;
+    }
+};
+
+std::string Pixels(const platform::PixelImage& image)
+{
+    std::string text;
+    for (const std::uint32_t pixel : image.pixels) text += (pixel >> 24 ? Hex(pixel) : "-") + " ";
+    return text;
+}
+
+struct DibRow {
+    const char* name;
+    DibParts parts;
+    const char* pixels;
+};
+const DibRow DibRows[] = {
+    {"EightBits",         {},                                                                  "ff0000 0000ff "},
+    {"OneBit",            {40, 2, 1, 1, 1, 0, 2, {0xFF0000, 0xFF}, {0x40, 0, 0, 0}},           "ff0000 0000ff "},
+    {"FourBits",          {40, 2, 1, 1, 4, 0, 2, {0xFF0000, 0xFF}, {0x10, 0, 0, 0}},           "0000ff ff0000 "},
+    {"TwentyFourBits",    {40, 1, 1, 1, 24, 0, 0, {}, {0x33, 0x22, 0x11, 0}},                  "112233 "       },
+    {"ThirtyTwoBits",     {40, 1, 1, 1, 32, 0, 0, {}, {0x33, 0x22, 0x11, 0}},                  "112233 "       },
+    {"FromTheBottomUp",   {40, 1, 2, 1, 8, 0, 2, {0xFF0000, 0xFF}, {0, 0, 0, 0, 1, 0, 0, 0}},  "0000ff ff0000 "},
+    {"FromTheTopDown",    {40, 1, -2, 1, 8, 0, 2, {0xFF0000, 0xFF}, {0, 0, 0, 0, 1, 0, 0, 0}}, "ff0000 0000ff "},
+    {"BeyondItsTable",    {40, 1, 1, 1, 8, 0, 1, {0xFF0000}, {200, 0, 0, 0}},                  "000000 "       },
+    {"TableOfTrueColour", {40, 1, 1, 1, 24, 0, 2, {1, 2}, {0x33, 0x22, 0x11, 0}},              "112233 "       },
+};
+
+class Dibs : public testing::TestWithParam<DibRow> {};
+
+TEST_P(Dibs, GiveTheirPixelsFromTheTop)
+{
+    std::string why;
+    const auto dib = ParseDib(GetParam().parts.Bytes(), &why);
+    ASSERT_TRUE(dib) << why;
+    EXPECT_EQ(Pixels(dib->image), GetParam().pixels);
+}
+
+INSTANTIATE_TEST_SUITE_P(Gdi, Dibs, testing::ValuesIn(DibRows),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+struct DamagedRow {
+    const char* name;
+    DibParts parts;
+    const char* why;
+};
+const DamagedRow DamagedRows[] = {
+    {"SmallHeader",    {12, 2, 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},               "a header of 12 bytes"        },
+    {"HugeHeader",     {0xFFFFFFFF, 2, 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},       "a header of 4294967295 bytes"},
+    {"NoWidth",        {40, 0, 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},               "a size of 0 by 1"            },
+    {"NegativeWidth",  {40, -5, 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},              "a size of -5 by 1"           },
+    {"LeastHeight",    {40, 1, -2147483647 - 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}}, "a size of 1 by -2147483648"  },
+    {"EndlessSize",    {40, 2147483647, 2147483647, 1, 8, 0, 2, {1, 2}, {0}},      "a size of 2147483647"        },
+    {"Planes",         {40, 2, 1, 2, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},               "2 planes"                    },
+    {"Bits",           {40, 2, 1, 1, 16, 0, 0, {}, {0, 0, 0, 0}},                  "16 bits a pixel"             },
+    {"Compression",    {40, 2, 1, 1, 8, 1, 2, {1, 2}, {0, 0, 0, 0}},               "compression 1"               },
+    {"TooManyColours", {40, 2, 1, 1, 4, 0, 17, {1, 2}, {0, 0, 0, 0}},              "a table of 17 colours"       },
+    {"TableCutOff",    {40, 2, 1, 1, 8, 0, 0, {1, 2}, {0, 0, 0, 0}},               "the colour table is cut off" },
+    {"PixelsCutOff",   {40, 2, 2, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0, 0, 0, 0}},      "the pixels are cut off"      },
+};
+
+class DamagedDibs : public testing::TestWithParam<DamagedRow> {};
+
+TEST_P(DamagedDibs, AreRefusedWithTheReason)
+{
+    std::string why;
+    EXPECT_FALSE(ParseDib(GetParam().parts.Bytes(), &why));
+    EXPECT_THAT(why, HasSubstr(GetParam().why));
+}
+
+INSTANTIATE_TEST_SUITE_P(Gdi, DamagedDibs, testing::ValuesIn(DamagedRows),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST(IconImages, AreTransparentWhereTheMaskSaysSo)
+{
+    const DibParts icon{
+        40, 2, 2, 1, 8, 0, 2, {0xFF0000, 0xFF},
+               { 0, 1, 0, 0, 0x40, 0, 0, 0}
+    };
+    EXPECT_EQ(Pixels(ParseIconImage(icon.Bytes(), nullptr).value()), "ff0000 - ");
+}
+
+TEST(IconImages, WithAnAlphaChannelGoByThatAndNeedNoMask)
+{
+    const DibParts icon{
+        40, 2, 2, 1, 32, 0, 0, {    },
+               { 1, 2, 3, 0xFF, 4, 5, 6, 0x10}
+    };
+    EXPECT_EQ(Pixels(ParseIconImage(icon.Bytes(), nullptr).value()), "030201 - ");
+}
+
+TEST(IconImages, WithoutRoomForTheirMaskAreRefused)
+{
+    std::string why;
+    EXPECT_FALSE(ParseIconImage(DibParts{}.Bytes(), &why));
+    EXPECT_THAT(why, HasSubstr("without room for its mask"));
+    EXPECT_FALSE(ParseIconImage(
+        DibParts{
+            40, 2, 2, 1, 8, 0, 2, {1,  2},
+                   { 0, 1, 0, 0, 0}
+    }
+            .Bytes(),
+        &why));
+    EXPECT_THAT(why, HasSubstr("cut off"));
+    EXPECT_FALSE(ParseIconImage({}, &why));
+}
+
+TEST(IconGroups, AreRefusedWhenTheirEntriesAreCutOff)
+{
+    std::string why;
+    EXPECT_FALSE(ParseIconGroup(Data{0, 0, 1, 0, 1, 0, 32, 32}, &why));
+    EXPECT_THAT(why, HasSubstr("cut off"));
+    EXPECT_FALSE(ParseIconGroup(Data{0, 0, 2, 0, 0, 0}, &why));
+    EXPECT_TRUE(ParseIconGroup(Data{0, 0, 1, 0, 0, 0}, &why));
+}
+
+TEST(DamagedPictures, NeverGiveMoreOrLessThanTheirPixels)
+{
+    std::mt19937 random(7);
+    const Data whole =
+        DibParts{
+            40, 3, 4, 1, 4, 0, 2, {1, 2},
+                   Data(40)
+    }
+            .Bytes();
+    for (int round = 0; round < 2000; ++round) {
+        Data data = whole;
+        for (int i = 0; i < 3; ++i) data[random() % 48] = static_cast<std::uint8_t>(random());
+        data.resize(random() % (data.size() + 1));
+        const auto dib = ParseDib(data, nullptr);
+        const auto pixels = dib ? dib->image.width * dib->image.height : 0;
+        EXPECT_EQ(dib ? dib->image.pixels.size() : 0, std::size_t(pixels));
+        ParseIconImage(data, nullptr);
+        ParseIconGroup(data, nullptr);
+    }
+}
+
+// With the module of pictures loaded; its numbers stand in modules/pictures.rc.
+class Pictures : public Drawing {
+  protected:
+    Pictures() : module(platform::modules::Load(TEST_PICTURES_PATH, &why))
+    {
+        EXPECT_NE(module, nullptr) << why;
+        platform::user::Get(dialog)->As<platform::user::DialogState>()->module = module;
+    }
+    ~Pictures() override { platform::modules::Unload(module); }
+
+    // What the static paints when it is of this style and shows this resource.
+    Lines Painted(DWORD style, int resource)
+    {
+        platform::user::Window* window = platform::user::Get(control);
+        window->style = WS_CHILD | WS_VISIBLE | style;
+        window->As<platform::user::StaticState>()->resource = resource;
+        platform::gdi::PaintStatic(control);
+        return picture->Take();
+    }
+
+    std::string why;
+    HMODULE module;
+};
+
+TEST_F(Pictures, ABitmapIsLoadedAndTransferred)
+{
+    platform::CurrentEnvironment().trace = trace;
+    const HBITMAP bitmap = LoadBitmapW(module, ResourceName(1));
+    EXPECT_THAT(trace->Take(), ElementsAre("no dc: LoadBitmapW [1] = {bitmap:{id:1,width:2,height:2,bits:32}}"));
+    platform::CurrentEnvironment().trace = nullptr;
+    const HDC memory = CreateCompatibleDC(nullptr), context = GetDC(control);
+    const HGDIOBJ before = SelectObject(memory, bitmap);
+    EXPECT_TRUE(StretchBlt(context, 0, 0, 50, 30, memory, 0, 0, 2, 2, SRCCOPY));
+    EXPECT_THAT(picture->Take(),
+                ElementsAre("clip 10,20,60,50", "image 10,20,60,50 of 2x2 ff0000 00ff00 0000ff ffffff", "clip none"));
+    SelectObject(memory, before);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(control, context);
+}
+
+TEST_F(Pictures, BlackAndWhiteStaysMonochrome)
+{
+    const HBITMAP bitmap = LoadBitmapW(module, ResourceName(2));
+    BITMAP told{};
+    GetObjectW(bitmap, sizeof told, &told);
+    EXPECT_EQ(told.bmBitsPixel, 1);
+    const HDC memory = CreateCompatibleDC(nullptr);
+    SelectObject(memory, bitmap);
+    EXPECT_EQ(GetPixel(memory, 0, 0), 0u);
+    EXPECT_EQ(GetPixel(memory, 1, 0), 0xFFFFFFu);
+    DeleteDC(memory);
+    DeleteObject(bitmap);
+}
+
+TEST_F(Pictures, WhatIsMissingOrDamagedIsNotLoaded)
+{
+    EXPECT_EQ(LoadBitmapW(module, ResourceName(99)), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_RESOURCE_NAME_NOT_FOUND);
+    EXPECT_EQ(LoadBitmapW(nullptr, ResourceName(1)), nullptr);
+    EXPECT_EQ(LoadBitmapW(module, u"by name"), nullptr);
+    EXPECT_EQ(LoadIconW(module, ResourceName(99)), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_RESOURCE_NAME_NOT_FOUND);
+    EXPECT_EQ(LoadBitmapW(module, ResourceName(3)), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_GEN_FAILURE);
+    EXPECT_EQ(LoadIconW(module, ResourceName(22)), nullptr);
+    EXPECT_EQ(LoadIconW(module, ResourceName(23)), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_GEN_FAILURE);
+}
+
+TEST_F(Pictures, AnIconIsTheBestImageThatIsWhole)
+{
+    const HICON icon = LoadIconW(module, ResourceName(21));
+    EXPECT_EQ(LoadIconW(module, ResourceName(21)), icon);
+    const HDC context = GetDC(control);
+    platform::CurrentEnvironment().trace = trace;
+    EXPECT_TRUE(DrawIcon(context, 3, 4, icon));
+    EXPECT_THAT(trace->Take(), ElementsAre("dc on 7: DrawIcon [3,4,{icon:21}] = 1"));
+    EXPECT_THAT(picture->Take(), ElementsAre("clip 10,20,60,50", "image 13,24,15,25 of 2x1 ff0000 -", "clip none"));
+    ReleaseDC(control, context);
+}
+
+TEST_F(Pictures, AnIconOnABitmapLeavesWhatItsMaskHides)
+{
+    const HDC memory = CreateCompatibleDC(nullptr);
+    const HBITMAP bitmap = CreateBitmap(2, 1, 1, 32, nullptr);
+    SelectObject(memory, bitmap);
+    SetViewportOrgEx(memory, -1, 0, nullptr);
+    EXPECT_TRUE(DrawIcon(memory, 1, 0, LoadIconW(module, ResourceName(21))));
+    EXPECT_EQ(GetPixel(memory, 1, 0), RGB(255, 0, 0));
+    EXPECT_EQ(GetPixel(memory, 2, 0), RGB(0, 0, 0));
+    DeleteDC(memory);
+    DeleteObject(bitmap);
+}
+
+TEST_F(Pictures, StaticsPaintTheirPicture)
+{
+    EXPECT_THAT(Painted(SS_BITMAP, 1), ElementsAre("image 10,20,12,22 of 2x2 ff0000 00ff00 0000ff ffffff"));
+    EXPECT_THAT(Painted(SS_BITMAP, 2), ElementsAre("image 10,20,13,21 of 3x1 000000 ffffff 000000"));
+    EXPECT_THAT(Painted(SS_ICON, 21), ElementsAre("image 10,20,12,21 of 2x1 ff0000 -"));
+    EXPECT_THAT(Painted(SS_ICON, 99), testing::IsEmpty());
+    EXPECT_THAT(Painted(SS_LEFT, 1), testing::IsEmpty());
+}
+
+TEST_F(Pictures, StaticsPaintTheirFrame)
+{
+    EXPECT_THAT(Painted(SS_WHITEFRAME, 0), ElementsAre("rectangle 10,20,60,50 pen 0/1/ffffff brush none"));
+    EXPECT_THAT(Painted(SS_GRAYFRAME, 0), ElementsAre("rectangle 10,20,60,50 pen 0/1/808080 brush none"));
+    EXPECT_THAT(Painted(SS_BLACKRECT, 0), ElementsAre("fill 10,20,60,50 000000"));
+}
+
+}  // namespace
+}  // namespace gdi_test
