@@ -1,0 +1,124 @@
+#include <cstdlib>
+
+#include "platform/seams/locale_table.h"
+#include "platform/seams/system_facts.h"
+#include "tests/platform/fresh_environment.h"
+
+namespace platform {
+namespace {
+
+struct LocaleRow {
+    const char* locale;
+    int country;
+    LANGID language;
+};
+constexpr LocaleRow Rows[] = {
+    {"C",                     1,   0x0409},
+    {"POSIX",                 1,   0x0409},
+    {"",                      1,   0x0409},
+    {"xx_QQ.UTF-8",           1,   0x0409},
+    {"en_US.UTF-8",           1,   0x0409},
+    {"en_GB",                 44,  0x0809},
+    {"de_DE.UTF-8",           49,  0x0407},
+    {"de_DE@euro",            49,  0x0407},
+    {"de",                    49,  0x0407},
+    {"de_AT.ISO-8859-1@euro", 43,  0x0C07},
+    {"fr_CA.UTF-8",           1,   0x0C0C},
+    {"ja_JP.eucJP",           81,  0x0411},
+    {"zh_TW.UTF-8",           886, 0x0404},
+    {"pt_BR.UTF-8",           55,  0x0416},
+    {"es_MX.UTF-8",           52,  0x080A},
+    {"de_NL.UTF-8",           31,  0x0407}, // a territory without a row of its own in that language
+    {"sr_RS.UTF-8",           381, 0x0C1A},
+    {"sr_RS.UTF-8@latin",     381, 0x081A},
+    {"en_AX.UTF-8",           358, 0x0409},
+    {"zu_ZA",                 27,  0x0435},
+};
+
+TEST(LocaleTable, GivesCountryAndLanguageOfALocaleName)
+{
+    for (const LocaleRow& row : Rows) {
+        EXPECT_EQ(TelephoneCountry(row.locale), row.country) << row.locale;
+        EXPECT_EQ(LanguageIdentifier(row.locale), row.language) << row.locale;
+    }
+}
+
+class LocaleVariables : public FreshEnvironment {
+  protected:
+    LocaleVariables()
+    {
+        for (const char* name : Names) {
+            const char* value = std::getenv(name);
+            before_.push_back(value == nullptr ? std::nullopt : std::optional<std::string>(value));
+            unsetenv(name);
+        }
+    }
+    ~LocaleVariables() override
+    {
+        for (std::size_t i = 0; i < before_.size(); ++i) {
+            if (before_[i])
+                setenv(Names[i], before_[i]->c_str(), 1);
+            else
+                unsetenv(Names[i]);
+        }
+    }
+
+  private:
+    static constexpr const char* Names[] = {"LC_ALL", "LC_PAPER", "LC_MESSAGES", "LANG"};
+    std::vector<std::optional<std::string>> before_;
+};
+
+TEST_F(LocaleVariables, NoneStandsForTheUnitedStates)
+{
+    EXPECT_EQ(MachineFactValues().country, 1);
+    EXPECT_EQ(MachineFactValues().language, 0x0409);
+}
+
+TEST_F(LocaleVariables, PaperDecidesTheCountryAndMessagesTheLanguage)
+{
+    setenv("LANG", "fr_FR.UTF-8", 1);
+    setenv("LC_PAPER", "de_DE.UTF-8", 1);
+    setenv("LC_MESSAGES", "en_GB.UTF-8", 1);
+    EXPECT_EQ(MakeMachineFacts()->Country(), 49);
+    EXPECT_EQ(MakeMachineFacts()->Language(), 0x0809);
+}
+
+TEST_F(LocaleVariables, AnEmptyVariableIsNoneAndLangIsTheLastResort)
+{
+    setenv("LC_ALL", "", 1);
+    setenv("LANG", "fr_FR.UTF-8", 1);
+    EXPECT_EQ(MachineFactValues().country, 33);
+    EXPECT_EQ(MachineFactValues().language, 0x040C);
+}
+
+TEST_F(LocaleVariables, AllGoesBeforeTheOthers)
+{
+    setenv("LC_ALL", "it_IT", 1);
+    setenv("LC_PAPER", "de_DE", 1);
+    EXPECT_EQ(MachineFactValues().country, 39);
+}
+
+TEST(FixedFacts, ListsNameLibrariesAndWindowsWithoutRegardToCase)
+{
+    FixedFactValues values;
+    values.missingLibraries = u"compstui.dll\nspoolss.dll";
+    values.windows = u"VWClass500";
+    const auto facts = MakeFixedFacts(values);
+    EXPECT_FALSE(facts->LibraryLoadable(u"COMPSTUI.DLL"));
+    EXPECT_FALSE(facts->LibraryLoadable(u"spoolss.dll"));
+    EXPECT_TRUE(facts->LibraryLoadable(u"stui.dll"));
+    EXPECT_TRUE(facts->WindowExists(u"vwclass500"));
+    EXPECT_FALSE(facts->WindowExists(u""));
+}
+
+TEST(MachineFacts, TellWhoTheUserIsAndWhatTheClockSays)
+{
+    const auto facts = MakeMachineFacts();
+    EXPECT_FALSE(facts->UserName().empty());
+    const SYSTEMTIME now = facts->LocalTime();
+    EXPECT_GE(now.wYear, 2024);
+    EXPECT_TRUE(now.wMonth >= 1 && now.wMonth <= 12);
+}
+
+}  // namespace
+}  // namespace platform

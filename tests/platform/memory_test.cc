@@ -1,0 +1,135 @@
+#include "platform/kernel/memory.h"
+
+#include <cstring>
+#include <thread>
+
+#include "tests/platform/fresh_environment.h"
+
+namespace platform {
+namespace {
+
+using memory::BlockCount;
+using memory::HeapBlockCount;
+using memory::HeapCount;
+
+class Memory : public FreshEnvironment {};
+
+TEST_F(Memory, AFixedBlockIsItsAddress)
+{
+    const std::size_t before = BlockCount();
+    HGLOBAL block = GlobalAlloc(GPTR, 64);
+    ASSERT_NE(block, nullptr);
+    EXPECT_EQ(GlobalLock(block), block);
+    EXPECT_EQ(static_cast<const char*>(block)[63], 0);
+    EXPECT_TRUE(GlobalUnlock(block));
+    EXPECT_EQ(BlockCount(), before + 1);
+    EXPECT_EQ(GlobalFree(block), nullptr);
+    EXPECT_EQ(BlockCount(), before);
+}
+
+TEST_F(Memory, AMovableBlockIsASmallNumberThatLocks)
+{
+    HGLOBAL block = GlobalAlloc(GHND, 64);
+    ASSERT_NE(block, nullptr);
+    EXPECT_LE(reinterpret_cast<std::uintptr_t>(block), 0xFFFFFFFFu);
+    void* address = GlobalLock(block);
+    ASSERT_NE(address, nullptr);
+    EXPECT_NE(address, block);
+    std::memset(address, 7, 64);
+    EXPECT_EQ(GlobalLock(block), address);
+    EXPECT_TRUE(GlobalUnlock(block));
+    EXPECT_FALSE(GlobalUnlock(block));
+    EXPECT_EQ(GetLastError(), ERROR_SUCCESS);
+    EXPECT_FALSE(GlobalUnlock(block));
+    EXPECT_EQ(GetLastError(), ERROR_NOT_LOCKED);
+    EXPECT_EQ(GlobalFree(block), nullptr);
+}
+
+TEST_F(Memory, WhatIsNoBlockIsRefusedAndNotFollowed)
+{
+    HGLOBAL freed = GlobalAlloc(GMEM_FIXED, 8);
+    HGLOBAL freedHandle = GlobalAlloc(GMEM_MOVEABLE, 8);
+    GlobalFree(freed);
+    GlobalFree(freedHandle);
+    int local = 0;
+    for (HGLOBAL bad : {freed, freedHandle, static_cast<HGLOBAL>(&local), reinterpret_cast<HGLOBAL>(6000002)}) {
+        SetLastError(0);
+        EXPECT_EQ(GlobalFree(bad), bad);
+        EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+        EXPECT_EQ(GlobalLock(bad), nullptr);
+    }
+    EXPECT_EQ(GlobalFree(nullptr), nullptr);
+    EXPECT_EQ(GlobalLock(nullptr), nullptr);
+}
+
+TEST_F(Memory, MoreThanAProcessCanHaveIsRefused)
+{
+    for (const SIZE_T bytes : {SIZE_T{0x7FFE0001}, SIZE_T{0xFFFFFFFF}, ~SIZE_T{0}}) {
+        SetLastError(0);
+        EXPECT_EQ(GlobalAlloc(GMEM_FIXED, bytes), nullptr);
+        EXPECT_EQ(GetLastError(), ERROR_NOT_ENOUGH_MEMORY);
+    }
+}
+
+TEST_F(Memory, AnEmptyBlockIsABlock)
+{
+    HGLOBAL block = GlobalAlloc(GMEM_FIXED, 0);
+    EXPECT_NE(block, nullptr);
+    EXPECT_EQ(GlobalFree(block), nullptr);
+}
+
+TEST_F(Memory, AHeapTakesItsBlocksWithIt)
+{
+    const std::size_t before = HeapCount();
+    HANDLE heap = HeapCreate(0, 8192, 0);
+    auto* zeros = static_cast<char*>(HeapAlloc(heap, HEAP_ZERO_MEMORY, 100000));
+    ASSERT_NE(zeros, nullptr);
+    EXPECT_EQ(zeros[99999], 0);
+    void* block = HeapAlloc(heap, 0, 16);
+    EXPECT_EQ(HeapBlockCount(), 2u);
+    EXPECT_TRUE(HeapFree(heap, 0, block));
+    EXPECT_FALSE(HeapFree(heap, 0, block));
+    EXPECT_EQ(HeapBlockCount(), 1u);
+    EXPECT_TRUE(HeapDestroy(heap));
+    EXPECT_EQ(HeapCount(), before);
+    EXPECT_EQ(HeapBlockCount(), 0u);
+    EXPECT_FALSE(HeapDestroy(heap));
+    EXPECT_EQ(HeapAlloc(heap, 0, 16), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+}
+
+TEST_F(Memory, AHeapWithAMaximumDoesNotGrowBeyondIt)
+{
+    HANDLE heap = HeapCreate(0, 0, 1000);
+    EXPECT_NE(HeapAlloc(heap, 0, 600), nullptr);
+    EXPECT_EQ(HeapAlloc(heap, 0, 600), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_NOT_ENOUGH_MEMORY);
+    EXPECT_NE(HeapAlloc(heap, 0, 400), nullptr);
+    HeapDestroy(heap);
+}
+
+TEST_F(Memory, ABlockOfOneHeapIsNoneOfAnother)
+{
+    HANDLE one = HeapCreate(0, 0, 0);
+    HANDLE other = HeapCreate(0, 0, 0);
+    void* block = HeapAlloc(one, 0, 16);
+    EXPECT_FALSE(HeapFree(other, 0, block));
+    EXPECT_EQ(GlobalFree(block), block);
+    HeapDestroy(one);
+    HeapDestroy(other);
+}
+
+TEST_F(Memory, EachThreadHasItsOwnLastError)
+{
+    SetLastError(7);
+    DWORD elsewhere = 99;
+    std::thread([&] {
+        elsewhere = GetLastError();
+        SetLastError(8);
+    }).join();
+    EXPECT_EQ(elsewhere, ERROR_SUCCESS);
+    EXPECT_EQ(GetLastError(), 7u);
+}
+
+}  // namespace
+}  // namespace platform

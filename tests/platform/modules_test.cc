@@ -1,0 +1,178 @@
+#include "platform/kernel/modules.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "platform/kernel/unicode.h"
+#include "platform/user.h"
+#include "tests/platform/fresh_environment.h"
+
+namespace platform {
+namespace {
+
+const std::u16string SamplePath = QD_SAMPLE_PATH;
+
+template <class Function>
+Function* EntryOf(HMODULE module, const char* name)
+{
+    return reinterpret_cast<Function*>(modules::Entry(module, name));
+}
+
+class Modules : public FreshEnvironment {
+  protected:
+    ~Modules() override { unsetenv("QD_SAMPLE"); }
+};
+
+TEST_F(Modules, TheFirstLoadRunsTheEntryAndLaterOnesCount)
+{
+    HMODULE module = LoadLibraryW(SamplePath.c_str());
+    ASSERT_NE(module, nullptr);
+    EXPECT_EQ(LoadLibraryW(SamplePath.c_str()), module);
+    EXPECT_EQ(modules::LoadCount(module), 2u);
+    EXPECT_EQ(EntryOf<int()>(module, "SampleAttached")(), 1);
+    int detached = 0;
+    EntryOf<void(int*)>(module, "SampleWatchDetach")(&detached);
+    EXPECT_TRUE(FreeLibrary(module));
+    EXPECT_EQ(detached, 0);
+    EXPECT_TRUE(FreeLibrary(module));
+    EXPECT_EQ(detached, 1);
+    EXPECT_FALSE(FreeLibrary(module));
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+}
+
+TEST_F(Modules, AModuleMayLoadItselfWhileItStarts)
+{
+    setenv("QD_SAMPLE", "twice", 1);
+    HMODULE module = LoadLibraryW(SamplePath.c_str());
+    ASSERT_NE(module, nullptr);
+    EXPECT_EQ(modules::LoadCount(module), 2u);
+    EXPECT_EQ(EntryOf<HMODULE()>(module, "SampleSecondHandle")(), module);
+    EXPECT_TRUE(FreeLibrary(module));
+    EXPECT_TRUE(FreeLibrary(module));
+}
+
+TEST_F(Modules, AModuleThatRefusesToStartIsNotLoaded)
+{
+    setenv("QD_SAMPLE", "refuse", 1);
+    std::string why;
+    EXPECT_EQ(modules::Load(SamplePath, &why), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_DLL_INIT_FAILED);
+    EXPECT_THAT(why, ::testing::HasSubstr("refused to start"));
+}
+
+TEST_F(Modules, AnotherNameOfTheSameFileIsTheSameModule)
+{
+    const auto link = std::filesystem::temp_directory_path() / ("qd_link_" + std::to_string(getpid()) + ".so");
+    std::filesystem::create_symlink(ToUtf8(SamplePath), link);
+    HMODULE module = LoadLibraryA(link.c_str());
+    EXPECT_EQ(LoadLibraryW(SamplePath.c_str()), module);
+    WCHAR path[MAX_PATH] = {};
+    EXPECT_EQ(GetModuleFileNameW(module, path, MAX_PATH), static_cast<DWORD>(lstrlenW(path)));
+    EXPECT_EQ(ToUtf8(path), link.native());
+    FreeLibrary(module);
+    FreeLibrary(module);
+    std::filesystem::remove(link);
+}
+
+TEST_F(Modules, AFileNameThatDoesNotFitIsCut)
+{
+    HMODULE module = LoadLibraryW(SamplePath.c_str());
+    WCHAR path[5];
+    EXPECT_EQ(GetModuleFileNameW(module, path, 5), 5u);
+    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
+    EXPECT_EQ(std::u16string(path), SamplePath.substr(0, 4));
+    FreeLibrary(module);
+}
+
+TEST_F(Modules, AnEntryIsTheModulesOwn)
+{
+    HMODULE module = LoadLibraryW(SamplePath.c_str());
+    EXPECT_NE(GetProcAddress(module, "DllInitialize"), nullptr);
+    for (const char* name : {"malloc", "GlobalAlloc", "NoSuchEntry"}) {
+        EXPECT_EQ(GetProcAddress(module, name), nullptr) << name;
+        EXPECT_EQ(GetLastError(), ERROR_PROC_NOT_FOUND);
+    }
+    EXPECT_EQ(GetProcAddress(module, reinterpret_cast<const char*>(1)), nullptr);
+    FreeLibrary(module);
+}
+
+TEST_F(Modules, SystemLibrariesAreAnsweredByTheLayer)
+{
+    HMODULE spooler = LoadLibraryA("SPOOLSS.DLL");
+    ASSERT_NE(spooler, nullptr);
+    EXPECT_NE(GetProcAddress(spooler, "RevertToPrinterSelf"), nullptr);
+    EXPECT_EQ(GetProcAddress(spooler, "CommonPropertySheetUIW"), nullptr);
+    EXPECT_EQ(LoadLibraryW(u"spoolss"), spooler);
+    WCHAR path[MAX_PATH] = {};
+    GetModuleFileNameW(spooler, path, MAX_PATH);
+    EXPECT_EQ(std::u16string(path), u"C:\\WINDOWS\\system32\\spoolss.dll");
+    EXPECT_TRUE(FreeLibrary(spooler));
+    EXPECT_TRUE(FreeLibrary(spooler));
+}
+
+TEST_F(Modules, AMissingSystemLibraryCannotBeLoaded)
+{
+    FixedFactValues values;
+    values.missingLibraries = u"compstui.dll";
+    UseFacts(values);
+    EXPECT_EQ(LoadLibraryA("compstui.dll"), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_MOD_NOT_FOUND);
+}
+
+TEST_F(Modules, WhatIsNoModuleIsRefusedWithItsReason)
+{
+    const auto file = std::filesystem::temp_directory_path() / ("qd_text_" + std::to_string(getpid()));
+    std::ofstream(file) << "this is a text, not a module";
+    std::string why;
+    EXPECT_EQ(modules::Load(ToWide(file.native()), &why), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_BAD_EXE_FORMAT);
+    EXPECT_THAT(why, ::testing::HasSubstr("not an ELF file"));
+    std::filesystem::remove(file);
+    EXPECT_EQ(modules::Load(ToWide(file.native()), &why), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_MOD_NOT_FOUND);
+}
+
+TEST_F(Modules, ResourcesAreFoundByTypeAndNumber)
+{
+    constexpr int RawData = 10;
+    HMODULE module = LoadLibraryW(SamplePath.c_str());
+    const auto data = modules::Resource(module, RawData, 200);
+    EXPECT_TRUE(std::ranges::equal(data, std::vector<std::uint8_t>{2, 1, 4, 3}));
+    EXPECT_FALSE(modules::Resource(module, modules::DialogResource, 100).empty());
+    EXPECT_TRUE(modules::Resource(module, modules::DialogResource, 101).empty());
+    EXPECT_TRUE(modules::Resource(module, modules::BitmapResource, 100).empty());
+    FreeLibrary(module);
+    EXPECT_TRUE(modules::Resource(module, RawData, 200).empty());
+}
+
+TEST_F(Modules, StringsAreLoadedByNumber)
+{
+    struct Row {
+        UINT number;
+        const char16_t* text;
+    };
+    constexpr Row Rows[] = {
+        {0,    u""                 },
+        {1,    u"first"            },
+        {2,    u""                 },
+        {16,   u""                 },
+        {31,   u"last of its block"},
+        {4096, u"far"              },
+        {9999, u""                 },
+    };
+    HMODULE module = LoadLibraryW(SamplePath.c_str());
+    for (const Row& row : Rows) {
+        WCHAR text[32] = u"stale";
+        EXPECT_EQ(LoadStringW(module, row.number, text, 32), lstrlenW(row.text)) << row.number;
+        EXPECT_EQ(std::u16string(text), row.text) << row.number;
+    }
+    WCHAR text[4];
+    EXPECT_EQ(LoadStringW(module, 1, text, 4), 3);
+    EXPECT_EQ(std::u16string(text), u"fir");
+    FreeLibrary(module);
+}
+
+}  // namespace
+}  // namespace platform
