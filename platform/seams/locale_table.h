@@ -10,7 +10,7 @@ namespace platform {
 
 // "C", "POSIX" and names that are not in the tables give the United States: 1 and 0x0409. A name without
 // a territory stands for the territory that speaks the language first of all.
-int TelephoneCountry(std::string_view locale);
-LANGID LanguageIdentifier(std::string_view locale);
+QD_API int TelephoneCountry(std::string_view locale);
+QD_API LANGID LanguageIdentifier(std::string_view locale);
 
 }  // namespace platform

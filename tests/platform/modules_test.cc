@@ -69,8 +69,9 @@ TEST_F(Modules, AnotherNameOfTheSameFileIsTheSameModule)
     HMODULE module = LoadLibraryA(link.c_str());
     EXPECT_EQ(LoadLibraryW(SamplePath.c_str()), module);
     WCHAR path[MAX_PATH] = {};
-    EXPECT_EQ(GetModuleFileNameW(module, path, MAX_PATH), static_cast<DWORD>(lstrlenW(path)));
+    const DWORD length = GetModuleFileNameW(module, path, MAX_PATH);
     EXPECT_EQ(ToUtf8(path), link.native());
+    EXPECT_EQ(length, link.native().size());
     FreeLibrary(module);
     FreeLibrary(module);
     std::filesystem::remove(link);
@@ -158,6 +159,7 @@ TEST_F(Modules, StringsAreLoadedByNumber)
         {1,    u"first"            },
         {2,    u""                 },
         {16,   u""                 },
+        {17,   u"Ma\u00DFstab"     },
         {31,   u"last of its block"},
         {4096, u"far"              },
         {9999, u""                 },

@@ -53,7 +53,7 @@ TEST_F(PrintSubsystem, OpensByNameAndRight)
         HANDLE printer = nullptr;
         EXPECT_EQ(OpenPrinterW(name.data(), &printer, row.defaults ? &defaults : nullptr), row.error == 0);
         EXPECT_EQ(GetLastError(), row.error);
-        if (printer != nullptr) EXPECT_TRUE(ClosePrinter(printer));
+        EXPECT_EQ(spooler::Close(printer), row.error == 0);
     }
     HANDLE printer = nullptr;
     EXPECT_FALSE(OpenPrinterW(nullptr, &printer, nullptr));

@@ -151,7 +151,7 @@ TEST(Unicode, BrokenUtf8BecomesReplacementCharacters)
 
 TEST(Unicode, LoneSurrogatesComeBack)
 {
-    for (const std::u16string lone : {
+    for (const std::u16string& lone : {
              std::u16string(1, 0xD800), std::u16string{u'a', 0xDFFF, u'b'}
     })
         EXPECT_EQ(ToWide(ToUtf8(lone)), lone);
