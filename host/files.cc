@@ -95,13 +95,13 @@ void WriteBeside(const std::string& path, const struct stat* existing, std::span
 
 }  // namespace
 
+std::string InputName(const std::string& path) { return path == "-" ? "standard input" : path; }
+
 std::vector<std::uint8_t> ReadFile(const std::string& path, std::size_t limit)
 {
-    const bool standardInput = path == "-";
-    const std::string name = standardInput ? "standard input" : path;
-    const auto fail = [&](const std::string& why) { throw Failure("cannot read " + name + ": " + why); };
+    const auto fail = [&](const std::string& why) { throw Failure("cannot read " + InputName(path) + ": " + why); };
 
-    Descriptor file(standardInput ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    Descriptor file(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (file < 0) fail(Why(errno));
     std::vector<std::uint8_t> bytes;
     for (;;) {

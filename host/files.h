@@ -11,6 +11,9 @@ namespace host {
 
 inline constexpr std::size_t FileLimit = std::size_t{64} << 20;  // bytes; more is no record, value or script
 
+// How messages name an input.
+std::string InputName(const std::string& path);
+
 // The whole file, or all of standard input for "-". Failure when it can't be read or is longer than limit.
 std::vector<std::uint8_t> ReadFile(const std::string& path, std::size_t limit = FileLimit);
 std::string ReadTextFile(const std::string& path, std::size_t limit = FileLimit);

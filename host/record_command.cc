@@ -27,21 +27,26 @@ void Set(const RecordOptions& options)
     std::vector<Assignment> assignments;
     for (const std::string& text : options.assignments) assignments.emplace_back(text);
     auto record = ReadFile(options.file);
-    for (const Assignment& assignment : assignments) assignment.ApplyTo(record);
+    try {
+        for (const Assignment& assignment : assignments) assignment.ApplyTo(record);
+    } catch (const Failure& error) {
+        throw Failure(InputName(options.file) + ": " + error.what());
+    }
     WriteFile(options.output, record);
 }
 
 void Make(const RecordOptions& options)
 {
-    const std::string name = options.file == "-" ? "standard input" : options.file;
     const std::string text = ReadTextFile(options.file);
+    std::vector<std::uint8_t> record;
     try {
-        WriteFile(options.output, RecordFromJson(Json::parse(text)));
+        record = RecordFromJson(Json::parse(text));
     } catch (const Json::parse_error& error) {
-        throw Failure(name + " is no JSON: " + error.what());
+        throw Failure(InputName(options.file) + " is no JSON: " + error.what());
     } catch (const Failure& error) {
-        throw Failure(name + ": " + error.what());
+        throw Failure(InputName(options.file) + ": " + error.what());
     }
+    WriteFile(options.output, record);
 }
 
 void Diff(const RecordOptions& options, Context& context)

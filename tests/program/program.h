@@ -1,0 +1,34 @@
+// Runs qd480 as a process of its own, in a folder of its own with a store of its own.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+struct Run {
+    int status;  // the exit status; 1000 and the signal when one ended it
+    std::string out, err;
+    bool operator==(const Run&) const = default;
+};
+void PrintTo(const Run& run, std::ostream* stream);
+
+class Program {
+  public:
+    Program();
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    // Words as a shell would pass them. {} in a word is the folder.
+    Run operator()(std::vector<std::string> words, const std::string& input = "") const;
+
+    std::filesystem::path Path(const std::string& name) const { return folder_ / name; }
+    void Put(const std::string& name, const std::string& contents) const;
+    std::string Contents(const std::string& name) const;
+
+  private:
+    std::filesystem::path folder_;
+};
+
+// What a run that has done its work looks like.
+inline Run Done(const std::string& out = "") { return {0, out, ""}; }

@@ -1,0 +1,155 @@
+// qd480 record and document-properties
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/program/program.h"
+
+using testing::HasSubstr;
+
+namespace {
+
+constexpr char First[] = "Ordana Quillet 4820E";
+
+TEST(RecordCommand, MakesShowsAndChangesRecords)
+{
+    Program run;
+    run.Put("r.json", R"({"dmSize": 220, "dmZoom": 100, "dmWatermark": {"wmText": "DRAFT"}})");
+    EXPECT_EQ(run({"record", "make", "r.json", "-o", "r"}), Done());
+    EXPECT_EQ(run.Contents("r").size(), 1848u);
+    EXPECT_EQ(run({"record", "set", "r", "dmZoom=150", "dmWatermark.wmText=", "-o", "s"}), Done());
+    EXPECT_EQ(run({"record", "diff", "r", "s"}),
+              (Run{1, "{\"dmZoom\": [100, 150], \"dmWatermark.wmText\": [\"DRAFT\", \"\"]}\n", ""}));
+    EXPECT_EQ(run({"record", "diff", "r", "r"}), Done("{}\n"));
+}
+
+TEST(RecordCommand, ShowsAsFarAsTheRecordReaches)
+{
+    Program run;
+    run.Put("r", std::string("A\0B\0", 4) + std::string(61, '\0') + "\x04\x28\x01");
+    EXPECT_EQ(run({"record", "show", "r"}),
+              Done("{\"dmDeviceName\": \"AB\", \"dmSpecVersion\": 1024, \"dmDriverVersion\": 296}\n"));
+    EXPECT_EQ(run({"record", "show", "-"}, "short"), Done("{}\n"));
+}
+
+TEST(RecordCommand, GoesThroughStandardInputAndOutput)
+{
+    Program run;
+    const std::string record(80, '\0');
+    std::string changed = record;
+    changed[74] = '\x12';
+    EXPECT_EQ(run({"record", "set", "-", "dmFields=0x120000"}, record), Done(changed));
+}
+
+TEST(RecordCommand, TellsBytesThatNoFieldShows)
+{
+    Program run;
+    std::string record(1848, '\0');
+    run.Put("a", record);
+    record[740] = 1;
+    run.Put("b", record);
+    EXPECT_EQ(run({"record", "diff", "a", "b"}),
+              (Run{1, "{}\n", "qd480: the records differ from byte 740 on, where no field shows it\n"}));
+}
+
+TEST(RecordCommand, RefusesWhatDoesNotFit)
+{
+    Program run;
+    run.Put("r", std::string(1848, '\0'));
+    const std::pair<std::string, std::string> rows[] = {
+        {"dmZom=1", "qd480: there is no field \"dmZom\" in the record\n"},
+        {"dmZoom", "qd480: \"dmZoom\": FIELD=VALUE is wanted\n"},
+        {"dmZoom=32768", "qd480: dmZoom=32768: dmZoom takes a number from -32768 to 32767\n"},
+        {"dmZoom=1x", "qd480: dmZoom=1x: dmZoom takes a number from -32768 to 32767\n"},
+        {"dmNupOn=-1", "qd480: dmNupOn=-1: dmNupOn takes a number from 0 to 255\n"},
+        {"dmWatermark=1", "qd480: dmWatermark has fields of its own; name one, as dmWatermark.wmText\n"},
+        {"dmFormName=" + std::string(32, 'n'),
+         "qd480: dmFormName=" + std::string(32, 'n') + ": dmFormName takes a text of at most 31 characters\n"},
+    };
+    for (const auto& [assignment, message] : rows) {
+        EXPECT_EQ(run({"record", "set", "r", assignment, "-o", "s"}), (Run{2, "", message}));
+    }
+    EXPECT_FALSE(std::filesystem::exists(run.Path("s")));
+}
+
+TEST(RecordCommand, NamesTheFileThatItCannotUse)
+{
+    Program run;
+    run.Put("bad", "{\"dmZoom\": }");
+    run.Put("unfit", "{\"dmZoom\": 1.5}");
+    run.Put("short", "short");
+    EXPECT_EQ(run({"record", "show", "none"}), (Run{3, "", "qd480: cannot read none: No such file or directory\n"}));
+    EXPECT_THAT(run({"record", "make", "bad"}).err, HasSubstr("qd480: bad is no JSON: "));
+    EXPECT_EQ(run({"record", "make", "unfit"}),
+              (Run{3, "", "qd480: unfit: the field dmZoom takes a number from -32768 to 32767\n"}));
+    EXPECT_EQ(run({"record", "set", "short", "dmZoom=1"}),
+              (Run{3, "", "qd480: short: the record of 5 bytes does not reach the field dmZoom\n"}));
+}
+
+TEST(RecordCommand, LeavesAFileWholeThatItCannotWrite)
+{
+    Program run;
+    run.Put("r", std::string(80, '\0'));
+    EXPECT_EQ(run({"record", "set", "r", "dmFields=1", "-o", "none/s"}),
+              (Run{3, "", "qd480: cannot write none/s: No such file or directory\n"}));
+}
+
+TEST(DocumentProperties, AnswersTheDefaultRecord)
+{
+    Program run;
+    EXPECT_EQ(run({"document-properties", First, "--mode", "2", "-o", "r", "--platform", "country=1"}),
+              Done("{\"result\": 1}\n"));
+    EXPECT_EQ(run.Contents("r").size(), 1848u);
+    EXPECT_THAT(run({"record", "show", "r"}).out,
+                testing::AllOf(HasSubstr("{\"dmDeviceName\": \"Ordana Quillet 4820E\", \"dmSpecVersion\": 1025, "),
+                               HasSubstr("\"dmPaperSize\": 1, "), HasSubstr("\"dmZoom\": 100, ")));
+}
+
+TEST(DocumentProperties, AsksForTheSizeWithoutAnOutputOrAMode)
+{
+    Program run;
+    EXPECT_EQ(run({"document-properties", First, "--mode", "2"}), Done("{\"result\": 1848}\n"));
+    EXPECT_EQ(run({"document-properties", First, "--mode", "0", "-o", "r"}), Done("{\"result\": 1848}\n"));
+    EXPECT_EQ(run.Contents("r"), "");
+}
+
+TEST(DocumentProperties, LayTheCallersRecordOverThePrinters)
+{
+    Program run;
+    run({"document-properties", First, "--mode", "2", "-o", "r"});
+    run({"record", "set", "r", "dmZoom=150", "dmCopies=3", "-o", "stored"});
+    run({"record", "set", "r", "dmZoom=180", "-o", "mine"});
+    run({"printer", "record", First, "--set", "stored"});
+    EXPECT_EQ(run({"document-properties", First, "--mode", "2", "-o", "answer"}), Done("{\"result\": 1}\n"));
+    EXPECT_EQ(run({"record", "diff", "r", "answer"}).out, "{\"dmCopies\": [1, 3], \"dmZoom\": [100, 150]}\n");
+    run({"document-properties", First, "--mode", "2", "--in", "mine", "-o", "answer"});
+    EXPECT_EQ(run({"record", "diff", "r", "answer"}).out, "{\"dmZoom\": [100, 180]}\n");
+}
+
+TEST(DocumentProperties, TakeRecordsThatPromiseMoreThanTheyHave)
+{
+    Program run;
+    std::string liar(72, '\0');
+    liar.replace(64, 8, "\x01\x04\x28\x01\xff\xff\xff\xff");
+    run.Put("liar", liar);
+    run.Put("short", "x");
+    for (const char* file : {"liar", "short"}) {
+        EXPECT_EQ(run({"document-properties", First, "--mode", "2", "--in", file, "-o", "answer"}).status, 0) << file;
+    }
+}
+
+TEST(DocumentProperties, FailWhereThePlanSays)
+{
+    Program run;
+    EXPECT_EQ(run({"document-properties", First, "--mode", "2", "-o", "r", "--platform", "fail=GetPrinterW"}),
+              Done("{\"result\": -1}\n"));
+}
+
+TEST(DocumentProperties, ShowNoWindow)
+{
+    EXPECT_EQ(Program()({"document-properties", First, "--mode", "6", "-o", "r"}),
+              (Run{2, "", "qd480: --mode 6 asks for a window (4); that is qd480 sheet\n"}));
+    EXPECT_EQ(Program()({"document-properties", "None", "--mode", "2"}),
+              (Run{3, "", "qd480: there is no printer \"None\" in the store\n"}));
+}
+
+}  // namespace
