@@ -46,6 +46,16 @@ void WriteOut(const void* bytes, std::size_t length)
 
 }  // namespace
 
+Context::~Context()
+{
+    if (!pluggedIn_) return;
+    platform::Environment& environment = platform::CurrentEnvironment();
+    environment.printers = nullptr;
+    environment.registry = nullptr;
+    environment.fonts = nullptr;
+    environment.faults.Clear();
+}
+
 void Context::AddOptions(CLI::App& command)
 {
     const auto once = [](CLI::Option* option) { option->expected(1)->allow_extra_args(false); };

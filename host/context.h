@@ -25,6 +25,11 @@ namespace host {
 
 class Context {
   public:
+    Context() = default;
+    ~Context();  // unplugs, which closes the store
+    Context(const Context&) = delete;
+    Context& operator=(const Context&) = delete;
+
     // --store and --platform, on the program and on each of its commands, so that they stand anywhere.
     void AddOptions(CLI::App& command);
 

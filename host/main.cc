@@ -25,11 +25,14 @@ constexpr char About[] =
 constexpr char Notes[] =
     "Results go to standard output, messages to standard error. Exit status: 0 done, or the user pressed OK; "
     "1 the user cancelled, or two records differ; 2 wrong usage; 3 the operation failed.\n"
-    "N-up, booklet, scaling and toner are the rendering side's work and are not done here.\n";
+    "N-up, booklet, scaling and toner are the rendering side's work and are not done here.";
 
+// Each command explains the whole line that it stands in.
 void AddOptionsToAll(CLI::App& app, host::Context& context)
 {
     context.AddOptions(app);
+    const std::string footer = app.get_footer();
+    app.footer(footer + (footer.empty() ? "" : "\n\n") + host::PlatformOptionsHelp());
     for (CLI::App* command : app.get_subcommands({})) AddOptionsToAll(*command, context);
 }
 
@@ -45,8 +48,8 @@ int Run(int argc, char** argv)
     CLI::App program(About, "qd480");
     program.require_subcommand(1);
     program.set_help_all_flag("--help-all", "Print the help of all commands and exit");
-    program.footer(host::PlatformOptionsHelp() + "\n" + Notes);
     for (const AddCommand add : Commands) add(program, context);
+    program.footer(Notes);
     AddOptionsToAll(program, context);
     try {
         program.parse(argc, argv);

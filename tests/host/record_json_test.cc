@@ -97,16 +97,17 @@ TEST(RecordJson, ShowsNumbersBySignAndTextsUpToTheirTerminator)
 TEST(RecordJson, ShowsTheFieldsInTheirOrder)
 {
     std::vector<std::string> names;
-    for (const auto& [name, value] : RecordToJson(Zeros()).items()) names.push_back(name);
+    const Json json = RecordToJson(Zeros());
+    for (const auto& [name, value] : json.items()) names.push_back(name);
     EXPECT_EQ(names.front(), "dmDeviceName");
     EXPECT_EQ(names.back(), "dmOverlayIndex");
-    EXPECT_EQ(names.size(), 90u);
+    EXPECT_EQ(names.size(), 92u);
 }
 
 TEST(RecordJson, ShowsWhatAShortRecordReaches)
 {
-    EXPECT_EQ(RecordToJson({}), Json::object());
-    EXPECT_EQ(RecordToJson(Bytes(63)), Json::object());
+    EXPECT_EQ(host::ToLine(RecordToJson({})), "{}");
+    EXPECT_EQ(host::ToLine(RecordToJson(Bytes(63))), "{}");
     EXPECT_EQ(RecordToJson(Bytes(66)).size(), 2u);
     EXPECT_FALSE(RecordToJson(Bytes(297)).contains("dmWatermark"));
     EXPECT_EQ(RecordToJson(Bytes(299))["dmWatermark"], (Json{

@@ -18,7 +18,7 @@ class WrongUsage : public testing::TestWithParam<Wrong> {};
 
 TEST_P(WrongUsage, IsToldWithStatusTwo)
 {
-    const Run run = Program()(GetParam().words);
+    const Result run = Program()(GetParam().words);
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.out, "");
     EXPECT_THAT(run.err, StartsWith(GetParam().message));
@@ -85,7 +85,7 @@ TEST(Options, TheDefaultStoreStandsUnderTheDataFolder)
 TEST(Options, HelpTellsEverythingAndNeedsNothing)
 {
     Program run;
-    const Run help = run({"--help"});
+    const Result help = run({"--help"});
     EXPECT_EQ(help.status, 0);
     for (const char* word :
          {"printer", "record", "document-properties", "--store", "--platform", "country", "fail", "status", "N-up"}) {
@@ -99,8 +99,8 @@ TEST(Options, AStoreThatIsRefusedIsNamed)
 {
     Program run;
     run.Put("letter", "Dear Sir or Madam,\n");
-    const Run list = run({"--store", "letter", "printer", "list"});
-    EXPECT_EQ(list, (Run{3, "", "qd480: letter is no printers' store: it is no SQLite file\n"}));
+    const Result list = run({"--store", "letter", "printer", "list"});
+    EXPECT_EQ(list, (Result{3, "", "qd480: letter is no printers' store: it is no SQLite file\n"}));
     EXPECT_EQ(run.Contents("letter"), "Dear Sir or Madam,\n");
 }
 
@@ -110,7 +110,7 @@ TEST(Options, OutputThatCannotBeWrittenIsAFailure)
     Program run;
     run.Put("r", std::string(80, '\0'));
     EXPECT_EQ(run({"record", "set", "r", "dmFields=1", "-o", "/dev/full"}),
-              (Run{3, "", "qd480: cannot write /dev/full: No space left on device\n"}));
+              (Result{3, "", "qd480: cannot write /dev/full: No space left on device\n"}));
 }
 
 }  // namespace

@@ -26,10 +26,10 @@ TEST(Printer, AreAddedAndRemoved)
               Done("{\"name\": \"Büro \\\"2\\\"\", \"driverName\": \"Treiber\", \"mayChange\": false, \"values\": {}, "
                    "\"recordLength\": 0}\n"));
     EXPECT_EQ(run({"printer", "add", First}),
-              (Run{3, "", "qd480: there is a printer \"Ordana Quillet 4820E\" already\n"}));
+              (Result{3, "", "qd480: there is a printer \"Ordana Quillet 4820E\" already\n"}));
     EXPECT_EQ(run({"printer", "remove", First}), Done());
     EXPECT_EQ(run({"printer", "remove", First}),
-              (Run{3, "", "qd480: there is no printer \"Ordana Quillet 4820E\" in the store\n"}));
+              (Result{3, "", "qd480: there is no printer \"Ordana Quillet 4820E\" in the store\n"}));
 }
 
 TEST(Printer, DataIsSetShownAndDeleted)
@@ -47,7 +47,7 @@ TEST(Printer, DataIsSetShownAndDeleted)
               Done("{\"PrinterDataSize\": {\"type\": \"REG_DWORD\", \"value\": 8}}\n"));
     EXPECT_EQ(run({"printer", "data", First, "PrinterData", "--delete"}), Done());
     EXPECT_EQ(run({"printer", "data", First, "PrinterData"}),
-              (Run{3, "", "qd480: the printer \"Ordana Quillet 4820E\" has no value \"PrinterData\"\n"}));
+              (Result{3, "", "qd480: the printer \"Ordana Quillet 4820E\" has no value \"PrinterData\"\n"}));
     EXPECT_EQ(
         run({"printer", "show", First}),
         Done("{\"name\": \"Ordana Quillet 4820E\", \"driverName\": \"Ordana Quillet 4820E\", \"mayChange\": true, "

@@ -25,7 +25,7 @@ void Redirect(const std::filesystem::path& path, int flags, int descriptor)
 
 }  // namespace
 
-void PrintTo(const Run& run, std::ostream* stream)
+void PrintTo(const Result& run, std::ostream* stream)
 {
     *stream << "status " << run.status << "\nout: " << run.out << "err: " << run.err;
 }
@@ -42,9 +42,9 @@ Program::~Program()
     std::filesystem::remove_all(folder_, ignored);
 }
 
-Run Program::operator()(std::vector<std::string> words, const std::string& input) const
+Result Program::operator()(const std::vector<std::string>& given, const std::string& input) const
 {
-    words.insert(words.begin(), QD_PROGRAM_PATH);
+    std::vector<std::string> words = given;
     for (std::string& word : words) {
         if (const auto mark = word.find("{}"); mark != std::string::npos) word.replace(mark, 2, folder_.string());
     }
@@ -59,7 +59,8 @@ Run Program::operator()(std::vector<std::string> words, const std::string& input
         Redirect(Path(".in"), O_RDONLY, STDIN_FILENO);
         Redirect(Path(".out"), O_WRONLY | O_CREAT | O_TRUNC, STDOUT_FILENO);
         Redirect(Path(".err"), O_WRONLY | O_CREAT | O_TRUNC, STDERR_FILENO);
-        std::vector<char*> arguments;
+        std::string program = QD_PROGRAM_PATH;
+        std::vector<char*> arguments = {program.data()};
         for (std::string& word : words) arguments.push_back(word.data());
         arguments.push_back(nullptr);
         ::execv(arguments[0], arguments.data());

@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-struct Run {
+struct Result {
     int status;  // the exit status; 1000 and the signal when one ended it
     std::string out, err;
-    bool operator==(const Run&) const = default;
+    bool operator==(const Result&) const = default;
 };
-void PrintTo(const Run& run, std::ostream* stream);
+void PrintTo(const Result& run, std::ostream* stream);
 
 class Program {
   public:
@@ -20,7 +20,7 @@ class Program {
     Program& operator=(const Program&) = delete;
 
     // Words as a shell would pass them. {} in a word is the folder.
-    Run operator()(std::vector<std::string> words, const std::string& input = "") const;
+    Result operator()(const std::vector<std::string>& words, const std::string& input = "") const;
 
     std::filesystem::path Path(const std::string& name) const { return folder_ / name; }
     void Put(const std::string& name, const std::string& contents) const;
@@ -31,4 +31,4 @@ class Program {
 };
 
 // What a run that has done its work looks like.
-inline Run Done(const std::string& out = "") { return {0, out, ""}; }
+inline Result Done(const std::string& out = "") { return {0, out, ""}; }

@@ -18,14 +18,16 @@ TEST(RecordCommand, MakesShowsAndChangesRecords)
     EXPECT_EQ(run.Contents("r").size(), 1848u);
     EXPECT_EQ(run({"record", "set", "r", "dmZoom=150", "dmWatermark.wmText=", "-o", "s"}), Done());
     EXPECT_EQ(run({"record", "diff", "r", "s"}),
-              (Run{1, "{\"dmZoom\": [100, 150], \"dmWatermark.wmText\": [\"DRAFT\", \"\"]}\n", ""}));
+              (Result{1, "{\"dmZoom\": [100, 150], \"dmWatermark.wmText\": [\"DRAFT\", \"\"]}\n", ""}));
     EXPECT_EQ(run({"record", "diff", "r", "r"}), Done("{}\n"));
 }
 
 TEST(RecordCommand, ShowsAsFarAsTheRecordReaches)
 {
     Program run;
-    run.Put("r", std::string("A\0B\0", 4) + std::string(61, '\0') + "\x04\x28\x01");
+    std::string record(68, '\0');
+    record[0] = 'A', record[2] = 'B', record[65] = 4, record[66] = 40, record[67] = 1;
+    run.Put("r", record);
     EXPECT_EQ(run({"record", "show", "r"}),
               Done("{\"dmDeviceName\": \"AB\", \"dmSpecVersion\": 1024, \"dmDriverVersion\": 296}\n"));
     EXPECT_EQ(run({"record", "show", "-"}, "short"), Done("{}\n"));
@@ -48,25 +50,25 @@ TEST(RecordCommand, TellsBytesThatNoFieldShows)
     record[740] = 1;
     run.Put("b", record);
     EXPECT_EQ(run({"record", "diff", "a", "b"}),
-              (Run{1, "{}\n", "qd480: the records differ from byte 740 on, where no field shows it\n"}));
+              (Result{1, "{}\n", "qd480: the records differ from byte 740 on, where no field shows it\n"}));
 }
 
 TEST(RecordCommand, RefusesWhatDoesNotFit)
 {
     Program run;
     run.Put("r", std::string(1848, '\0'));
-    const std::pair<std::string, std::string> rows[] = {
-        {"dmZom=1", "qd480: there is no field \"dmZom\" in the record\n"},
-        {"dmZoom", "qd480: \"dmZoom\": FIELD=VALUE is wanted\n"},
-        {"dmZoom=32768", "qd480: dmZoom=32768: dmZoom takes a number from -32768 to 32767\n"},
-        {"dmZoom=1x", "qd480: dmZoom=1x: dmZoom takes a number from -32768 to 32767\n"},
-        {"dmNupOn=-1", "qd480: dmNupOn=-1: dmNupOn takes a number from 0 to 255\n"},
-        {"dmWatermark=1", "qd480: dmWatermark has fields of its own; name one, as dmWatermark.wmText\n"},
-        {"dmFormName=" + std::string(32, 'n'),
-         "qd480: dmFormName=" + std::string(32, 'n') + ": dmFormName takes a text of at most 31 characters\n"},
+    const std::string name(32, 'n');
+    const std::vector<std::pair<std::string, std::string>> rows = {
+        {"dmZom=1",            "qd480: there is no field \"dmZom\" in the record\n"                                },
+        {"dmZoom",             "qd480: \"dmZoom\": FIELD=VALUE is wanted\n"                                        },
+        {"dmZoom=32768",       "qd480: dmZoom=32768: dmZoom takes a number from -32768 to 32767\n"                 },
+        {"dmZoom=1x",          "qd480: dmZoom=1x: dmZoom takes a number from -32768 to 32767\n"                    },
+        {"dmNupOn=-1",         "qd480: dmNupOn=-1: dmNupOn takes a number from 0 to 255\n"                         },
+        {"dmWatermark=1",      "qd480: dmWatermark has fields of its own; name one, as dmWatermark.wmText\n"       },
+        {"dmFormName=" + name, "qd480: dmFormName=" + name + ": dmFormName takes a text of at most 31 characters\n"},
     };
     for (const auto& [assignment, message] : rows) {
-        EXPECT_EQ(run({"record", "set", "r", assignment, "-o", "s"}), (Run{2, "", message}));
+        EXPECT_EQ(run({"record", "set", "r", assignment, "-o", "s"}), (Result{2, "", message}));
     }
     EXPECT_FALSE(std::filesystem::exists(run.Path("s")));
 }
@@ -77,12 +79,12 @@ TEST(RecordCommand, NamesTheFileThatItCannotUse)
     run.Put("bad", "{\"dmZoom\": }");
     run.Put("unfit", "{\"dmZoom\": 1.5}");
     run.Put("short", "short");
-    EXPECT_EQ(run({"record", "show", "none"}), (Run{3, "", "qd480: cannot read none: No such file or directory\n"}));
+    EXPECT_EQ(run({"record", "show", "none"}), (Result{3, "", "qd480: cannot read none: No such file or directory\n"}));
     EXPECT_THAT(run({"record", "make", "bad"}).err, HasSubstr("qd480: bad is no JSON: "));
     EXPECT_EQ(run({"record", "make", "unfit"}),
-              (Run{3, "", "qd480: unfit: the field dmZoom takes a number from -32768 to 32767\n"}));
+              (Result{3, "", "qd480: unfit: the field dmZoom takes a number from -32768 to 32767\n"}));
     EXPECT_EQ(run({"record", "set", "short", "dmZoom=1"}),
-              (Run{3, "", "qd480: short: the record of 5 bytes does not reach the field dmZoom\n"}));
+              (Result{3, "", "qd480: short: the record of 5 bytes does not reach the field dmZoom\n"}));
 }
 
 TEST(RecordCommand, LeavesAFileWholeThatItCannotWrite)
@@ -90,7 +92,7 @@ TEST(RecordCommand, LeavesAFileWholeThatItCannotWrite)
     Program run;
     run.Put("r", std::string(80, '\0'));
     EXPECT_EQ(run({"record", "set", "r", "dmFields=1", "-o", "none/s"}),
-              (Run{3, "", "qd480: cannot write none/s: No such file or directory\n"}));
+              (Result{3, "", "qd480: cannot write none/s: No such file or directory\n"}));
 }
 
 TEST(DocumentProperties, AnswersTheDefaultRecord)
@@ -147,9 +149,9 @@ TEST(DocumentProperties, FailWhereThePlanSays)
 TEST(DocumentProperties, ShowNoWindow)
 {
     EXPECT_EQ(Program()({"document-properties", First, "--mode", "6", "-o", "r"}),
-              (Run{2, "", "qd480: --mode 6 asks for a window (4); that is qd480 sheet\n"}));
+              (Result{2, "", "qd480: --mode 6 asks for a window (4); that is qd480 sheet\n"}));
     EXPECT_EQ(Program()({"document-properties", "None", "--mode", "2"}),
-              (Run{3, "", "qd480: there is no printer \"None\" in the store\n"}));
+              (Result{3, "", "qd480: there is no printer \"None\" in the store\n"}));
 }
 
 }  // namespace
