@@ -121,6 +121,7 @@ class QtDesktop : public platform::Desktop {
     {
         FileDialog dialog(ParentWidget(), request);
         dialog.setOption(QFileDialog::DontUseNativeDialog);
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);  // the layer asks
         dialog.setAcceptMode(request.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
         dialog.setFileMode(request.save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
         if (!request.title.empty()) dialog.setWindowTitle(ToQString(request.title));

@@ -13,10 +13,8 @@ namespace {
 using AddCommand = void (*)(CLI::App& program, host::Context& context);
 
 constexpr AddCommand Commands[] = {
-    host::AddPrinterCommand,
-    host::AddRecordCommand,
-    host::AddDocumentPropertiesCommand,
-    host::AddSheetCommand,
+    host::AddPrinterCommand, host::AddRecordCommand,    host::AddDocumentPropertiesCommand,
+    host::AddSheetCommand,   host::AddSnapshotsCommand,
 };
 
 constexpr char About[] =

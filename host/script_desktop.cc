@@ -104,6 +104,25 @@ Outcome SpinOften(HWND upDown, bool up, int times)
     return Outcome::Done;
 }
 
+// What a step is about, for a message.
+std::string Target(const Step& step)
+{
+    switch (step.kind) {
+        case StepKind::Page:
+            return "the page \"" + platform::ToUtf8(*step.text) + "\"";
+        case StepKind::Key:
+            return "what the key goes to";
+        case StepKind::SheetButton:
+            return "the button";
+        case StepKind::Answer:
+            return "the message box";
+        case StepKind::File:
+            return "the file dialog";
+        default:
+            return OnControl(step.kind) ? "control " + std::to_string(step.control) : "the dialog";
+    }
+}
+
 bool HasOnlyOk(UINT style) { return (style & 0x0F) == MB_OK; }
 
 }  // namespace
@@ -117,8 +136,6 @@ void ScriptDesktop::PlayRest()
 {
     while (!Stopped() && next_ < steps_.size()) Play(steps_[next_++]);
 }
-
-void ScriptDesktop::Opened(HWND) { hasShown_ = true; }
 
 void ScriptDesktop::Run(HWND top)
 {
@@ -244,8 +261,8 @@ void ScriptDesktop::Refuse(const Step& step, Outcome outcome)
                          {"reason",  Reason(outcome)                                   }
     });
     if (!strict_ || Stopped()) return;
-    const std::string what = OnControl(step.kind) ? "control " + std::to_string(step.control) : "what it is meant for";
-    trouble_ = "line " + std::to_string(step.line) + " of the script was refused: " + what + " is " + Reason(outcome);
+    trouble_ =
+        "line " + std::to_string(step.line) + " of the script was refused: " + Target(step) + " is " + Reason(outcome);
 }
 
 const Step* ScriptDesktop::TakeNext(StepKind kind)

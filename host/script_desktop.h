@@ -29,10 +29,8 @@ class ScriptDesktop : public platform::Desktop {
     void PlayRest();
     // Why the script has stopped before its end; empty: it has not. Every dialog is cancelled then.
     const std::string& Trouble() const { return trouble_; }
-    // Whether a dialog or sheet has ever come up.
-    bool HasShown() const { return hasShown_; }
 
-    void Opened(HWND top) override;
+    void Opened(HWND) override {}
     void Closed(HWND) override {}
     void Run(HWND top) override;
     void Changed(HWND) override {}
@@ -57,7 +55,6 @@ class ScriptDesktop : public platform::Desktop {
     ScriptLinks links_;
     bool strict_;
     std::size_t next_ = 0;
-    bool hasShown_ = false;
     std::string trouble_;
 };
 

@@ -74,7 +74,18 @@ SheetSession::SheetSession(Context& context, const SheetOptions& options) : cont
     }
 }
 
-int SheetSession::Run(const char* entry, const Call& call, std::function<Json()> record)
+SheetAnswer RunSheet(std::shared_ptr<platform::Desktop> desktop, std::shared_ptr<platform::TraceSink> trace,
+                     const SheetCall& call)
+{
+    const Plugged plugged(std::move(desktop), std::move(trace));
+    const OwnerWindow owner;
+    platform::services::TakeSheetOutcome();
+    const LONG answer = call(owner.Handle());
+    const LONG outcome = platform::services::TakeSheetOutcome().value_or(-1);
+    return {answer, answer < 0 ? -1 : outcome};
+}
+
+int SheetSession::Run(const char* entry, const SheetCall& call, std::function<Json()> record)
 {
     std::shared_ptr<TraceFile> trace;
     if (!options_.trace.empty()) trace = std::make_shared<TraceFile>(options_.trace);
@@ -85,29 +96,20 @@ int SheetSession::Run(const char* entry, const Call& call, std::function<Json()>
             options_.strict);
     }
     context_.PlugIn();
-    const Plugged plugged(script ? script : desktop::MakeQtDesktop(), trace);
-    const int status = RunWith(entry, call, script.get());
+    const SheetAnswer answer = RunSheet(script ? script : desktop::MakeQtDesktop(), trace, call);
     if (trace) trace->Check();
-    return status;
-}
-
-int SheetSession::RunWith(const char* entry, const Call& call, ScriptDesktop* script)
-{
-    const OwnerWindow owner;
-    platform::services::TakeSheetOutcome();
-    const LONG answer = call(owner.Handle());
-    const LONG outcome = platform::services::TakeSheetOutcome().value_or(-1);
     if (script) {
-        if (outcome >= 0) script->PlayRest();
+        if (answer.outcome >= 0) script->PlayRest();
         Print({
-            {"end", {{"result", answer}}}
+            {"end", {{"result", answer.entry}}}
         });
         if (!script->Trouble().empty()) throw Failure(script->Trouble());
     }
-    if (answer < 0 || outcome < 0) {
-        throw Failure(std::string("the sheet could not be shown: ") + entry + " answered " + std::to_string(answer));
+    if (answer.outcome < 0) {
+        throw Failure(std::string("the sheet could not be shown: ") + entry + " answered " +
+                      std::to_string(answer.entry));
     }
-    return outcome == CPSUI_OK ? Done : Cancelled;
+    return answer.outcome == CPSUI_OK ? Done : Cancelled;
 }
 
 void WriteSnapshot(HWND top, const std::string& file)

@@ -7,7 +7,7 @@
 
 #include "host/context.h"
 #include "host/script_desktop.h"
-#include "platform/types.h"
+#include "platform/seams/trace.h"
 
 namespace CLI {
 class App;
@@ -23,21 +23,28 @@ struct SheetOptions {
     void AddTo(CLI::App& command);
 };
 
+// Calls an entry that shows a sheet for this owner; gives the entry's answer.
+using SheetCall = std::function<LONG(HWND owner)>;
+
+struct SheetAnswer {
+    LONG entry;    // what the entry answered
+    LONG outcome;  // CPSUI_OK, CPSUI_CANCEL; below 0: no sheet was shown
+};
+
+// Desktop and trace (which may be null) are plugged in for this one call.
+SheetAnswer RunSheet(std::shared_ptr<platform::Desktop> desktop, std::shared_ptr<platform::TraceSink> trace,
+                     const SheetCall& call);
+
 class SheetSession {
   public:
-    // What the module prints a sheet for: returns the entry's answer.
-    using Call = std::function<LONG(HWND owner)>;
-
     // Checks that a sheet can be shown and reads the script, before anything is opened. UsageError, Failure.
     SheetSession(Context& context, const SheetOptions& options);
 
     // The status of the program: Done for OK, Cancelled for Cancel. Failure when the sheet could not be shown
     // or the script stopped before its end. record: what the sheet last published, or null.
-    int Run(const char* entry, const Call& call, std::function<Json()> record);
+    int Run(const char* entry, const SheetCall& call, std::function<Json()> record);
 
   private:
-    int RunWith(const char* entry, const Call& call, ScriptDesktop* script);
-
     Context& context_;
     SheetOptions options_;
     std::vector<Step> steps_;
