@@ -140,20 +140,6 @@ void SteppedDesktop::Help(const platform::HelpRequest& request)
     helpSeen.push_back({dialog ? 0 : window->id, request.file, request.command, request.context});
 }
 
-std::optional<DWORD> SteppedDesktop::SystemColor(int index)
-{
-    switch (index) {
-        case COLOR_BTNFACE:
-            return FaceColor;
-        case COLOR_BTNSHADOW:
-            return ShadowColor;
-        case COLOR_BTNHIGHLIGHT:
-            return HighlightColor;
-        default:
-            return std::nullopt;
-    }
-}
-
 TestMachine::TestMachine()
     : store_(std::make_shared<platform::MemoryStore>()),
       desktop_(std::make_shared<SteppedDesktop>()),

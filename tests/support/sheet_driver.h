@@ -51,7 +51,6 @@ class SteppedDesktop : public platform::Desktop {
     std::optional<std::u16string> PickFile(const platform::FileDialogRequest&) override { return std::nullopt; }
     void Help(const platform::HelpRequest& request) override;
     void Beep(UINT) override {}
-    std::optional<DWORD> SystemColor(int index) override;
 
     // Runs the step on the thread of the dialogs and waits until that thread wants the next one. False if
     // nothing is up any more.
@@ -71,11 +70,6 @@ class SteppedDesktop : public platform::Desktop {
     bool waiting_ = false;   // a modal loop wants a step
     bool finished_ = false;  // the sheet has ended
 };
-
-// The colours that the desktop reports.
-inline constexpr COLORREF FaceColor = 0xC0C0C0;
-inline constexpr COLORREF ShadowColor = 0x808080;
-inline constexpr COLORREF HighlightColor = 0xFFFFFF;
 
 // A machine with one printer, plugged into the platform layer for as long as the object lives.
 class TestMachine {
