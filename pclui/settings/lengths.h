@@ -12,5 +12,8 @@ constexpr int MillimetresToDots(int millimetres) { return static_cast<int>(milli
 // Truncates.
 constexpr int TenthsToDots(int tenths) { return tenths * 150 / 127; }
 
+// Truncates: 8 8/16 inches are 215 mm. In whole numbers, so that 5 inches are 127 mm however a build computes.
+constexpr int InchesToMillimetres(int inches, int sixteenths) { return (inches * 16 + sixteenths) * 254 / 160; }
+
 static_assert(DotsToTenths(2550) == 2159 && DotsToTenths(3507) == 2969);
 static_assert(MillimetresToDots(76) == 897 && MillimetresToDots(127) == 1500);

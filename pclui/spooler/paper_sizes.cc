@@ -8,8 +8,7 @@ namespace {
 
 LONG InchesInTenths(int hundredths, int sixteenths)
 {
-    const double millimetres = (hundredths / 100 + sixteenths * 0.0625) * 25.4;
-    return static_cast<LONG>(millimetres) * 10;
+    return InchesToMillimetres(hundredths / 100, sixteenths) * 10;
 }
 
 bool FindStoredPaper(HANDLE hPrinter, int paperCode, PaperExtent* out)
