@@ -220,10 +220,10 @@ TEST(DialogTemplates, PutTheLeftPanelAtTheSamePlaceOnEveryPage)
     const Place places[] = {
         {11, 11,  158, 332},
         {41, 304, 98,  23 },
-        {21, 33,  137, 161},
-        {24, 36,  131, 154},
-        {27, 210, 126, 16 },
-        {27, 236, 126, 16 }
+        {21, 39,  137, 161},
+        {24, 42,  131, 154},
+        {24, 216, 129, 16 },
+        {24, 242, 129, 16 },
     };
     for (const Dialog& dialog : Dialogs()) {
         for (const PanelNumbers& page : pages) {
