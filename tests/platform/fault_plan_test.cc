@@ -122,7 +122,7 @@ class PlannedFault : public FreshEnvironment {
 
     // clang-format off
     const FaultRow rows[31] = {
-        {"GlobalAlloc", [this] { HGLOBAL made = GlobalAlloc(GPTR, 8); return made == nullptr || GlobalFree(made) != nullptr; }},
+        {"GlobalAlloc", [] { HGLOBAL made = GlobalAlloc(GPTR, 8); return made == nullptr || GlobalFree(made) != nullptr; }},
         {"GlobalLock", [this] { return GlobalLock(block) == nullptr; }},
         {"GlobalUnlock", [this] { return !GlobalUnlock(block); }},
         {"GlobalFree", [this] { return GlobalFree(block) != nullptr; }},
