@@ -141,19 +141,14 @@ void SteppedDesktop::Help(const platform::HelpRequest& request)
 }
 
 TestMachine::TestMachine()
-    : store_(std::make_shared<platform::MemoryStore>()),
+    : Machine({}, {TestPrinter, TestPrinter}),
       desktop_(std::make_shared<SteppedDesktop>()),
       trace_(std::make_shared<TraceLines>())
 {
-    store_->Add({TestPrinter, TestPrinter, true});
     platform::Environment& environment = platform::CurrentEnvironment();
-    environment.printers = store_;
-    environment.registry = store_;
     environment.fonts = platform::MakeBuiltinFonts();
-    environment.facts = platform::MakeFixedFacts({});
     environment.desktop = desktop_;
     environment.trace = trace_;
-    environment.faults.Clear();
     // The module's code is linked into the test, its resources are in the library.
     static const HMODULE module = [] {
         std::string why;
@@ -167,9 +162,6 @@ TestMachine::TestMachine()
 TestMachine::~TestMachine()
 {
     platform::Environment& environment = platform::CurrentEnvironment();
-    environment.faults.Clear();
-    environment.printers = nullptr;
-    environment.registry = nullptr;
     environment.fonts = nullptr;
     environment.desktop = nullptr;
     environment.trace = nullptr;

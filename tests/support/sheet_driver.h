@@ -18,9 +18,9 @@
 
 #include "driver_dev_mode.h"
 #include "platform/seams/desktop.h"
-#include "platform/seams/memory_stores.h"
 #include "platform/seams/surface.h"
 #include "platform/user/actions.h"
+#include "tests/support/machine.h"
 #include "tests/support/trace_text.h"
 
 namespace testing_support {
@@ -71,21 +71,17 @@ class SteppedDesktop : public platform::Desktop {
     bool finished_ = false;  // the sheet has ended
 };
 
-// A machine with one printer, plugged into the platform layer for as long as the object lives.
-class TestMachine {
+// The machine of the sheet: with the model's printer, a desktop, a trace and the module's resources.
+class TestMachine : public Machine {
   public:
     TestMachine();
     ~TestMachine();
-    TestMachine(const TestMachine&) = delete;
-    TestMachine& operator=(const TestMachine&) = delete;
 
     SteppedDesktop& Desktop() { return *desktop_; }
     TraceLines& Trace() { return *trace_; }
-    platform::MemoryStore& Store() { return *store_; }
     HMODULE Module() const;  // the library, where the resources are
 
   private:
-    std::shared_ptr<platform::MemoryStore> store_;
     std::shared_ptr<SteppedDesktop> desktop_;
     std::shared_ptr<TraceLines> trace_;
 };
