@@ -19,7 +19,11 @@ std::shared_ptr<Node> KeepNode(HWND window)
     return found == Table().windows.end() ? nullptr : found->second;
 }
 
-Node* NodeOf(HWND window) { return KeepNode(window).get(); }
+Node* NodeOf(HWND window)
+{
+    const auto found = Table().windows.find(window);
+    return found == Table().windows.end() ? nullptr : found->second.get();
+}
 
 std::shared_ptr<Node> AddNode(Kind kind, std::u16string className, HWND parent)
 {
