@@ -61,8 +61,7 @@ void Context::AddOptions(CLI::App& command)
     const auto once = [](CLI::Option* option) { option->expected(1)->allow_extra_args(false); };
     auto* store = command.add_option_function<std::string>(
         "--store", [this](const std::string& path) { storePath_ = path; },
-        "The printers' store, an SQLite file; made, with the printer \"Ordana Quillet 4820E\" in it, when there is "
-        "none. Default: qd480/printers.db under $XDG_DATA_HOME or ~/.local/share");
+        "The printers' store, an SQLite file; below tells which it is by default");
     store->type_name("FILE")->group("Options of every command")->take_last();
     store->check([](const std::string& path) { return path.empty() ? "a file is wanted" : ""; });
     auto* platform = command.add_option_function<std::vector<std::string>>(
@@ -70,7 +69,7 @@ void Context::AddOptions(CLI::App& command)
         [this](const std::vector<std::string>& values) {
             for (const std::string& value : values) platform_.Take(value);
         },
-        "Overrides what the platform layer reports; repeatable. qd480 --help tells the keys");
+        "Overrides what the platform layer reports, by the keys below; repeatable");
     platform->type_name("KEY=VALUE")->group("Options of every command");
     once(platform);
     platform->take_all();

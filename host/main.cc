@@ -1,9 +1,12 @@
 // qd480: the print subsystem, an application and, for a job, the rendering side, around the module.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "host/commands.h"
 #include "host/context.h"
@@ -21,16 +24,22 @@ constexpr char About[] =
     "The driver's user interface for the page printer Ordana Quillet 4820E, run from the command line.\n";
 
 constexpr char Notes[] =
-    "Results go to standard output, messages to standard error. Exit status: 0 done, or the user pressed OK; "
-    "1 the user cancelled, or two records differ; 2 wrong usage; 3 the operation failed.\n"
+    "qd480 COMMAND --help tells more about a command.\n"
+    "Results go to standard output, as JSON one object a line; messages go to standard error.\n"
+    "Exit status: 0 done, or the user pressed OK; 1 the user cancelled, or two records differ;\n"
+    "2 wrong usage; 3 the operation failed.\n"
     "N-up, booklet, scaling and toner are the rendering side's work and are not done here.";
+
+constexpr char StoreNote[] =
+    "The default store is qd480/printers.db under $XDG_DATA_HOME or ~/.local/share. A store that does\n"
+    "not exist is made, with the one printer \"Ordana Quillet 4820E\" in it.\n\n";
 
 // Each command explains the whole line that it stands in.
 void AddOptionsToAll(CLI::App& app, host::Context& context)
 {
     context.AddOptions(app);
     const std::string footer = app.get_footer();
-    app.footer(footer + (footer.empty() ? "" : "\n\n") + host::PlatformOptionsHelp());
+    app.footer(footer + (footer.empty() ? "" : "\n\n") + StoreNote + host::PlatformOptionsHelp());
     for (CLI::App* command : app.get_subcommands({})) AddOptionsToAll(*command, context);
 }
 
@@ -38,6 +47,24 @@ int Complain(int status, const char* message)
 {
     std::fprintf(stderr, "qd480: %s\n", message);
     return status;
+}
+
+// The words behind the program's name, last one first, as the parser takes them. "--hex=" is "--hex" and an
+// empty value, which the parser by itself would miss.
+std::vector<std::string> Words(int argc, char** argv)
+{
+    std::vector<std::string> words;
+    bool options = true;
+    for (int i = 1; i < argc; ++i) {
+        std::string word = argv[i];
+        options = options && word != "--";
+        const bool emptyValue = options && word.starts_with("--") && word.find('=') == word.size() - 1;
+        if (emptyValue) word.pop_back();
+        words.push_back(std::move(word));
+        if (emptyValue) words.emplace_back();
+    }
+    std::ranges::reverse(words);
+    return words;
 }
 
 int Run(int argc, char** argv)
@@ -50,7 +77,7 @@ int Run(int argc, char** argv)
     program.footer(Notes);
     AddOptionsToAll(program, context);
     try {
-        program.parse(argc, argv);
+        program.parse(Words(argc, argv));
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::Success)) {
             return Complain(host::WrongUsage,

@@ -4,12 +4,10 @@
 #include <chrono>
 #include <cstdio>
 
+#include "desktop/qt_fonts.h"
 #include "host/errors.h"
 #include "platform/kernel/unicode.h"
 #include "platform/seams/fault_plan.h"
-#if __has_include("desktop/qt_fonts.h")
-#include "desktop/qt_fonts.h"
-#endif
 
 namespace host {
 
@@ -173,26 +171,29 @@ void TakeFail(PlatformOptions& options, std::string_view key, std::string_view v
 struct Key {
     std::string_view name;
     Take take;
-    const char* help;
+    const char* help;  // lines for the help text
 };
 
+// clang-format off
 constexpr Key Keys[] = {
-    {"country",      TakeCountry,
-     "telephone country code of the locale (49, 1, 81 ...); default: from LC_ALL, LC_PAPER, LANG"             },
-    {"language",     TakeLanguage,
-     "the locale's language, four hexadecimal digits; default: from LC_ALL, LC_MESSAGES, LANG"                },
-    {"codepage",     TakeCodePage,    "the narrow code page; default 1252"                                    },
-    {"user",         TakeUser,        "the user's name; default: the real one"                                },
-    {"time",         TakeTime,        "local time as 2005-12-31T17:45:00; default: the clock"                 },
-    {"os",           TakeOs,          "PLATFORM.MAJOR.MINOR.BUILD.SERVICEPACK; default 2.5.1.2600.2"          },
-    {"missing",      TakeMissing,     "a system library that cannot be loaded, as compstui.dll; repeatable"   },
-    {"window",       TakeWindow,      "a class of which a top-level window exists, as VWClass500; repeatable" },
-    {"owner-module", TakeOwnerModule, "the module file name of the sheet's owner window"                      },
+    {"country",      TakeCountry,     "telephone country code of the locale (49, 1, 81 ...);\n"
+                                      "default: from LC_ALL, LC_PAPER, LANG"},
+    {"language",     TakeLanguage,    "the locale's language, four hexadecimal digits;\n"
+                                      "default: from LC_ALL, LC_MESSAGES, LANG"},
+    {"codepage",     TakeCodePage,    "the narrow code page; default 1252"},
+    {"user",         TakeUser,        "the user's name; default: the real one"},
+    {"time",         TakeTime,        "local time as 2005-12-31T17:45:00; default: the clock"},
+    {"os",           TakeOs,          "PLATFORM.MAJOR.MINOR.BUILD.SERVICEPACK; default 2.5.1.2600.2"},
+    {"missing",      TakeMissing,     "a system library that cannot be loaded, as compstui.dll; repeatable"},
+    {"window",       TakeWindow,      "a class of which a top-level window exists, as VWClass500; repeatable"},
+    {"owner-module", TakeOwnerModule, "the module file name of the sheet's owner window"},
     {"fonts",        TakeFonts,       "system (default), or builtin: fixed metrics, the same on every machine"},
-    {"fail",         TakeFail,
-     "FUNCTION[:N[+]]: the N-th call (from 1) of that platform function by the module fails, with + every later one "
-     "too; repeatable"                                                                                        },
+    {"fail",         TakeFail,        "FUNCTION:N, the N-th call (from 1) of that platform function fails;\n"
+                                      "FUNCTION:N+, that one and every later one; FUNCTION is FUNCTION:1.\n"
+                                      "Only calls of the module count. A message name (LB_INSERTSTRING)\n"
+                                      "stands for a control that has no room for it; repeatable"},
 };
+// clang-format on
 
 bool SameIgnoringCase(std::u16string_view a, std::u16string_view b)
 {
@@ -242,7 +243,6 @@ class OverriddenFacts : public platform::SystemFacts {
     std::shared_ptr<platform::SystemFacts> machine_;
 };
 
-#if __has_include("desktop/qt_fonts.h")
 // Starts the window system's fonts no sooner than the first question, which most commands never ask.
 class LazyFonts : public platform::FontService {
   public:
@@ -258,7 +258,6 @@ class LazyFonts : public platform::FontService {
     }
     std::shared_ptr<platform::FontService> fonts_;
 };
-#endif
 
 }  // namespace
 
@@ -283,21 +282,23 @@ std::shared_ptr<platform::SystemFacts> MakeFacts(const PlatformOptions& options)
     return std::make_shared<OverriddenFacts>(options);
 }
 
-std::shared_ptr<platform::FontService> MakeFonts([[maybe_unused]] const PlatformOptions& options)
+std::shared_ptr<platform::FontService> MakeFonts(const PlatformOptions& options)
 {
-#if __has_include("desktop/qt_fonts.h")
-    if (!options.builtinFonts) return std::make_shared<LazyFonts>();
-#endif
-    return platform::MakeBuiltinFonts();
+    if (options.builtinFonts) return platform::MakeBuiltinFonts();
+    return std::make_shared<LazyFonts>();
 }
 
 std::string PlatformOptionsHelp()
 {
+    constexpr std::size_t Column = 16;
     std::string text = "Keys of --platform:\n";
     for (const Key& key : Keys) {
-        std::string name(key.name);
-        name.resize(14, ' ');
-        text += "  " + name + key.help + "\n";
+        std::string head = "  " + std::string(key.name);
+        for (const std::string_view line : Split(key.help, '\n')) {
+            head.resize(Column, ' ');
+            text.append(head).append(line) += '\n';
+            head.clear();
+        }
     }
     return text;
 }

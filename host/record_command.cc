@@ -42,7 +42,9 @@ void Make(const RecordOptions& options)
     try {
         record = RecordFromJson(Json::parse(text));
     } catch (const Json::parse_error& error) {
-        throw Failure(InputName(options.file) + " is no JSON: " + error.what());
+        // The library's own mark stands before what is of use.
+        const std::string_view what = error.what();
+        throw Failure(InputName(options.file) + " is no JSON: " + std::string(what.substr(what.find("] ") + 2)));
     } catch (const Failure& error) {
         throw Failure(InputName(options.file) + ": " + error.what());
     }

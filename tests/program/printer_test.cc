@@ -39,6 +39,7 @@ TEST(Printer, DataIsSetShownAndDeleted)
     EXPECT_EQ(run({"printer", "data", First, "PrinterDataSize", "--dword", "8"}), Done());
     EXPECT_EQ(run({"printer", "data", First, "PrinterData", "--hex", "0004080003000000"}), Done());
     EXPECT_EQ(run({"printer", "data", First, "None", "--hex", ""}), Done());
+    EXPECT_EQ(run({"printer", "data", First, "None", "--hex="}), Done());
     EXPECT_EQ(run({"printer", "data", First}),
               Done("{\"None\": {\"type\": \"REG_BINARY\", \"hex\": \"\"}, "
                    "\"PrinterData\": {\"type\": \"REG_BINARY\", \"hex\": \"0004080003000000\"}, "

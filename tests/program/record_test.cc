@@ -80,7 +80,8 @@ TEST(RecordCommand, NamesTheFileThatItCannotUse)
     run.Put("unfit", "{\"dmZoom\": 1.5}");
     run.Put("short", "short");
     EXPECT_EQ(run({"record", "show", "none"}), (Result{3, "", "qd480: cannot read none: No such file or directory\n"}));
-    EXPECT_THAT(run({"record", "make", "bad"}).err, HasSubstr("qd480: bad is no JSON: "));
+    EXPECT_THAT(run({"record", "make", "bad"}).err,
+                HasSubstr("qd480: bad is no JSON: parse error at line 1, column 12"));
     EXPECT_EQ(run({"record", "make", "unfit"}),
               (Result{3, "", "qd480: unfit: the field dmZoom takes a number from -32768 to 32767\n"}));
     EXPECT_EQ(run({"record", "set", "short", "dmZoom=1"}),
