@@ -14,6 +14,7 @@ void AddPrinterCommand(CLI::App& program, Context& context);
 void AddRecordCommand(CLI::App& program, Context& context);
 void AddDocumentPropertiesCommand(CLI::App& program, Context& context);
 void AddSheetCommand(CLI::App& program, Context& context);
+void AddDeviceSheetCommand(CLI::App& program, Context& context);
 void AddSnapshotsCommand(CLI::App& program, Context& context);
 
 }  // namespace host

@@ -11,5 +11,7 @@ using DocumentPropertiesEntry = LONG(HWND window, HANDLE printer, WCHAR* deviceN
                                      DWORD mode);
 using AdvancedDocumentPropertiesEntry = LONG(HWND window, HANDLE printer, WCHAR* deviceName, DEVMODEW* out,
                                              DEVMODEW* in);
+using DevicePropertySheetsEntry = LONG(PROPSHEETUI_INFO* info, LPARAM lParam);
+using PrinterPropertiesEntry = BOOL(HWND window, HANDLE printer);
 
 }  // namespace host

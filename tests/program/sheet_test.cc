@@ -1,0 +1,195 @@
+// qd480 sheet, played by scripts.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/program/program.h"
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace {
+
+constexpr char Printer[] = "Ordana Quillet 4820E";
+constexpr std::size_t RecordSize = 1848;
+
+std::vector<std::string> Sheet(std::vector<std::string> more)
+{
+    std::vector<std::string> words = {"sheet", Printer, "--platform", "country=1", "--script", "-"};
+    words.insert(words.end(), more.begin(), more.end());
+    return words;
+}
+
+constexpr char Change[] = "page \"Quality\"\nchoose IDC_RESOLUTION \"600 x 600\"\n";
+
+struct EntryRow {
+    const char* entry;
+    int cancelled;  // what it answers then
+};
+
+class SheetEntry : public testing::TestWithParam<EntryRow> {};
+
+TEST_P(SheetEntry, TellsOkFromCancel)
+{
+    Program run;
+    EXPECT_EQ(run(Sheet({"--entry", GetParam().entry}), "ok"), Done("{\"end\": {\"result\": 1}}\n"));
+    const std::string end = "{\"end\": {\"result\": " + std::to_string(GetParam().cancelled) + "}}\n";
+    EXPECT_EQ(run(Sheet({"--entry", GetParam().entry}), "cancel"), (Result{1, end, ""}));
+    EXPECT_EQ(run(Sheet({"--entry", GetParam().entry}), ""), (Result{1, end, ""}));
+}
+
+TEST_P(SheetEntry, WritesWhatOkPublished)
+{
+    Program run;
+    EXPECT_EQ(run(Sheet({"--entry", GetParam().entry, "-o", "r"}), std::string(Change) + "ok").status, 0);
+    EXPECT_EQ(run.Contents("r").size(), RecordSize);
+    EXPECT_THAT(run({"record", "show", "r"}).out, HasSubstr("\"dmResolutionChoice\": 600"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Program, SheetEntry,
+                         testing::Values(EntryRow{"document-properties", 2}, EntryRow{"advanced", 0},
+                                         EntryRow{"sheets", 0}),
+                         [](const auto& row) {
+                             std::string name = row.param.entry;
+                             std::erase(name, '-');
+                             return name;
+                         });
+
+TEST(SheetCommand, KeepsWhatApplyPublishedAfterCancel)
+{
+    Program run;
+    const Result result = run(Sheet({"-o", "r"}), std::string(Change) + "apply\nrecord\ncancel");
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.out, StartsWith("{\"record\": {\"dmDeviceName\": \"Ordana Quillet 4820E\""));
+    EXPECT_EQ(run.Contents("r").size(), RecordSize);
+}
+
+TEST(SheetCommand, WritesNothingAfterCancelAlone)
+{
+    Program run;
+    EXPECT_EQ(run(Sheet({"-o", "r"}), std::string(Change) + "record\ncancel").out,
+              "{\"record\": null}\n{\"end\": {\"result\": 2}}\n");
+    EXPECT_FALSE(std::filesystem::exists(run.Path("r")));
+}
+
+TEST(SheetCommand, GoesOnFromARecord)
+{
+    Program run;
+    run(Sheet({"-o", "r"}), std::string(Change) + "ok");
+    run(Sheet({"--in", "r", "-o", "s"}), "ok");
+    EXPECT_EQ(run({"record", "diff", "r", "s"}), Done("{}\n"));
+}
+
+TEST(SheetCommand, StoresTheDefaultAfterOkAlone)
+{
+    Program run;
+    run(Sheet({"--store-default"}), std::string(Change) + "apply\ncancel");
+    EXPECT_EQ(run({"printer", "record", Printer, "-o", "none"}).status, 0);
+    EXPECT_EQ(run.Contents("none"), "");
+    run(Sheet({"--store-default", "-o", "r"}), std::string(Change) + "ok");
+    run({"printer", "record", Printer, "-o", "s"});
+    EXPECT_EQ(run.Contents("r"), run.Contents("s"));
+}
+
+struct RoomRow {
+    const char* room;
+    std::size_t published;
+};
+
+class SheetRoom : public testing::TestWithParam<RoomRow> {};
+
+// An input of the public part alone gets the private part too when there is room for it.
+TEST_P(SheetRoom, DecidesWhatAShortRecordBecomes)
+{
+    Program run;
+    run(Sheet({"-o", "r"}), "ok");
+    run({"record", "set", "r", "dmDriverExtra=0", "-o", "short"});
+    run(Sheet({"--entry", "sheets", "--in", "short", "--room", GetParam().room, "-o", "s"}), "ok");
+    EXPECT_EQ(run.Contents("s").size(), GetParam().published);
+}
+
+INSTANTIATE_TEST_SUITE_P(Program, SheetRoom,
+                         testing::Values(RoomRow{"0", 220}, RoomRow{"1847", 220}, RoomRow{"1848", 1848},
+                                         RoomRow{"100000", 1848}));
+
+TEST(SheetCommand, StandsAnyInput)
+{
+    Program run;
+    run.Put("empty", "");
+    run.Put("huge", std::string(72, '\xFF'));
+    run.Put("long", std::string(200000, '\x7F'));
+    for (const char* file : {"empty", "huge", "long"}) {
+        EXPECT_EQ(run(Sheet({"--in", file, "-o", "r"}), "ok").status, 0) << file;
+    }
+}
+
+TEST(SheetCommand, EndsWithStatus3WhenStrictAndRefused)
+{
+    Program run;
+    const Result result = run(Sheet({"--strict"}), "dump # first\nclick 4711\nok");
+    EXPECT_EQ(result.status, 3);
+    EXPECT_THAT(result.out, HasSubstr("{\"refused\": {\"line\": 2, \"control\": 4711, \"reason\": \"absent\"}}\n"));
+    EXPECT_EQ(result.err, "qd480: line 2 of the script was refused: control 4711 is absent\n");
+}
+
+TEST(SheetCommand, TracesEveryDrawingCall)
+{
+    Program run;
+    EXPECT_EQ(run(Sheet({"--trace", "t"}), "page \"Quality\"\nok").status, 0);
+    EXPECT_THAT(run.Contents("t"), HasSubstr("{\"call\": \"GetDC\", \"dc\": "));
+}
+
+TEST(SheetCommand, SaysWhyNoSheetCameUp)
+{
+    Program run;
+    const Result result = run(Sheet({"--platform", "missing=compstui.dll"}), "ok");
+    EXPECT_EQ(result, (Result{3, "{\"end\": {\"result\": -1}}\n",
+                              "qd480: the sheet could not be shown: DrvDocumentProperties answered -1\n"}));
+}
+
+struct UsageRow {
+    std::vector<std::string> words;
+    const char* script;
+    const char* message;
+};
+
+class SheetUsage : public testing::TestWithParam<UsageRow> {};
+
+TEST_P(SheetUsage, IsRefused)
+{
+    const Result result = Program()(Sheet(GetParam().words), GetParam().script);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(result.err, HasSubstr(GetParam().message));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Program, SheetUsage,
+    testing::Values(
+        UsageRow{
+            {"--room", "5"},
+            "", "--room goes with --entry sheets"
+},
+        UsageRow{{"--entry", "advanced", "--no-permission"}, "", "--no-permission does not go with"},
+        UsageRow{{"--entry", "other"}, "", "--entry"}, UsageRow{{"--in", "-"}, "", "standard input cannot be both"},
+        UsageRow{{"-o", "-"}, "", "standard output cannot take"},
+        UsageRow{{}, "ok\njump", "standard input: line 2 of the script: \"jump\" is no step"}));
+
+TEST(SheetCommand, NeedsAScriptWhereThereIsNoDisplay)
+{
+    // The tests run without a display or may not open windows on it.
+    ::unsetenv("DISPLAY");
+    ::unsetenv("WAYLAND_DISPLAY");
+    Program run;
+    EXPECT_EQ(run({"sheet", Printer}).status, 2);
+    EXPECT_THAT(run({"sheet", Printer}).err, HasSubstr("give --script FILE"));
+    EXPECT_THAT(run({"sheet", Printer, "--strict"}).err, HasSubstr("--strict goes with --script FILE"));
+}
+
+TEST(SheetCommand, NamesThePrinterThatThereIsNot)
+{
+    Program run;
+    EXPECT_EQ(run({"sheet", "Other", "--script", "-"}),
+              (Result{3, "", "qd480: there is no printer \"Other\" in the store\n"}));
+}
+
+}  // namespace
