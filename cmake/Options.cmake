@@ -6,6 +6,9 @@ if(QD_SANITIZE)
                                              -fno-omit-frame-pointer)
   target_link_options(qd_options INTERFACE -fsanitize=address,undefined)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    target_link_options(qd_options INTERFACE -shared-libasan)
+    # The runtime lies in a folder of the compiler's, where the loader does not look by itself.
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-runtime-dir OUTPUT_VARIABLE runtime
+                    OUTPUT_STRIP_TRAILING_WHITESPACE)
+    target_link_options(qd_options INTERFACE -shared-libasan -Wl,-rpath,${runtime})
   endif()
 endif()
