@@ -1,0 +1,171 @@
+#include "pages/custom_paper_store.h"
+
+#include <gtest/gtest.h>
+
+#include "pages/custom_paper_work_list.h"
+#include "settings/options.h"
+#include "spooler/printer_data.h"
+#include "tests/support/custom_papers.h"
+#include "tests/support/records.h"
+
+namespace {
+
+using namespace testing_support;
+
+class CustomPaperStore : public testing::Test {
+  protected:
+    CustomPaperStore()
+    {
+        lstrcpyW(PrinterName, OfficePrinter);
+        CurrentSettings = &record;
+        SelectedPaperRow = 3;
+    }
+    ~CustomPaperStore() override
+    {
+        WorkListFree();
+        ReleaseRowsBehind(CustomHeadRow);
+        CustomHeadRow = {};
+        PaperRowCount = BuiltInPaperRows;
+        CurrentSettings = nullptr;
+    }
+    // Number and code of the rows, as a chain.
+    static std::vector<int> Codes()
+    {
+        std::vector<int> codes;
+        for (const PaperRow* row = &CustomHeadRow; row && row->code; row = row->next.get()) codes.push_back(row->code);
+        return codes;
+    }
+    std::vector<CustomPaperEntry> Three() const
+    {
+        return {Entry(300, u"One", 0, 2100, 2970), Entry(301, u"Two", 1, 800, 1100, 8, 0),
+                Entry(302, u"Three", 7, 100, 100)};
+    }
+
+    Machine machine;
+    DriverDevMode record{};
+};
+
+TEST_F(CustomPaperStore, LoadsRowsWithCodesByPlace)
+{
+    StorePapers(machine, Three());
+    record.dmPaperSize = 258;
+    EXPECT_EQ(LoadCustomPaperRows(), 3u << 16 | 1u);
+    EXPECT_EQ(Codes(), (std::vector{257, 258, 259}));
+    EXPECT_EQ(CustomHeadRow.size->psWidthDots, 2480);
+    EXPECT_EQ(CustomHeadRow.next->size->psWidth, 850);
+    EXPECT_EQ(CustomHeadRow.next->next->size->psWidth, 0);
+    EXPECT_EQ(std::u16string(CustomHeadRow.next->next->name), u"Three");
+    LoadCustomPaperList();
+    EXPECT_EQ(PaperRowCount, 29);
+    EXPECT_EQ(SelectedPaperRow, 27);
+}
+
+struct LengthRow {
+    DWORD length;
+    std::size_t bytes;
+    DWORD loaded;
+};
+
+TEST_F(CustomPaperStore, CountsWholeRecordsOnly)
+{
+    for (const LengthRow& row : {
+             LengthRow{112, 112, 2u << 16 | 0xFFFF},
+             LengthRow{113, 113, 2u << 16 | 0xFFFF},
+             LengthRow{55,  55,  0xFFFF           },
+             LengthRow{0,   56,  0xFFFF           },
+             LengthRow{112, 113, 0xFFFF           }
+    }) {
+        StorePapers(machine, platform::Bytes(row.bytes, 1), row.length);
+        EXPECT_EQ(LoadCustomPaperRows(), row.loaded) << row.length << " of " << row.bytes;
+        EXPECT_EQ(CustomHeadRow.code, row.loaded == 0xFFFF ? 0 : 257);
+    }
+}
+
+TEST_F(CustomPaperStore, ASizeThatIsGoneSelectsNothing)
+{
+    StorePapers(machine, Three());
+    record.dmPaperSize = 260;
+    LoadCustomPaperList();
+    EXPECT_EQ(SelectedPaperRow, 3);
+}
+
+TEST_F(CustomPaperStore, APrinterThatCannotBeReadLeavesTheRows)
+{
+    StorePapers(machine, Three());
+    LoadCustomPaperList();
+    Machine::Fail("OpenPrinterW");
+    EXPECT_EQ(LoadCustomPaperRows(), 0xFFFFu);
+    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_EQ(Codes().size(), 3u);
+}
+
+TEST_F(CustomPaperStore, ManyRowsAreReleasedByTheNextLoad)
+{
+    StorePapers(machine, std::vector<CustomPaperEntry>(70000, Entry(1, u"x", 0, 1000, 1000)));
+    EXPECT_EQ(HighWord(LoadCustomPaperRows()), 65534);
+    StorePapers(machine, {Entry(257, u"y", 0, 1000, 1000)});
+    LoadCustomPaperRows();
+    EXPECT_EQ(Codes(), std::vector{257});
+}
+
+TEST_F(CustomPaperStore, SavingNumbersTheListAndCutsTheRows)
+{
+    StorePapers(machine, Three());
+    LoadCustomPaperList();
+    for (const CustomPaperEntry& entry : Three()) ASSERT_TRUE(WorkListAppend(entry));
+    WorkListRemoveAt(1);
+    ASSERT_TRUE(SaveCustomPapers(2));
+    const auto stored = machine.store->Value(OfficePrinter, u"CustomPaperData")->bytes;
+    EXPECT_EQ(stored, PaperBytes({Entry(257, u"One", 0, 2100, 2970), Entry(258, u"Three", 7, 100, 100)}));
+    EXPECT_EQ(machine.store->Value(OfficePrinter, u"CustomPaperDataSize")->bytes, DwordBytes(112));
+    EXPECT_EQ(Codes(), (std::vector{257, 258}));
+    EXPECT_EQ(std::u16string(CustomHeadRow.next->name), u"Three");
+}
+
+TEST_F(CustomPaperStore, SavingNothingEmptiesStoreAndRows)
+{
+    StorePapers(machine, Three());
+    LoadCustomPaperList();
+    ASSERT_TRUE(SaveCustomPapers(0));
+    EXPECT_EQ(machine.store->Value(OfficePrinter, u"CustomPaperDataSize")->bytes, DwordBytes(0));
+    EXPECT_TRUE(Codes().empty());
+    EXPECT_EQ(CustomHeadRow.next, nullptr);
+}
+
+TEST_F(CustomPaperStore, AFailedSaveChangesNothing)
+{
+    StorePapers(machine, Three());
+    LoadCustomPaperList();
+    WorkListAppend(Entry(0, u"New", 0, 1000, 1000));
+    for (const char* function : {"OpenPrinterW", "GlobalAlloc"}) {
+        platform::CurrentEnvironment().faults.Clear();
+        Machine::Fail(function);
+        EXPECT_FALSE(SaveCustomPapers(1)) << function;
+        EXPECT_EQ(Codes().size(), 3u);
+        EXPECT_EQ(machine.store->Value(OfficePrinter, u"CustomPaperData")->bytes, PaperBytes(Three()));
+    }
+}
+
+TEST_F(CustomPaperStore, FiftySizesFill2800Bytes)
+{
+    for (int i = 0; i < MostCustomPapers; ++i) WorkListAppend(Entry(0, u"n", 0, 1000, 1000));
+    ASSERT_TRUE(SaveCustomPapers(MostCustomPapers));
+    EXPECT_EQ(machine.store->Value(OfficePrinter, u"CustomPaperData")->bytes.size(), 2800u);
+    EXPECT_EQ(WorkListEntryAt(49)->cpCode, 306);
+}
+
+TEST_F(CustomPaperStore, TheWorkingListIsAddressedByPlace)
+{
+    for (const CustomPaperEntry& entry : Three()) WorkListAppend(entry);
+    EXPECT_EQ(WorkListEntryAt(-5)->cpCode, 300);
+    EXPECT_EQ(WorkListEntryAt(3), nullptr);
+    EXPECT_EQ(WorkListStoreAt(3, Entry(9, u"", 0, 1, 1)), nullptr);
+    ASSERT_NE(WorkListStoreAt(2, Entry(9, u"", 0, 1, 1)), nullptr);
+    WorkListRemoveAt(-1);
+    EXPECT_EQ(WorkListEntryAt(0)->cpCode, 301);
+    EXPECT_EQ(WorkListEntryAt(1)->cpCode, 9);
+    WorkListRemoveAt(7);
+    EXPECT_EQ(WorkListEntryAt(1)->cpCode, 9);
+}
+
+}  // namespace

@@ -1,0 +1,123 @@
+#include "spooler/printer_events.h"
+
+#include "tests/spooler/printer_fixture.h"
+#include "tests/support/custom_papers.h"
+
+namespace {
+
+using namespace testing_support;
+using platform::Bytes;
+
+class PrinterUpgrade : public PrinterTest {
+  protected:
+    BOOL Upgrade(DWORD level = 1, const WCHAR* name = OfficePrinter)
+    {
+        DRIVER_UPGRADE_INFO_1W info{const_cast<WCHAR*>(name), nullptr};
+        SetLastError(0);
+        return DrvUpgradePrinter(level, &info);
+    }
+    void StoreBlock(const Bytes& block)
+    {
+        machine.store->SetValue(OfficePrinter, u"PrinterDataSize", {4, DwordBytes(static_cast<DWORD>(block.size()))});
+        machine.store->SetValue(OfficePrinter, u"PrinterData", {3, block});
+    }
+    Bytes StoredBlock()
+    {
+        return machine.store->Value(OfficePrinter, u"PrinterData").value_or(platform::StoredValue{}).bytes;
+    }
+};
+
+struct BlockRow {
+    Bytes before, after;
+};
+
+TEST_F(PrinterUpgrade, BringsTheBlockToTheCurrentForm)
+{
+    StorePapers(machine, {Entry(257, u"Card", 0, 1000, 2000)});
+    const BlockRow Rows[] = {
+        {{0x00, 0x04, 8, 0, 9, 8, 7, 6},             {0x00, 0x04, 8, 0, 9, 8, 7, 6}},
+        {{0x20, 0x03, 4, 0, 9, 8, 7, 6},             {0x00, 0x04, 8, 0, 0, 0, 0, 0}},
+        {{0x20, 0x03, 8, 0, 9, 8, 7, 6},             {0x00, 0x04, 8, 0, 9, 8, 7, 6}},
+        {{0x20, 0x03, 0xFF, 0xFF, 9, 8, 7, 6, 5, 4}, {0x00, 0x04, 8, 0, 9, 8, 7, 6}},
+    };
+    for (const BlockRow& row : Rows) {
+        StoreBlock(row.before);
+        EXPECT_TRUE(Upgrade());
+        EXPECT_EQ(StoredBlock(), row.after);
+    }
+}
+
+TEST_F(PrinterUpgrade, APrinterWithoutSizesGetsItsBlockAllTheSame)
+{
+    EXPECT_FALSE(Upgrade());
+    EXPECT_EQ(StoredBlock(), (Bytes{0x00, 0x04, 8, 0, 0, 0, 0, 0}));
+}
+
+TEST_F(PrinterUpgrade, WritesTheSizesBackWhole)
+{
+    Bytes bytes = PaperBytes({Entry(257, u"Card", 0, 1000, 2000)});
+    bytes.resize(60, 5);
+    StorePapers(machine, bytes, 60);
+    EXPECT_TRUE(Upgrade());
+    EXPECT_EQ(machine.store->Value(OfficePrinter, u"CustomPaperDataSize")->bytes, DwordBytes(56));
+    bytes.resize(56);
+    EXPECT_EQ(machine.store->Value(OfficePrinter, u"CustomPaperData")->bytes, bytes);
+}
+
+TEST_F(PrinterUpgrade, RefusesOtherLevelsAndPrintersThatCannotBeChanged)
+{
+    machine.store->Add({u"Locked", u"Quillet", false});
+    EXPECT_FALSE(Upgrade(2));
+    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_FALSE(Upgrade(1, u"Nowhere"));
+    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_FALSE(Upgrade(1, u"Locked"));
+    EXPECT_EQ(GetLastError(), 87u);
+    SetLastError(0);
+    EXPECT_FALSE(DrvUpgradePrinter(1, nullptr));
+    EXPECT_EQ(GetLastError(), 87u);
+    EXPECT_EQ(StoredBlock(), Bytes{});
+}
+
+struct EventRow {
+    int event;
+    std::uint64_t opens;
+};
+
+TEST_F(PrinterUpgrade, EventsOpenThePrinterAndChangeNothing)
+{
+    for (const EventRow& row : {
+             EventRow{0, 0},
+             EventRow{1, 0},
+             EventRow{3, 1},
+             EventRow{5, 1},
+             EventRow{6, 0}
+    }) {
+        auto& faults = platform::CurrentEnvironment().faults;
+        faults.Clear();
+        faults.CountCalls(true);
+        EXPECT_TRUE(DrvPrinterEvent(OfficePrinter, row.event, 0, 0));
+        const auto& calls = faults.Calls();
+        const auto opened = calls.find("OpenPrinterW");
+        EXPECT_EQ(opened == calls.end() ? 0 : opened->second, row.opens) << "event " << row.event;
+        EXPECT_TRUE(DrvPrinterEvent(u"Nowhere", row.event, 0, 0));
+    }
+    EXPECT_TRUE(machine.store->Values(OfficePrinter).empty());
+}
+
+TEST(PrinterEvents, ARefreshNeedsTheSubsystemsHelpers)
+{
+    platform::FixedFactValues facts;
+    facts.missingLibraries = u"spoolss.dll";
+    const Machine machine(facts);
+    EXPECT_FALSE(DrvPrinterEvent(OfficePrinter, PRINTER_EVENT_CACHE_REFRESH, 0, 0));
+    EXPECT_TRUE(DrvPrinterEvent(OfficePrinter, PRINTER_EVENT_INITIALIZE, 0, 0));
+}
+
+TEST_F(PrinterUpgrade, ARefreshNeedsBothHelpers)
+{
+    Machine::Fail("GetProcAddress", 2);
+    EXPECT_FALSE(DrvPrinterEvent(OfficePrinter, PRINTER_EVENT_CACHE_REFRESH, 0, 0));
+}
+
+}  // namespace

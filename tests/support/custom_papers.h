@@ -1,0 +1,54 @@
+// Stored custom sizes for tests.
+#pragma once
+
+#include <cstring>
+#include <initializer_list>
+#include <string_view>
+
+#include "spooler/stored_records.h"
+#include "tests/support/machine.h"
+
+namespace testing_support {
+
+inline CustomPaperEntry Entry(SHORT code, std::u16string_view name, SHORT unit, SHORT width, SHORT height,
+                              SHORT widthSixteenths = 0, SHORT heightSixteenths = 0)
+{
+    CustomPaperEntry entry{};
+    entry.cpCode = code;
+    entry.cpUnit = unit;
+    entry.cpWidth = width;
+    entry.cpHeight = height;
+    entry.cpWidthSixteenths = widthSixteenths;
+    entry.cpHeightSixteenths = heightSixteenths;
+    name.copy(entry.cpName, std::size(entry.cpName));
+    return entry;
+}
+
+inline platform::Bytes DwordBytes(DWORD value)
+{
+    platform::Bytes bytes(4);
+    std::memcpy(bytes.data(), &value, 4);
+    return bytes;
+}
+
+// Puts bytes into the slot as they are, with a length of their own.
+inline void StorePapers(Machine& machine, const platform::Bytes& bytes, DWORD length)
+{
+    machine.store->SetValue(OfficePrinter, u"CustomPaperDataSize", {4, DwordBytes(length)});
+    machine.store->SetValue(OfficePrinter, u"CustomPaperData", {3, bytes});
+}
+
+inline platform::Bytes PaperBytes(const std::vector<CustomPaperEntry>& entries)
+{
+    platform::Bytes bytes(entries.size() * sizeof(CustomPaperEntry));
+    if (!entries.empty()) std::memcpy(bytes.data(), entries.data(), bytes.size());
+    return bytes;
+}
+
+inline void StorePapers(Machine& machine, const std::vector<CustomPaperEntry>& entries)
+{
+    const platform::Bytes bytes = PaperBytes(entries);
+    StorePapers(machine, bytes, static_cast<DWORD>(bytes.size()));
+}
+
+}  // namespace testing_support
