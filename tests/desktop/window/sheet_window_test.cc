@@ -1,0 +1,182 @@
+// The sheet in a real window: a user presses keys and clicks through the X server.
+#include <gtest/gtest.h>
+
+#include <QtWidgets>
+#include <cstdlib>
+#include <thread>
+
+#include "desktop/dialog_view.h"
+#include "desktop/qt_desktop.h"
+#include "desktop/qt_fonts.h"
+#include "driver_dev_mode.h"
+#include "pclui/resources/control_numbers.h"
+#include "platform/kernel/modules.h"
+#include "platform/seams/environment.h"
+#include "platform/seams/memory_stores.h"
+#include "platform/seams/system_facts.h"
+#include "platform/services/sheet_service.h"
+#include "platform/spooler/printers.h"
+
+namespace {
+
+constexpr char16_t Printer[] = u"Ordana Quillet 4820E";
+
+// What the user does goes through the X server, from a thread of its own, while the windows run.
+class User {
+  public:
+    explicit User(std::function<void(User&)> walk) : thread_([this, walk = std::move(walk)] { walk(*this); }) {}
+    ~User() { thread_.join(); }
+
+    void Press(const std::string& key) { Do("key " + key); }
+    void Click(int control)
+    {
+        ClickAt([control] { return ControlWidget(control); });
+    }
+    void ClickButton(const QString& text)
+    {
+        ClickAt([text]() -> QWidget* {
+            for (QWidget* widget : QApplication::allWidgets())
+                if (auto* button = qobject_cast<QAbstractButton*>(widget);
+                    button && button->isVisible() && button->text().remove('&') == text)
+                    return button;
+            return nullptr;
+        });
+    }
+
+    void ShowPage(const QString& title)
+    {
+        ClickPlace([title] {
+            for (QWidget* widget : QApplication::allWidgets())
+                if (auto* bar = qobject_cast<QTabBar*>(widget); bar && bar->isVisible())
+                    for (int tab = 0; tab < bar->count(); ++tab)
+                        if (bar->tabText(tab) == title) return bar->mapToGlobal(bar->tabRect(tab).center());
+            return QPoint();
+        });
+    }
+
+  private:
+    static QWidget* ControlWidget(int control)
+    {
+        for (QWidget* widget : QApplication::allWidgets())
+            if (auto* view = dynamic_cast<desktop::DialogView*>(widget); view && view->isVisible())
+                for (QWidget* child : view->findChildren<QWidget*>())
+                    if (const HWND handle = view->ControlOf(child))
+                        if (platform::user::Find(handle)->id == control) return child;
+        return nullptr;
+    }
+
+    template <class T>
+    static T InWindows(const std::function<T()>& question)
+    {
+        T answer{};
+        QMetaObject::invokeMethod(
+            qApp, [&] { answer = question(); }, Qt::BlockingQueuedConnection);
+        return answer;
+    }
+
+    void ClickAt(const std::function<QWidget*()>& find)
+    {
+        ClickPlace([find] {
+            QWidget* widget = find();
+            if (!widget || !widget->isEnabled()) return QPoint();
+            // A radio button or check box answers to its mark and text, which stand at its left.
+            const bool mark = qobject_cast<QRadioButton*>(widget) || qobject_cast<QCheckBox*>(widget);
+            return widget->mapToGlobal(QPoint(mark ? 8 : widget->width() / 2, widget->height() / 2));
+        });
+    }
+
+    // Waits for the place to be there, and clicks it. A place of no coordinates is not there yet.
+    void ClickPlace(const std::function<QPoint()>& find)
+    {
+        for (int attempt = 0; attempt < 100; ++attempt) {
+            const QPoint place = InWindows<QPoint>([&] { return find() * qApp->devicePixelRatio(); });
+            if (!place.isNull()) {
+                Do("mousemove " + std::to_string(place.x()) + " " + std::to_string(place.y()) + " click 1");
+                return;
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        }
+        ADD_FAILURE() << "the widget did not show";
+    }
+
+    static void Do(const std::string& command)
+    {
+        EXPECT_EQ(std::system(("xdotool " + command).c_str()), 0) << command;
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    }
+
+    std::thread thread_;
+};
+
+class SheetWindow : public testing::Test {
+  protected:
+    SheetWindow()
+    {
+        store->Add({Printer, Printer});
+        auto& environment = platform::CurrentEnvironment();
+        environment.printers = store;
+        environment.registry = store;
+        environment.desktop = desktop::MakeQtDesktop();
+        environment.fonts = desktop::MakeQtFonts();
+        std::string why;
+        module = platform::modules::Load(QD_MODULE_PATH, &why);
+        EXPECT_TRUE(module) << why;
+    }
+
+    // Shows the sheet on the printer's defaults; the record that comes out.
+    DriverDevMode Show(DWORD* result)
+    {
+        const auto sheet =
+            reinterpret_cast<PFNPROPSHEETUI>(platform::modules::Entry(module, "DrvDocumentPropertySheets"));
+        DriverDevMode out{};
+        DOCUMENTPROPERTYHEADER header{};
+        header.cbSize = sizeof header;
+        header.hPrinter = platform::spooler::Open(Printer, 0);
+        header.pszPrinterName = const_cast<WCHAR*>(Printer);
+        header.pdmOut = PublicPart(&out);
+        header.cbOut = sizeof out;
+        header.fMode = DM_COPY;
+        EXPECT_GT(platform::services::RunCommonSheet(nullptr, sheet, reinterpret_cast<LPARAM>(&header), result), 0);
+        platform::spooler::Close(header.hPrinter);
+        return out;
+    }
+
+    std::shared_ptr<platform::MemoryStore> store = std::make_shared<platform::MemoryStore>();
+    HMODULE module = nullptr;
+};
+
+TEST_F(SheetWindow, ChoosesTheLowestResolutionAndTonerSaveByMouseAndKeyboard)
+{
+    DWORD result = 99;
+    DriverDevMode record{};
+    {
+        const User user([](User& self) {
+            self.ShowPage("Quality");
+            self.Click(IDC_RESOLUTION);
+            self.Press("Home");
+            self.Press("Return");
+            self.Click(IDC_TONER_SAVE_ON);
+            self.ClickButton("OK");
+        });
+        record = Show(&result);
+    }
+    EXPECT_EQ(result, 1u);
+    EXPECT_EQ(record.dmResolutionChoice, 600);
+    EXPECT_EQ(record.dmTonerSave, 1);
+}
+
+TEST_F(SheetWindow, EscapeCancels)
+{
+    DWORD result = 99;
+    {
+        const User user([](User& self) {
+            self.Click(IDC_SMOOTHTONE);
+            self.Press("Escape");  // closes the list
+            self.Press("Escape");
+        });
+        Show(&result);
+    }
+    EXPECT_EQ(result, 0u);
+}
+
+}  // namespace
