@@ -1,0 +1,185 @@
+#include "events/stamping.h"
+
+#include <gmock/gmock.h>
+
+#include "events/paper_metrics.h"
+#include "platform/gdi/job.h"
+#include "platform/seams/fonts.h"
+#include "platform/seams/surface.h"
+#include "settings/defaults.h"
+#include "spooler/printer_data.h"
+#include "tests/support/custom_papers.h"
+#include "tests/support/trace_text.h"
+#include "watermark/watermark_list.h"
+
+namespace {
+
+using namespace testing_support;
+using testing::ElementsAre;
+
+class Escapes : public platform::gdi::EscapeTarget {
+  public:
+    int Escape(int, std::span<const std::uint8_t>, std::span<std::uint8_t>) override { return 1; }
+};
+
+class Stamping : public testing::Test {
+  protected:
+    Stamping()
+    {
+        platform::CurrentEnvironment().fonts = platform::MakeBuiltinFonts();
+        BuildDefaultSettings(&record, nullptr, u"", 0);
+        record.dmWatermarkOn = 1;
+        record.dmWatermark.wmSize = 72;
+        record.dmWatermark.wmShading = 20;
+        CopyToField(record.dmWatermark.wmFaceName, 32, u"Arial");
+        CopyToField(record.dmWatermark.wmText, 73, u"COPY");
+        StampPageCount = 0;
+        StampReady = StampRepeat = false;
+        job = platform::gdi::CreateJobContext({}, std::make_shared<platform::RecordingSurface>(), &escapes);
+    }
+    ~Stamping() override
+    {
+        platform::gdi::DeleteJobContext(job);
+        platform::CurrentEnvironment().trace = nullptr;
+        platform::CurrentEnvironment().fonts = nullptr;
+        EXPECT_EQ(platform::gdi::ObjectCount(), 0u);
+    }
+    PaperMetrics Metrics(int orientation, int code)
+    {
+        PaperMetrics metrics{};
+        GetPaperMetrics(nullptr, &metrics, record, orientation, code);
+        return metrics;
+    }
+    std::vector<std::string> StampTraced()
+    {
+        const auto trace = std::make_shared<TraceLines>();
+        platform::CurrentEnvironment().trace = trace;
+        StampPage(job);
+        platform::CurrentEnvironment().trace = nullptr;
+        return trace->Take();
+    }
+
+    Machine machine;
+    Escapes escapes;
+    DriverDevMode record{};
+    HDC job = nullptr;
+};
+
+struct MetricsRow {
+    int quality, orientation, code;
+    WORD width, height, printableWidth, printableHeight, margin;
+};
+
+TEST_F(Stamping, MeasuresPagesInTheJobsResolution)
+{
+    record.dmPaperWidth = 1000;
+    record.dmPaperLength = 2000;
+    constexpr MetricsRow Rows[] = {
+        {600,  1, 1,   5100, 6600,  4898, 6398,  100},
+        {300,  2, 1,   3300, 2550,  3199, 2449,  50 },
+        {1200, 1, 9,   9920, 14028, 9520, 13628, 200},
+        {300,  1, 256, 1181, 2362,  1081, 2262,  50 },
+        {300,  2, 256, 2362, 1181,  2262, 1081,  50 },
+        {300,  1, 270, 2550, 3300,  2450, 3200,  50 },
+        {300,  1, 100, 2550, 3300,  2449, 3199,  50 },
+        {-1,   1, 11,  1748, 2480,  1648, 2380,  50 },
+    };
+    for (const MetricsRow& row : Rows) {
+        record.dmPrintQuality = static_cast<SHORT>(row.quality);
+        const PaperMetrics metrics = Metrics(row.orientation, row.code);
+        EXPECT_THAT((std::vector{metrics.width, metrics.height, metrics.printableWidth, metrics.printableHeight,
+                                 metrics.leftMargin, metrics.topMargin}),
+                    ElementsAre(row.width, row.height, row.printableWidth, row.printableHeight, row.margin, row.margin))
+            << "paper " << row.code << " at " << row.quality;
+    }
+}
+
+TEST_F(Stamping, AStoredSizeIsTheLastRowWithItsCode)
+{
+    StorePapers(machine,
+                {Entry(270, u"a", 0, 1000, 2000), Entry(270, u"b", 1, 800, 1100, 8, 0), Entry(271, u"c", 0, 1, 1)});
+    lstrcpyW(PrinterName, OfficePrinter);
+    HANDLE printer = nullptr;
+    ASSERT_TRUE(OpenPrinterW(PrinterName, &printer, nullptr));
+    record.dmPrintQuality = 300;
+    PaperMetrics metrics{};
+    GetPaperMetrics(printer, &metrics, record, 1, 270);
+    ClosePrinter(printer);
+    EXPECT_EQ(metrics.width, 2539);   // 215 mm
+    EXPECT_EQ(metrics.height, 3295);  // 279 mm
+}
+
+TEST_F(Stamping, DrawsBetweenTwoMarksAndPutsEverythingBack)
+{
+    record.dmPrintQuality = 300;
+    ASSERT_EQ(PrepareWatermark(nullptr, record), 1);
+    const auto calls = StampTraced();
+    // COPY at height 300 is 600 by 337 with the built-in metrics.
+    EXPECT_THAT(calls, testing::Contains(testing::HasSubstr("ExtTextOutW [900,1450,0,null,\"COPY\",4,null]")));
+    EXPECT_THAT(calls, testing::Contains(testing::HasSubstr("SetTextColor [13421772]")));
+    EXPECT_THAT(calls, testing::Contains(testing::HasSubstr("SetWindowExtEx [2449,-3199]")));
+    EXPECT_EQ(std::ranges::count_if(
+                  calls, [](const std::string& call) { return call.find("ExtEscape") != std::string::npos; }),
+              2);
+    EXPECT_EQ(GetTextAlign(job), 0u);
+    EXPECT_EQ(SetTextColor(job, 0), 0u);
+    EXPECT_EQ(SetBkMode(job, OPAQUE), OPAQUE);
+    EXPECT_EQ(SetMapMode(job, MM_TEXT), MM_TEXT);
+}
+
+TEST_F(Stamping, ManyPagesOnASheetAreStampedFourTimes)
+{
+    record.dmNupOn = 1;
+    record.dmNupCount = 4;
+    ASSERT_EQ(PrepareWatermark(nullptr, record), 1);
+    const auto drawn = [](const std::vector<std::string>& calls) {
+        return std::ranges::count_if(
+            calls, [](const std::string& call) { return call.find("ExtTextOutW") != std::string::npos; });
+    };
+    EXPECT_EQ(drawn(StampTraced()), 4);
+    record.dmNupCount = 1;
+    PrepareWatermark(nullptr, record);
+    EXPECT_EQ(drawn(StampTraced()), 1);
+}
+
+TEST_F(Stamping, AStampOfTheFirstPageLeavesTheOthersAlone)
+{
+    record.dmWatermark.wmFirstPageOnly = 1;
+    PrepareWatermark(nullptr, record);
+    EXPECT_FALSE(StampTraced().empty());
+    EXPECT_TRUE(StampTraced().empty());
+    EXPECT_EQ(StampPageCount, 1u);
+}
+
+TEST_F(Stamping, AFaceThatIsNotThereLeavesTheStampAsItWas)
+{
+    PrepareWatermark(nullptr, record);
+    StampReady = false;
+    CopyToField(record.dmWatermark.wmFaceName, 32, u"None");
+    CopyToField(record.dmWatermark.wmText, 73, u"OTHER");
+    EXPECT_EQ(PrepareWatermark(nullptr, record), 0);
+    EXPECT_FALSE(StampReady);
+    EXPECT_EQ(std::u16string(StampText.data()), u"COPY");
+}
+
+TEST_F(Stamping, NoFailingCallLeavesTheContextChanged)
+{
+    record.dmPrintQuality = 300;
+    PrepareWatermark(nullptr, record);
+    for (const char* function : {"CreateFontIndirectW", "SelectObject", "SetTextColor", "SetBkMode", "SetROP2",
+                                 "SetMapMode", "SetWindowOrgEx", "SetViewportOrgEx", "SetWindowExtEx",
+                                 "SetViewportExtEx", "GetTextAlign", "SetTextAlign", "ExtEscape", "ExtTextOutW"}) {
+        platform::CurrentEnvironment().faults.Clear();
+        Machine::Fail(function);
+        StampPage(job);
+        platform::CurrentEnvironment().faults.Clear();
+        EXPECT_EQ(GetTextAlign(job), 0u) << function;
+        EXPECT_EQ(SetTextColor(job, 0), 0u) << function;
+        EXPECT_EQ(SetBkMode(job, OPAQUE), OPAQUE) << function;
+        EXPECT_EQ(SetROP2(job, R2_COPYPEN), R2_COPYPEN) << function;
+        EXPECT_EQ(SetMapMode(job, MM_TEXT), MM_TEXT) << function;
+        EXPECT_EQ(platform::gdi::ObjectCount(), 0u) << function;
+    }
+}
+
+}  // namespace
