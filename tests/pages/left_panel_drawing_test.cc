@@ -1,5 +1,5 @@
 // What the left panel and the icon of the resolution draw, call by call. Colours are the desktop's classic
-// ones: face 0xC8D0D4, shadow 0x808080, highlight 0xFFFFFF.
+// ones: face 0xF0F0F0, shadow 0xA0A0A0, highlight 0xFFFFFF.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -34,11 +34,11 @@ const Lines ClearFrame = {
     "1069 GetClientRect []",
     "- CreatePen [0,1,16777215]",
     "1069 SelectObject [{pen:{style:0,width:1,color:16777215}}]",
-    "- CreateSolidBrush [13160660]",
-    "1069 SelectObject [{brush:{color:13160660}}]",
+    "- CreateSolidBrush [15790320]",
+    "1069 SelectObject [{brush:{color:15790320}}]",
     "1069 Rectangle [0,0,137,161]",
     "1069 SelectObject [{stock:0}]",
-    "- DeleteObject [{brush:{color:13160660}}]",
+    "- DeleteObject [{brush:{color:15790320}}]",
     "1069 SelectObject [{stock:7}]",
     "- DeleteObject [{pen:{style:0,width:1,color:16777215}}]",
     "1069 ReleaseDC []",
@@ -47,17 +47,17 @@ const Lines ClearFrame = {
 const Lines SunkenFrame = {
     "1069 GetDC []",
     "1069 GetClientRect []",
-    "- CreateSolidBrush [13160660]",
-    "1069 SelectObject [{brush:{color:13160660}}]",
+    "- CreateSolidBrush [15790320]",
+    "1069 SelectObject [{brush:{color:15790320}}]",
     "- CreatePen [0,1,16777215]",
     "1069 SelectObject [{pen:{style:0,width:1,color:16777215}}]",
     "1069 Rectangle [0,0,137,161]",
     "1069 SelectObject [{stock:7}]",
     "- DeleteObject [{pen:{style:0,width:1,color:16777215}}]",
     "1069 SelectObject [{stock:0}]",
-    "- DeleteObject [{brush:{color:13160660}}]",
+    "- DeleteObject [{brush:{color:15790320}}]",
     // Outer edges: shadow at top and left, highlight at right and bottom.
-    "1069 SetBkColor [8421504]",
+    "1069 SetBkColor [10526880]",
     "1069 ExtTextOutW [0,0,2,[0,0,137,1],\"\",0,null]",
     "1069 ExtTextOutW [0,0,2,[0,0,1,161],\"\",0,null]",
     "1069 SetBkColor [16777215]",
@@ -68,7 +68,7 @@ const Lines SunkenFrame = {
     "1069 SetBkColor [16777215]",
     "1069 ExtTextOutW [1,1,2,[1,1,136,2],\"\",0,null]",
     "1069 ExtTextOutW [1,1,2,[1,1,2,160],\"\",0,null]",
-    "1069 SetBkColor [13160660]",
+    "1069 SetBkColor [15790320]",
     "1069 ExtTextOutW [135,1,2,[135,1,136,160],\"\",0,null]",
     "1069 ExtTextOutW [1,159,2,[1,159,136,160],\"\",0,null]",
     "1069 SetBkColor [16777215]",
@@ -81,9 +81,9 @@ Lines Icon(int number)
     return {
         "9520 GetDC []",
         "9520 GetClientRect []",
-        "- CreateSolidBrush [13160660]",
-        "9520 FillRect [[0,0,32,32],{brush:{color:13160660}}]",
-        "- DeleteObject [{brush:{color:13160660}}]",
+        "- CreateSolidBrush [15790320]",
+        "9520 FillRect [[0,0,32,32],{brush:{color:15790320}}]",
+        "- DeleteObject [{brush:{color:15790320}}]",
         "- LoadIconW [" + icon + "]",
         "9520 DrawIcon [0,0,{icon:" + icon + "}]",
         "9520 ReleaseDC []",

@@ -182,7 +182,7 @@ TEST_F(Trace, ColoursRectanglesAndTheLayersOwnPaintingAreNoPartOfIt)
 {
     RECT copy{};
     const RECT source{1, 2, 3, 4};
-    EXPECT_EQ(GetSysColor(COLOR_BTNFACE), RGB(212, 208, 200));
+    EXPECT_EQ(GetSysColor(COLOR_BTNFACE), RGB(240, 240, 240));
     EXPECT_TRUE(CopyRect(&copy, &source));
     EXPECT_EQ(copy.bottom, 4);
     EXPECT_FALSE(CopyRect(&copy, nullptr));
