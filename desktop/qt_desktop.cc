@@ -91,7 +91,7 @@ class QtDesktop : public platform::Desktop {
         // Many changes come in one action; they are shown together when Qt has time.
         if (pending_) return;
         pending_ = true;
-        QTimer::singleShot(0, qApp, [this] {
+        QTimer::singleShot(0, &alive_, [this] {
             pending_ = false;
             SyncAll();
         });
@@ -183,6 +183,7 @@ class QtDesktop : public platform::Desktop {
     QVector<TopWindow*> windows_;
     QVector<Loop> loops_;
     bool pending_ = false;
+    QObject alive_;  // what is put off for later ends with the desktop
 };
 
 }  // namespace

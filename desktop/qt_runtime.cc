@@ -37,8 +37,9 @@ void EnsureApplication()
     static int argc = 1;
     static char name[] = "qd480";
     static char* argv[] = {name, nullptr};
-    // Lives until the program ends: windows and fonts may be asked for at any time.
-    static QApplication application(argc, argv);
+    // Never deleted: windows and fonts may be asked for as long as the program runs, also while it ends.
+    static auto* const application = new QApplication(argc, argv);
+    static_cast<void>(application);
     QApplication::setApplicationName("qd480");
     QApplication::setStyle("Fusion");
     QApplication::setQuitOnLastWindowClosed(false);

@@ -27,16 +27,7 @@ struct Picture {
     const char* way;
 };
 constexpr Picture Pictures[] = {
-    {"setup",          "page \"Setup\"\n"                                           },
-    {"paper",          "page \"Paper\"\n"                                           },
-    {"quality",        "page \"Quality\"\n"                                         },
-    {"device-options", "page \"Device Options Setting\"\n"                          },
-    {"nup-style",      "page \"Setup\"\nchoose IDC_NUP 1\nclick IDC_NUP_STYLE\n"    },
-    {"watermark",      "page \"Setup\"\nclick IDC_EDIT_WATERMARK\n"                 },
-    {"overlay-list",   "page \"Setup\"\nclick IDC_EDIT_OVERLAY\n"                   },
-    {"overlay-edit",   "page \"Setup\"\nclick IDC_EDIT_OVERLAY\nclick IDC_OVL_NEW\n"},
-    {"custom-paper",   "page \"Paper\"\nclick IDC_EDIT_CUSTOM\n"                    },
-    {"about",          "page \"Device Options Setting\"\nclick IDC_ABOUT\n"         },
+    {"quality", "page \"Quality\"\n"},
 };
 
 struct Options {

@@ -60,9 +60,11 @@ bool Mapping::SetMode(int mode, const Device& device)
     if (mode == MM_TEXT) {
         windowExtent_ = viewportExtent_ = {1, 1};
     } else if (mode == MM_ISOTROPIC) {
-        windowExtent_ = {static_cast<LONG>(Scaled(device.width, 254, device.dotsPerInchX)),
-                         static_cast<LONG>(Scaled(device.height, 254, device.dotsPerInchY))};
-        viewportExtent_ = {device.width, -device.height};
+        // A device that does not tell its size still has extents to divide by.
+        const LONG width = std::max<LONG>(1, device.width), height = std::max<LONG>(1, device.height);
+        windowExtent_ = {std::max(1, static_cast<LONG>(Scaled(width, 254, device.dotsPerInchX))),
+                         std::max(1, static_cast<LONG>(Scaled(height, 254, device.dotsPerInchY)))};
+        viewportExtent_ = {width, -height};
     }
     return true;
 }

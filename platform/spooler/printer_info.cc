@@ -63,23 +63,36 @@ bool KnownEnvironment(const WCHAR* environment)
     return environment == nullptr || *environment == u'\0' || environment == Environment;
 }
 
-DWORD DriverInfo(HANDLE printer, const WCHAR* environment, DWORD level, BYTE* target, DWORD room, DWORD* needed)
+// The fields that both levels of driver information have.
+template <class Info>
+void FillDriver(Info& info, InfoBlock& block, const Stored& stored)
 {
-    const Stored stored = Look(printer);
-    if (stored.error != ERROR_SUCCESS) return stored.error;
-    if (level != 3) return ERROR_INVALID_LEVEL;
-    if (!KnownEnvironment(environment)) return ERROR_INVALID_ENVIRONMENT;
-    if (needed == nullptr) return ERROR_INVALID_PARAMETER;
-
     const std::u16string folder = DriverDirectory() + u"\\3\\";
-    DRIVER_INFO_3W info{};
-    InfoBlock block(target, sizeof info);
     info.cVersion = DriverVersion;
     info.pName = block.Add(stored.entry.driverName);
     info.pEnvironment = block.Add(Environment);
     info.pDriverPath = block.Add(folder + u"qd480.dll");
     info.pDataFile = block.Add(folder + u"qd480.dat");
     info.pConfigFile = block.Add(folder + u"qd480ui.dll");
+}
+
+DWORD DriverInfo(HANDLE printer, const WCHAR* environment, DWORD level, BYTE* target, DWORD room, DWORD* needed)
+{
+    const Stored stored = Look(printer);
+    if (stored.error != ERROR_SUCCESS) return stored.error;
+    if (level != 2 && level != 3) return ERROR_INVALID_LEVEL;
+    if (!KnownEnvironment(environment)) return ERROR_INVALID_ENVIRONMENT;
+    if (needed == nullptr) return ERROR_INVALID_PARAMETER;
+
+    if (level == 2) {
+        DRIVER_INFO_2W info{};
+        InfoBlock block(target, sizeof info);
+        FillDriver(info, block, stored);
+        return block.Deliver(info, room, needed);
+    }
+    DRIVER_INFO_3W info{};
+    InfoBlock block(target, sizeof info);
+    FillDriver(info, block, stored);
     info.pDependentFiles = block.Add(std::u16string(1, u'\0'));  // a list of texts, and it is empty
     info.pMonitorName = block.Add(u"");
     info.pDefaultDataType = block.Add(u"RAW");

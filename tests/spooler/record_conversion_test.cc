@@ -163,7 +163,7 @@ TEST(FormatTextTest, TakesAnArgumentForEachDirective)
 {
     WCHAR text[64];
     DWORD needed = 0;
-    EXPECT_EQ(FormatText(nullptr, text, 64, &needed, u"%d %u %x %X %c%s%%", {-5, -1, 255, 255, u'c', u"str"}), 28);
+    EXPECT_EQ(FormatText(nullptr, text, 64, &needed, u"%d %u %x %X %c%s%%", {-5, -1, 255, 255, u'c', u"str"}), 25);
     EXPECT_EQ(std::u16string(text), u"-5 4294967295 ff FF cstr%");
 }
 

@@ -123,6 +123,13 @@ class SheetWindow : public testing::Test {
         EXPECT_TRUE(module) << why;
     }
 
+    ~SheetWindow() override
+    {
+        platform::modules::Unload(module);
+        platform::CurrentEnvironment().desktop = nullptr;
+        platform::CurrentEnvironment().fonts = nullptr;
+    }
+
     // Shows the sheet on the printer's defaults; the record that comes out.
     DriverDevMode Show(DWORD* result)
     {
