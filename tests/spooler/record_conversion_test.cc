@@ -56,7 +56,7 @@ TEST_F(Conversion351, TellsTheRoomThatItNeeds)
         {CDM_CONVERT351,     300,  TRUE,  0,   300 },
         {CDM_CONVERT351,     4096, TRUE,  0,   300 },
         {CDM_DRIVER_DEFAULT, 1847, FALSE, 122, 1848},
-        {CDM_DRIVER_DEFAULT, 1848, TRUE,  0,   1848},
+        {CDM_DRIVER_DEFAULT, 1848, TRUE,  122, 1848}, // of asking the driver how long its name is
         {CDM_CONVERT,        0,    FALSE, 87,  0   },
         {CDM_CONVERT,        71,   FALSE, 87,  71  },
         {3,                  4096, FALSE, 0,   4096},
