@@ -157,7 +157,7 @@ TEST_F(PrintSubsystem, TellsAboutTheDriver)
     EXPECT_EQ(std::u16string(info.pName), u"Quillet");
     EXPECT_EQ(std::u16string(info.pConfigFile), u"C:\\WINDOWS\\system32\\spool\\DRIVERS\\W32X86\\3\\qd480ui.dll");
     EXPECT_EQ(info.pHelpFile, nullptr);
-    EXPECT_FALSE(GetPrinterDriverW(printer, nullptr, 2, block.data(), needed, &needed));
+    EXPECT_FALSE(GetPrinterDriverW(printer, nullptr, 1, block.data(), needed, &needed));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_LEVEL);
 }
 
