@@ -4,7 +4,7 @@ set -euo pipefail
 
 build=(cmake ninja-build g++ llvm pkg-config qt6-base-dev libsqlitecpp-dev libsqlite3-dev libqpdf-dev libcli11-dev
        nlohmann-json3-dev libgtest-dev libgmock-dev googletest fonts-liberation)
-check=(clang clang-format libclang-rt-dev g++-multilib libbenchmark-dev xvfb xdotool qpdf poppler-utils)
+check=(clang clang-format libclang-rt-dev g++-multilib libbenchmark-dev xvfb xauth xdotool qpdf poppler-utils python3)
 
 wanted=("${build[@]}")
 [ "${1:-build}" = all ] && wanted+=("${check[@]}")
