@@ -12,6 +12,12 @@ using DocumentPropertiesEntry = LONG(HWND window, HANDLE printer, WCHAR* deviceN
 using AdvancedDocumentPropertiesEntry = LONG(HWND window, HANDLE printer, WCHAR* deviceName, DEVMODEW* out,
                                              DEVMODEW* in);
 using DevicePropertySheetsEntry = LONG(PROPSHEETUI_INFO* info, LPARAM lParam);
+using DeviceCapabilitiesEntry = LONG(HANDLE printer, const WCHAR* deviceName, WORD capability, void* output,
+                                     const DEVMODEW* record);
+using ConvertDevModeEntry = BOOL(const WCHAR* printer, const DEVMODEW* in, DEVMODEW* out, LONG* needed, DWORD mode);
+using QueryPrintEntry = BOOL(DEVQUERYPRINT_INFO* info);
+using UpgradePrinterEntry = BOOL(DWORD level, const DRIVER_UPGRADE_INFO_1W* info);
+using PrinterEventEntry = BOOL(const WCHAR* printer, int event, DWORD flags, LPARAM lParam);
 using PrinterPropertiesEntry = BOOL(HWND window, HANDLE printer);
 
 }  // namespace host

@@ -16,8 +16,10 @@ namespace {
 using AddCommand = void (*)(CLI::App& program, host::Context& context);
 
 constexpr AddCommand Commands[] = {
-    host::AddPrinterCommand, host::AddRecordCommand,    host::AddDocumentPropertiesCommand,
-    host::AddSheetCommand,   host::AddSnapshotsCommand,
+    host::AddPrinterCommand,      host::AddRecordCommand,  host::AddDocumentPropertiesCommand,
+    host::AddCapabilitiesCommand, host::AddConvertCommand, host::AddCanPrintCommand,
+    host::AddUpgradeCommand,      host::AddEventCommand,   host::AddSheetCommand,
+    host::AddSnapshotsCommand,
 };
 
 constexpr char About[] =

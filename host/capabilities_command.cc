@@ -1,0 +1,178 @@
+// qd480 capabilities: what the printer can do, each capability asked without and with output.
+#include <CLI/CLI.hpp>
+#include <cstring>
+#include <memory>
+
+#include "host/commands.h"
+#include "host/context.h"
+#include "host/entries.h"
+#include "host/printer_handle.h"
+#include "host/record_file.h"
+
+namespace host {
+
+namespace {
+
+// How the output of a capability is laid out, a row of the list each.
+enum class Shape { None, Numbers16, Pairs32, Names };
+
+struct Capability {
+    const char* name;
+    WORD code;
+    Shape shape = Shape::None;
+    std::size_t nameChars = 0;
+};
+constexpr Capability Capabilities[] = {
+    {"DC_FIELDS",           DC_FIELDS                            },
+    {"DC_PAPERS",           DC_PAPERS,                             Shape::Numbers16},
+    {"DC_PAPERSIZE",                     DC_PAPERSIZE,                                             Shape::Pairs32},
+    {"DC_MINEXTENT",       DC_MINEXTENT},
+    {"DC_MAXEXTENT",   DC_MAXEXTENT                                        },
+    {"DC_BINS",       DC_BINS,    Shape::Numbers16},
+    {"DC_DUPLEX",        DC_DUPLEX                         },
+    {"DC_SIZE",           DC_SIZE                               },
+    {"DC_EXTRA",             DC_EXTRA                                },
+    {"DC_VERSION",            DC_VERSION                            },
+    {"DC_DRIVER",          DC_DRIVER                         },
+    {"DC_BINNAMES",           DC_BINNAMES,                              Shape::Names, 24},
+    {"DC_ENUMRESOLUTIONS",         DC_ENUMRESOLUTIONS,                         Shape::Pairs32},
+    {"DC_FILEDEPENDENCIES",                   DC_FILEDEPENDENCIES,                                                        Shape::Names, 64},
+    {"DC_TRUETYPE",DC_TRUETYPE},
+    {"DC_PAPERNAMES", DC_PAPERNAMES, Shape::Names, 64},
+    {"DC_ORIENTATION",                   DC_ORIENTATION                                                       },
+    {"DC_COPIES",                DC_COPIES                                                           },
+    {"DC_MEDIAREADY",        DC_MEDIAREADY,                                 Shape::Names, 64},
+    {"DC_STAPLE",                     DC_STAPLE                                          },
+    {"DC_PRINTRATEPPM",                     DC_PRINTRATEPPM},
+    {"DC_COLORDEVICE",                     DC_COLORDEVICE},
+};
+
+struct Options {
+    std::string printer, record;
+    std::vector<std::string> only;
+};
+
+std::size_t RowBytes(const Capability& capability)
+{
+    switch (capability.shape) {
+        case Shape::Numbers16:
+            return sizeof(WORD);
+        case Shape::Pairs32:
+            return 2 * sizeof(LONG);
+        case Shape::Names:
+            return capability.nameChars * sizeof(WCHAR);
+        case Shape::None:
+            break;
+    }
+    return 0;
+}
+
+Json RowOf(const Capability& capability, const std::uint8_t* row)
+{
+    if (capability.shape == Shape::Numbers16) {
+        WORD number;
+        std::memcpy(&number, row, sizeof number);
+        return number;
+    }
+    if (capability.shape == Shape::Pairs32) {
+        LONG pair[2];
+        std::memcpy(pair, row, sizeof pair);
+        return Json::array({pair[0], pair[1]});
+    }
+    std::u16string name(capability.nameChars, u'\0');
+    std::memcpy(name.data(), row, name.size() * sizeof(WCHAR));
+    return Text(UpToTerminator(name));
+}
+
+// The capability of that name or number; one that has no name stands under its number.
+Capability Named(const std::string& text)
+{
+    for (const Capability& row : Capabilities)
+        if (text == row.name) return row;
+    std::size_t used = 0;
+    unsigned long code = 0x10000;
+    try {
+        code = std::stoul(text, &used);
+    } catch (const std::exception&) {
+        used = 0;
+    }
+    if (used == 0 || used != text.size() || text[0] == '-' || code > 0xFFFF) {
+        throw UsageError("--only " + text +
+                         ": neither the name of a capability (DC_PAPERS) nor a number from 0 to 65535");
+    }
+    for (const Capability& row : Capabilities)
+        if (code == row.code) return row;
+    return {nullptr, static_cast<WORD>(code)};
+}
+
+class Questions {
+  public:
+    Questions(Context& context, const Options& options)
+        : ask_(context.Entry<DeviceCapabilitiesEntry>("DrvDeviceCapabilities")),
+          name_(context.Printer(options.printer).name),
+          printer_(name_),
+          record_(RecordBuffer::Load(options.record))
+    {
+    }
+
+    Json Ask(const Capability& capability)
+    {
+        const LONG without = ask_(printer_, name_.data(), capability.code, nullptr, record_.Record());
+        const std::size_t rows = without > 0 ? static_cast<std::size_t>(without) : 0;
+        // One row of room is always there, for capabilities that write one whatever they answer.
+        std::vector<std::uint8_t> output(std::max<std::size_t>(rows, 1) *
+                                         std::max<std::size_t>(RowBytes(capability), 8));
+        const LONG answer = ask_(printer_, name_.data(), capability.code, output.data(), record_.Record());
+        Json json = {
+            {"code",          capability.code},
+            {"answer",        answer         },
+            {"withoutOutput", without        }
+        };
+        if (capability.shape == Shape::None) return json;
+        Json list = Json::array();
+        const std::size_t filled = answer > 0 ? std::min(rows, static_cast<std::size_t>(answer)) : 0;
+        for (std::size_t row = 0; row < filled; ++row)
+            list.push_back(RowOf(capability, output.data() + row * RowBytes(capability)));
+        json["output"] = list;
+        return json;
+    }
+
+  private:
+    DeviceCapabilitiesEntry* ask_;
+    std::u16string name_;
+    PrinterHandle printer_;
+    RecordBuffer record_;
+};
+
+void Run(Context& context, const Options& options)
+{
+    std::vector<Capability> wanted;
+    for (const std::string& text : options.only) wanted.push_back(Named(text));
+    if (wanted.empty()) wanted.assign(std::begin(Capabilities), std::end(Capabilities));
+    context.PlugIn();
+    Questions questions(context, options);
+    Json answers = Json::object();
+    for (const Capability& capability : wanted)
+        answers[capability.name ? capability.name : std::to_string(capability.code)] = questions.Ask(capability);
+    Print(answers);
+}
+
+}  // namespace
+
+void AddCapabilitiesCommand(CLI::App& program, Context& context)
+{
+    CLI::App* command =
+        program.add_subcommand("capabilities", "Ask what the printer can do, through DrvDeviceCapabilities");
+    const auto options = std::make_shared<Options>();
+    command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
+    command->add_option("--record", options->record, "Settings over the driver's defaults")->type_name("FILE");
+    command->add_option("--only", options->only, "Ask this capability alone, by name (DC_PAPERS) or number; repeatable")
+        ->type_name("NAME-OR-CODE")
+        ->allow_extra_args(false);
+    command->footer(
+        "Prints {\"DC_PAPERS\": {\"code\": 2, \"answer\": 27, \"withoutOutput\": 27, \"output\": [1, 9, ...]}, ...}: "
+        "each capability is asked once without and once with output.");
+    command->callback([options, &context] { Run(context, *options); });
+}
+
+}  // namespace host
