@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstring>
 
-#include "resources/control_numbers.h"
 #include "module.h"
 #include "platform/user.h"
+#include "resources/control_numbers.h"
 #include "settings/model_tables.h"
 #include "settings/wide_text.h"
 #include "spooler/paper_sizes.h"

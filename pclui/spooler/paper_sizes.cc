@@ -6,10 +6,7 @@
 
 namespace {
 
-LONG InchesInTenths(int hundredths, int sixteenths)
-{
-    return InchesToMillimetres(hundredths / 100, sixteenths) * 10;
-}
+LONG InchesInTenths(int hundredths, int sixteenths) { return InchesToMillimetres(hundredths / 100, sixteenths) * 10; }
 
 bool FindStoredPaper(HANDLE hPrinter, int paperCode, PaperExtent* out)
 {

@@ -1,8 +1,8 @@
 #include "spooler/record_conversion.h"
 
 #include "boundary.h"
-#include "resources/control_numbers.h"
 #include "module.h"
+#include "resources/control_numbers.h"
 #include "settings/defaults.h"
 #include "settings/global_block.h"
 #include "settings/merge.h"
