@@ -1,5 +1,6 @@
 #include "qt_runtime.h"
 
+#include <cstdio>
 #include <cstdlib>
 
 #include "qt_surface.h"
@@ -15,6 +16,13 @@ QPalette LayerPalette()
     QPalette palette = QApplication::palette();
     palette.setColor(QPalette::Window, QColor(240, 240, 240));
     return palette;
+}
+
+// Qt's remarks about the machine (a plug-in without a feature, a folder that is not set) are no messages of
+// this program.
+void PassMessage(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "qd480: %s\n", qPrintable(message));
 }
 
 }  // namespace
@@ -34,6 +42,7 @@ void EnsureApplication()
     if (QCoreApplication::instance()) return;
     const bool screen = screen_wanted && HasDisplay();
     if (!screen) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(PassMessage);
     static int argc = 1;
     static char name[] = "qd480";
     static char* argv[] = {name, nullptr};

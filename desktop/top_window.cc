@@ -55,7 +55,12 @@ void TopWindow::BuildSheet()
     auto* layout = new QVBoxLayout(this);
     tabs_ = new QTabWidget(this);
     layout->addWidget(tabs_);
-    for (const SheetPage& page : sheet->pages) tabs_->addTab(new QWidget(tabs_), ToQString(page.title));
+    for (const SheetPage& page : sheet->pages) {
+        // In the colour that the pictures of a page take for its background.
+        auto* body = new QWidget(tabs_);
+        body->setAutoFillBackground(true);
+        tabs_->addTab(body, ToQString(page.title));
+    }
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int page) {
         if (!syncing_) act_([this, page] { ShowPage(top_, page); });
     });
