@@ -4,7 +4,7 @@
 
 #include "driver_dev_mode.h"
 
-// The specification version that belongs to a record's dmSize; of an unknown size the record's own. 0 for null.
+// The structure version that belongs to a record's dmSize; of an unknown size the record's own. 0 for null.
 WORD RecordSpecVersion(const DEVMODEW* record);
 
 // Copies public part and private part of source over those of target, each as far as both reach. Target keeps
