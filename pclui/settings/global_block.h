@@ -13,11 +13,11 @@ struct GlobalFreer {
 template <class T>
 using GlobalBlock = std::unique_ptr<T, GlobalFreer>;
 
-// A zeroed block of that many bytes, or null.
+// A block of that many bytes, zeroed unless the flags say otherwise, or null.
 template <class T>
-GlobalBlock<T> AllocateBlock(SIZE_T bytes)
+GlobalBlock<T> AllocateBlock(SIZE_T bytes, UINT flags = GPTR)
 {
     using Element = std::remove_extent_t<T>;
     static_assert(std::is_trivial_v<Element>);
-    return GlobalBlock<T>(static_cast<Element*>(GlobalAlloc(GPTR, bytes)));
+    return GlobalBlock<T>(static_cast<Element*>(GlobalAlloc(flags, bytes)));
 }

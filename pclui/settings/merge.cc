@@ -168,12 +168,9 @@ void MergeTextMode(Record& target, const Record& work)
 // Up to its terminator; a path without one is cut, so that the field always holds a whole string.
 void MergeOverlayFile(Record& target, const Record& work)
 {
-    constexpr std::size_t last = std::extent_v<decltype(Record::dmOverlayFile)> - 1;
-    std::size_t length = 0;
-    for (; length < last && work.dmOverlayFile[length] != 0; ++length) {
-        target.dmOverlayFile[length] = work.dmOverlayFile[length];
-    }
-    target.dmOverlayFile[length] = 0;
+    const WCHAR* last = std::end(work.dmOverlayFile) - 1;
+    const WCHAR* end = std::find(std::begin(work.dmOverlayFile), last, u'\0');
+    *std::copy(std::begin(work.dmOverlayFile), end, std::begin(target.dmOverlayFile)) = 0;
 }
 
 void MergePrivateSection(Record& target, const Record& work)
@@ -192,6 +189,17 @@ void MergePrivateSection(Record& target, const Record& work)
     MergeOverlayFile(target, work);
 }
 
+// The source's bytes as far as it reaches, the target's behind them.
+bool LayOver(Record& work, const Record& target, const DEVMODEW& source)
+{
+    const std::size_t reach =
+        RecordPublicSize + std::min({source.dmDriverExtra, target.dmDriverExtra, RecordPrivateSize});
+    const auto* bytes = reinterpret_cast<const BYTE*>(&target);
+    std::memcpy(&work, bytes, RecordPublicSize);
+    std::memcpy(reinterpret_cast<BYTE*>(&work) + reach, bytes + reach, sizeof work - reach);
+    return CopyRecordParts(&source, PublicPart(&work)) > 0;
+}
+
 }  // namespace
 
 int MergeSettings(DriverDevMode* target, const DEVMODEW* source)
@@ -200,11 +208,8 @@ int MergeSettings(DriverDevMode* target, const DEVMODEW* source)
     const bool ourPrivateSection =
         source->dmDriverVersion == RecordDriverVersion && source->dmDriverExtra == RecordPrivateSize;
 
-    // The source's bytes as far as it reaches, the target's behind them.
-    const auto work = AllocateBlock<Record>(sizeof(Record));
-    if (!work) return 0;
-    *work = *target;
-    if (CopyRecordParts(source, PublicPart(work.get())) <= 0) return 0;
+    const auto work = AllocateBlock<Record>(sizeof(Record), GMEM_FIXED);
+    if (!work || !LayOver(*work, *target, *source)) return 0;
 
     MergePublicPart(*target, *work);
     if (ourPrivateSection) MergePrivateSection(*target, *work);

@@ -23,11 +23,6 @@ inline const BYTE* FieldBytes(const DriverDevMode& record, const RecordField& fi
     return reinterpret_cast<const BYTE*>(&record) + field.offset;
 }
 
-inline void CopyField(DriverDevMode& target, const DriverDevMode& source, const RecordField& field)
-{
-    std::memcpy(FieldBytes(target, field), FieldBytes(source, field), field.width);
-}
-
 // Fields of 1 or 2 bytes.
 inline int ShortField(const DriverDevMode& record, const RecordField& field)
 {
@@ -39,5 +34,17 @@ inline int ShortField(const DriverDevMode& record, const RecordField& field)
 }
 inline void SetShortField(DriverDevMode& record, const RecordField& field, int value)
 {
-    std::memcpy(FieldBytes(record, field), &value, field.width);  // little-endian: the low bytes
+    BYTE* bytes = FieldBytes(record, field);
+    bytes[0] = static_cast<BYTE>(value);
+    if (field.width == 2) bytes[1] = static_cast<BYTE>(value >> 8);
+}
+
+inline void CopyField(DriverDevMode& target, const DriverDevMode& source, const RecordField& field)
+{
+    // Most fields are this short; they are spared the call.
+    if (field.width == sizeof(SHORT)) {
+        std::memcpy(FieldBytes(target, field), FieldBytes(source, field), sizeof(SHORT));
+    } else {
+        std::memcpy(FieldBytes(target, field), FieldBytes(source, field), field.width);
+    }
 }
