@@ -175,9 +175,9 @@ TEST_F(SqliteStoreTest, GivesAReadOnlyPrintersKeyForReading)
     EXPECT_TRUE(store.SetValue(u"Locked", u"V", Eight));
 }
 
-TEST_F(SqliteStoreTest, TakesLargeValuesUpToItsLimit)
+TEST_F(SqliteStoreTest, TakesLargeValuesButNoneBeyondItsLimit)
 {
-    const StoredValue large{REG_BINARY, Bytes(store::ValueLimit, 0x5A)};
+    const StoredValue large{REG_BINARY, Bytes(std::size_t{8} << 20, 0x5A)};
     EXPECT_TRUE(store.SetValue(First, u"V", large));
     EXPECT_TRUE(store.Value(First, u"V") == large);
     EXPECT_THROW(store.SetValue(First, u"V", {REG_BINARY, Bytes(store::ValueLimit + 1)}), StoreError);
