@@ -19,32 +19,32 @@ enum class Shape { None, Numbers16, Pairs32, Names };
 struct Capability {
     const char* name;
     WORD code;
-    Shape shape = Shape::None;
-    std::size_t nameChars = 0;
+    Shape shape;
+    std::size_t nameChars;
 };
 constexpr Capability Capabilities[] = {
-    {"DC_FIELDS",           DC_FIELDS                            },
-    {"DC_PAPERS",           DC_PAPERS,                             Shape::Numbers16},
-    {"DC_PAPERSIZE",                     DC_PAPERSIZE,                                             Shape::Pairs32},
-    {"DC_MINEXTENT",       DC_MINEXTENT},
-    {"DC_MAXEXTENT",   DC_MAXEXTENT                                        },
-    {"DC_BINS",       DC_BINS,    Shape::Numbers16},
-    {"DC_DUPLEX",        DC_DUPLEX                         },
-    {"DC_SIZE",           DC_SIZE                               },
-    {"DC_EXTRA",             DC_EXTRA                                },
-    {"DC_VERSION",            DC_VERSION                            },
-    {"DC_DRIVER",          DC_DRIVER                         },
-    {"DC_BINNAMES",           DC_BINNAMES,                              Shape::Names, 24},
-    {"DC_ENUMRESOLUTIONS",         DC_ENUMRESOLUTIONS,                         Shape::Pairs32},
-    {"DC_FILEDEPENDENCIES",                   DC_FILEDEPENDENCIES,                                                        Shape::Names, 64},
-    {"DC_TRUETYPE",DC_TRUETYPE},
-    {"DC_PAPERNAMES", DC_PAPERNAMES, Shape::Names, 64},
-    {"DC_ORIENTATION",                   DC_ORIENTATION                                                       },
-    {"DC_COPIES",                DC_COPIES                                                           },
-    {"DC_MEDIAREADY",        DC_MEDIAREADY,                                 Shape::Names, 64},
-    {"DC_STAPLE",                     DC_STAPLE                                          },
-    {"DC_PRINTRATEPPM",                     DC_PRINTRATEPPM},
-    {"DC_COLORDEVICE",                     DC_COLORDEVICE},
+    {"DC_FIELDS",           DC_FIELDS,           Shape::None,      0 },
+    {"DC_PAPERS",           DC_PAPERS,           Shape::Numbers16, 0 },
+    {"DC_PAPERSIZE",        DC_PAPERSIZE,        Shape::Pairs32,   0 },
+    {"DC_MINEXTENT",        DC_MINEXTENT,        Shape::None,      0 },
+    {"DC_MAXEXTENT",        DC_MAXEXTENT,        Shape::None,      0 },
+    {"DC_BINS",             DC_BINS,             Shape::Numbers16, 0 },
+    {"DC_DUPLEX",           DC_DUPLEX,           Shape::None,      0 },
+    {"DC_SIZE",             DC_SIZE,             Shape::None,      0 },
+    {"DC_EXTRA",            DC_EXTRA,            Shape::None,      0 },
+    {"DC_VERSION",          DC_VERSION,          Shape::None,      0 },
+    {"DC_DRIVER",           DC_DRIVER,           Shape::None,      0 },
+    {"DC_BINNAMES",         DC_BINNAMES,         Shape::Names,     24},
+    {"DC_ENUMRESOLUTIONS",  DC_ENUMRESOLUTIONS,  Shape::Pairs32,   0 },
+    {"DC_FILEDEPENDENCIES", DC_FILEDEPENDENCIES, Shape::Names,     64},
+    {"DC_TRUETYPE",         DC_TRUETYPE,         Shape::None,      0 },
+    {"DC_PAPERNAMES",       DC_PAPERNAMES,       Shape::Names,     64},
+    {"DC_ORIENTATION",      DC_ORIENTATION,      Shape::None,      0 },
+    {"DC_COPIES",           DC_COPIES,           Shape::None,      0 },
+    {"DC_MEDIAREADY",       DC_MEDIAREADY,       Shape::Names,     64},
+    {"DC_STAPLE",           DC_STAPLE,           Shape::None,      0 },
+    {"DC_PRINTRATEPPM",     DC_PRINTRATEPPM,     Shape::None,      0 },
+    {"DC_COLORDEVICE",      DC_COLORDEVICE,      Shape::None,      0 },
 };
 
 struct Options {
@@ -102,7 +102,7 @@ Capability Named(const std::string& text)
     }
     for (const Capability& row : Capabilities)
         if (code == row.code) return row;
-    return {nullptr, static_cast<WORD>(code)};
+    return {nullptr, static_cast<WORD>(code), Shape::None, 0};
 }
 
 class Questions {
@@ -117,8 +117,10 @@ class Questions {
 
     Json Ask(const Capability& capability)
     {
-        const LONG without = ask_(printer_, name_.data(), capability.code, nullptr, record_.Record());
-        const std::size_t rows = without > 0 ? static_cast<std::size_t>(without) : 0;
+        const LONG without = AskWithoutOutput(capability.code);
+        // The names of papers are counted in 16 bits, however many are written.
+        const LONG written = capability.code == DC_PAPERNAMES ? AskWithoutOutput(DC_PAPERS) : without;
+        const std::size_t rows = written > 0 ? static_cast<std::size_t>(written) : 0;
         // One row of room is always there, for capabilities that write one whatever they answer.
         std::vector<std::uint8_t> output(std::max<std::size_t>(rows, 1) *
                                          std::max<std::size_t>(RowBytes(capability), 8));
@@ -138,6 +140,8 @@ class Questions {
     }
 
   private:
+    LONG AskWithoutOutput(WORD code) { return ask_(printer_, name_.data(), code, nullptr, record_.Record()); }
+
     DeviceCapabilitiesEntry* ask_;
     std::u16string name_;
     PrinterHandle printer_;
