@@ -1,7 +1,9 @@
 #include "pages/custom_paper_store.h"
 
 #include <cstring>
+#include <memory>
 #include <new>
+#include <utility>
 
 #include "pages/custom_paper_units.h"
 #include "pages/custom_paper_work_list.h"
@@ -106,13 +108,18 @@ int StoreCustomPaperRow(PaperRow& headRow, const CustomPaperEntry& entry, int po
 {
     PaperRow* row = &headRow;
     for (int i = 0; i < position; ++i) {
-        if (!row->next) row->next.reset(new (std::nothrow) PaperRow);
-        if (!row->next) return 0;
+        if (!row->next) {
+            std::unique_ptr<PaperRow> made(new (std::nothrow) PaperRow);
+            // No row stands in the chain without a size.
+            if (!made || !GiveSize(*made, entry)) return 0;
+            row->next = std::move(made);
+        }
         row = row->next.get();
     }
+    if (!GiveSize(*row, entry)) return 0;
     GiveName(*row, entry);
     row->code = FirstStoredPaperCode + position;
-    return GiveSize(*row, entry) ? 1 : 0;
+    return 1;
 }
 
 bool SaveCustomPapers(int count)
