@@ -86,7 +86,7 @@ TEST_F(Capability, ListsFixedOutputs)
 TEST_F(Capability, ListsThePapersInOneOrder)
 {
     StorePapers(machine, {Entry(257, u"Card", 0, 1000, 2000), Entry(258, u"A Name", 1, 800, 1400, 8, 0),
-                          Entry(300, u"Odd", 1, 800, 1100, 8, 0)});
+                          Entry(300, u"Odd", 1, 800, 1100, 1, 0)});
     const auto codes = List<WORD>(DC_PAPERS);
     const auto sizes = List<LONG>(DC_PAPERSIZE, 2);
     const auto names = Names(DC_PAPERNAMES, 64);
@@ -96,10 +96,11 @@ TEST_F(Capability, ListsThePapersInOneOrder)
     EXPECT_THAT(std::vector(codes.begin() + 25, codes.end()), ElementsAre(223, 257, 258, 300, 256));
     EXPECT_THAT(std::vector(sizes.begin(), sizes.begin() + 4), ElementsAre(2159, 2794, 2099, 2969));
     EXPECT_THAT(std::vector(sizes.begin() + 52, sizes.end()),
-                ElementsAre(1000, 2000, 2150, 3550, 2150, 2790, 800, 800));
+                ElementsAre(1000, 2000, 2150, 3550, 2040, 2790, 800, 800));
     EXPECT_EQ(names[0], u"Letter (8.5 x 11 inch)");
     EXPECT_EQ(names[26], u"Card (100 x 200 mm)");
     EXPECT_EQ(names[27], u"A Name (8.50 x 14.00 inch)");
+    EXPECT_EQ(names[28], u"Odd (8.06 x 11.00 inch)");
     EXPECT_EQ(names[29], u"Custom");
 }
 
