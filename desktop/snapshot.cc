@@ -22,7 +22,7 @@ bool Snapshot(HWND top, const std::string& pngFile, std::string* why)
     window.hide();
     QImageWriter writer(QString::fromStdString(pngFile), "png");
     if (writer.write(picture)) return true;
-    *why = pngFile + ": " + writer.errorString().toStdString();
+    *why = writer.errorString().toStdString();
     return false;
 }
 

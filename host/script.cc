@@ -27,27 +27,29 @@ struct Grammar {
     SheetButton button{};
 };
 
+// clang-format off
 const Grammar Steps[] = {
-    {"page",                 StepKind::Page,        {Part::Text}                                     },
-    {"click",                StepKind::Click,       {Part::Control}                                  },
-    {"choose",               StepKind::Choose,      {Part::Control, Part::RowOrText}                 },
-    {"row",                  StepKind::Row,         {Part::Control, Part::Row}                       },
-    {"type",                 StepKind::Type,        {Part::Control, Part::Text}                      },
-    {"append",               StepKind::Append,      {Part::Control, Part::Text}                      },
-    {"paste",                StepKind::Paste,       {Part::Control, Part::Text}                      },
-    {"spin",                 StepKind::Spin,        {Part::Control, Part::Direction, Part::Times}    },
-    {"focus",                StepKind::Focus,       {Part::Control}                                  },
-    {"key",                  StepKind::Key,         {Part::KeyName}                                  },
-    {"ok",                   StepKind::SheetButton, {},                                                SheetButton::Ok},
-    {"cancel",                      StepKind::SheetButton,                                    {},                                           SheetButton::Cancel},
-    {"apply",   StepKind::SheetButton,                        {},                         SheetButton::Apply},
-    {"help",                    StepKind::SheetButton,{},                         SheetButton::Help},
-    {"answer",StepKind::Answer,  {Part::OkOrCancel}         },
-    {"file",               StepKind::File,                                       {Part::PathOrCancel}                                                                    },
-    {"dump",                 StepKind::Dump,          {}},
-    {"record",                 StepKind::Record,        {}                                             },
-    {"snapshot",               StepKind::Snapshot,    {Part::FileName}                                           },
+    {"page",     StepKind::Page,        {Part::Text}},
+    {"click",    StepKind::Click,       {Part::Control}},
+    {"choose",   StepKind::Choose,      {Part::Control, Part::RowOrText}},
+    {"row",      StepKind::Row,         {Part::Control, Part::Row}},
+    {"type",     StepKind::Type,        {Part::Control, Part::Text}},
+    {"append",   StepKind::Append,      {Part::Control, Part::Text}},
+    {"paste",    StepKind::Paste,       {Part::Control, Part::Text}},
+    {"spin",     StepKind::Spin,        {Part::Control, Part::Direction, Part::Times}},
+    {"focus",    StepKind::Focus,       {Part::Control}},
+    {"key",      StepKind::Key,         {Part::KeyName}},
+    {"ok",       StepKind::SheetButton, {}, SheetButton::Ok},
+    {"cancel",   StepKind::SheetButton, {}, SheetButton::Cancel},
+    {"apply",    StepKind::SheetButton, {}, SheetButton::Apply},
+    {"help",     StepKind::SheetButton, {}, SheetButton::Help},
+    {"answer",   StepKind::Answer,      {Part::OkOrCancel}},
+    {"file",     StepKind::File,        {Part::PathOrCancel}},
+    {"dump",     StepKind::Dump,        {}},
+    {"record",   StepKind::Record,      {}},
+    {"snapshot", StepKind::Snapshot,    {Part::FileName}},
 };
+// clang-format on
 
 struct KeyName {
     std::string_view name;
@@ -263,6 +265,29 @@ void CheckCharacters(int number, std::string_view text)
 
 }  // namespace
 
+const char ScriptHelp[] =
+    "A script is one step a line. # outside a text begins a comment. Texts stand in double quotes, with\n"
+    "\\\", \\\\ and \\n inside. CONTROL is a number or an IDC_ name; rows count from 0.\n"
+    "  page \"TITLE\"                click the tab\n"
+    "  click CONTROL               click a button, check box or radio button\n"
+    "  choose CONTROL N|\"TEXT\"     pick a row of a combo box or list box\n"
+    "  row CONTROL N               pick a row of a list view\n"
+    "  type CONTROL \"TEXT\"         type over what is there, character by character; \"\" deletes it\n"
+    "  append CONTROL \"TEXT\"       type at the end\n"
+    "  paste CONTROL \"TEXT\"        put the text in the place of what is there, at once\n"
+    "  spin CONTROL up|down [N]    click an up-down arrow N times\n"
+    "  focus CONTROL               move the focus\n"
+    "  key TAB|ENTER|ESC|F1        press a key\n"
+    "  ok, cancel, apply, help     the buttons of the sheet, or of the dialog on top of it\n"
+    "  answer ok|cancel            answer the message box that the step before brings up\n"
+    "  file \"PATH\"|cancel          answer the file dialog that the step before brings up\n"
+    "  dump                        print the dialog on top\n"
+    "  record                      print the record that the sheet last published by Apply or OK\n"
+    "  snapshot FILE               write the dialog on top as a PNG\n"
+    "Steps go to the dialog on top; one that a user could not do is refused, which is printed. A dialog that\n"
+    "is up at the script's end is cancelled. What happens is printed as JSON, one object a line: message,\n"
+    "fileDialog, help, beep, refused, dump, record, and end with what the module's entry answered.";
+
 ScriptError::ScriptError(int line, const std::string& what)
     : std::runtime_error("line " + std::to_string(line) + " of the script: " + what)
 {
@@ -270,6 +295,8 @@ ScriptError::ScriptError(int line, const std::string& what)
 
 std::vector<Step> ParseScript(std::string_view utf8)
 {
+    constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";  // as some editors put it before UTF-8
+    if (utf8.starts_with(ByteOrderMark)) utf8.remove_prefix(ByteOrderMark.size());
     std::vector<Step> steps;
     for (int number = 1; !utf8.empty(); ++number) {
         const std::size_t length = std::min(utf8.find('\n'), utf8.size());

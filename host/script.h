@@ -48,6 +48,8 @@ class ScriptError : public std::runtime_error {
     ScriptError(int line, const std::string& what);
 };
 
+extern const char ScriptHelp[];  // the steps and what they print, for the help text
+
 inline constexpr int MostSpins = 100000;  // clicks of one step
 
 // Throws ScriptError at the first line that is no step.

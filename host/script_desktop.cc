@@ -261,8 +261,8 @@ void ScriptDesktop::Refuse(const Step& step, Outcome outcome)
                          {"reason",  Reason(outcome)                                   }
     });
     if (!strict_ || Stopped()) return;
-    trouble_ =
-        "line " + std::to_string(step.line) + " of the script was refused: " + Target(step) + " is " + Reason(outcome);
+    trouble_ = "line " + std::to_string(step.line) + " of the script was refused: " + Target(step) +
+               (outcome == Outcome::NoRow ? " has " : " is ") + Reason(outcome);
 }
 
 const Step* ScriptDesktop::TakeNext(StepKind kind)

@@ -62,6 +62,7 @@ void SheetOptions::AddTo(CLI::App& command)
         ->type_name("FILE");
     command.add_flag("--strict", strict, "End with status 3 at the first step of the script that is refused");
     command.add_option("--trace", trace, "Write every drawing call of the module as a JSON line")->type_name("FILE");
+    command.footer(ScriptHelp);
 }
 
 SheetSession::SheetSession(Context& context, const SheetOptions& options) : context_(context), options_(options)
@@ -97,7 +98,6 @@ int SheetSession::Run(const char* entry, const SheetCall& call, std::function<Js
     }
     context_.PlugIn();
     const SheetAnswer answer = RunSheet(script ? script : desktop::MakeQtDesktop(), trace, call);
-    if (trace) trace->Check();
     if (script) {
         if (answer.outcome >= 0) script->PlayRest();
         Print({
@@ -105,6 +105,7 @@ int SheetSession::Run(const char* entry, const SheetCall& call, std::function<Js
         });
         if (!script->Trouble().empty()) throw Failure(script->Trouble());
     }
+    if (trace) trace->Check();
     if (answer.outcome < 0) {
         throw Failure(std::string("the sheet could not be shown: ") + entry + " answered " +
                       std::to_string(answer.entry));

@@ -33,6 +33,13 @@ class Call {
         if (traced_) (traced_->args.push_back(Show(args)), ...);
         return *this;
     }
+    // An output argument is what the call results in; one that the caller leaves out stands as null.
+    template <class T>
+    Call& WithOutput(const T* output)
+    {
+        if (traced_ && output == nullptr) traced_->args.emplace_back();
+        return *this;
+    }
     Call& On(HWND window);  // what is called belongs to this window
     HDC Made(HDC context);  // what is called has made this context
 

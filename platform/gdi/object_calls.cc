@@ -162,7 +162,7 @@ int GetObjectW(HGDIOBJ object, int bytes, void* description)
         if (result == 0) return TraceValue();
         return ShowDescribed(object);
     };
-    return Call("GetObjectW").With(object, bytes).Run(0, work, shown);
+    return Call("GetObjectW").With(object, bytes).WithOutput(description).Run(0, work, shown);
 }
 
 }  // extern "C"

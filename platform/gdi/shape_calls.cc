@@ -46,7 +46,7 @@ BOOL MoveToEx(HDC context, int x, int y, POINT* before)
         c.position = {x, y};
         return TRUE;
     };
-    return Call("MoveToEx", context).With(x, y).Run(FALSE, work, OutputOr(FALSE, before));
+    return Call("MoveToEx", context).With(x, y).WithOutput(before).Run(FALSE, work, OutputOr(FALSE, before));
 }
 
 BOOL LineTo(HDC context, int x, int y)
@@ -115,6 +115,7 @@ BOOL GetTextExtentPointW(HDC context, const WCHAR* text, int length, SIZE* exten
     };
     return Call("GetTextExtentPointW", context)
         .With(TextArgument{text, length}, length)
+        .WithOutput(extent)
         .Run(FALSE, work, OutputOr(FALSE, extent));
 }
 

@@ -105,7 +105,7 @@ BOOL SetWindowOrgEx(HDC context, int x, int y, POINT* before)
         c.mapping.SetWindowOrigin({x, y});
         return TRUE;
     };
-    return Call("SetWindowOrgEx", context).With(x, y).Run(FALSE, work, OutputOr(FALSE, before));
+    return Call("SetWindowOrgEx", context).With(x, y).WithOutput(before).Run(FALSE, work, OutputOr(FALSE, before));
 }
 
 BOOL SetViewportOrgEx(HDC context, int x, int y, POINT* before)
@@ -115,7 +115,7 @@ BOOL SetViewportOrgEx(HDC context, int x, int y, POINT* before)
         c.mapping.SetViewportOrigin({x, y});
         return TRUE;
     };
-    return Call("SetViewportOrgEx", context).With(x, y).Run(FALSE, work, OutputOr(FALSE, before));
+    return Call("SetViewportOrgEx", context).With(x, y).WithOutput(before).Run(FALSE, work, OutputOr(FALSE, before));
 }
 
 BOOL SetWindowExtEx(HDC context, int x, int y, SIZE* before)
@@ -126,7 +126,7 @@ BOOL SetWindowExtEx(HDC context, int x, int y, SIZE* before)
         Give(before, extent);
         return TRUE;
     };
-    return Call("SetWindowExtEx", context).With(x, y).Run(FALSE, work, OutputOr(FALSE, before));
+    return Call("SetWindowExtEx", context).With(x, y).WithOutput(before).Run(FALSE, work, OutputOr(FALSE, before));
 }
 
 BOOL SetViewportExtEx(HDC context, int x, int y, SIZE* before)
@@ -137,7 +137,7 @@ BOOL SetViewportExtEx(HDC context, int x, int y, SIZE* before)
         Give(before, extent);
         return TRUE;
     };
-    return Call("SetViewportExtEx", context).With(x, y).Run(FALSE, work, OutputOr(FALSE, before));
+    return Call("SetViewportExtEx", context).With(x, y).WithOutput(before).Run(FALSE, work, OutputOr(FALSE, before));
 }
 
 int SelectClipRgn(HDC context, HRGN region)
@@ -165,8 +165,7 @@ int ExtEscape(HDC context, int code, int inputBytes, const CHAR* input, int outp
         return result > 0 ? Show(BytesArgument{output, outputBytes}) : TraceValue();
     };
     Call call("ExtEscape", context);
-    call.With(code, inputBytes, BytesArgument{input, inputBytes}, outputBytes);
-    if (output == nullptr) call.With(BytesArgument{nullptr, 0});
+    call.With(code, inputBytes, BytesArgument{input, inputBytes}, outputBytes).WithOutput(output);
     return call.Run(Failed, work, shown);
 }
 

@@ -48,7 +48,7 @@ BOOL GetClientRect(HWND window, RECT* rectangle)
         *rectangle = *client;
         return TRUE;
     };
-    return Call("GetClientRect").On(window).Run(FALSE, work, OutputOr(FALSE, rectangle));
+    return Call("GetClientRect").On(window).WithOutput(rectangle).Run(FALSE, work, OutputOr(FALSE, rectangle));
 }
 
 DWORD GetSysColor(int index) { return platform::Fault("GetSysColor", ERROR_GEN_FAILURE) ? 0 : SystemColor(index); }

@@ -154,6 +154,7 @@ TEST(ScriptDesktop, StopsAtTheFirstRefusalWhenStrict)
     EXPECT_THAT(played.lines, ElementsAre(HasSubstr("refused")));
     EXPECT_EQ(played.result, CPSUI_CANCEL);
     EXPECT_THAT(played.trouble, HasSubstr("line 1 of the script was refused: control 99 is absent"));
+    EXPECT_THAT(Play("choose 12 2", true).trouble, HasSubstr("control 12 has no such row"));
 }
 
 struct AnswerRow {

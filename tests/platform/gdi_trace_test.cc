@@ -115,9 +115,9 @@ TEST_F(Trace, AnOutputArgumentIsTheResult)
     GetObjectW(GetStockObject(SYSTEM_FONT), 0, &font);
     EXPECT_THAT(
         trace->Take(),
-        ElementsAre("dc: SetViewportOrgEx [5,6] = [0,0]", "dc: SetWindowOrgEx [7,8] = 1", "dc: SetMapMode [8] = 1",
+        ElementsAre("dc: SetViewportOrgEx [5,6] = [0,0]", "dc: SetWindowOrgEx [7,8,null] = 1", "dc: SetMapMode [8] = 1",
                     "dc: SetWindowExtEx [10,-20] = [1,1]", "dc: SetWindowExtEx [0,0] = null",
-                    "dc: MoveToEx [1,2] = [0,0]", "dc: MoveToEx [3,4] = [1,2]", "dc: MoveToEx [3,4] = 1",
+                    "dc: MoveToEx [1,2] = [0,0]", "dc: MoveToEx [3,4] = [1,2]", "dc: MoveToEx [3,4,null] = 1",
                     "dc: GetTextExtentPointW [\"CONF\",4] = [32,18]", "no dc: GetStockObject [13] = {stock:13}",
                     "no dc: GetObjectW [{stock:13},0] = null"));
     ReleaseDC(nullptr, screen);

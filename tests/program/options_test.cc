@@ -92,6 +92,8 @@ TEST(Options, HelpTellsEverythingAndNeedsNothing)
         EXPECT_THAT(help.out, HasSubstr(word));
     }
     EXPECT_THAT(run({"printer", "data", "--help"}).out, testing::AllOf(HasSubstr("--dword"), HasSubstr("--store")));
+    EXPECT_THAT(run({"sheet", "--help"}).out,
+                testing::AllOf(HasSubstr("spin CONTROL up|down [N]"), HasSubstr("answer ok|cancel")));
     EXPECT_FALSE(std::filesystem::exists(run.Path("qd480")));
 }
 
