@@ -91,7 +91,13 @@ TEST(Script, UnfoldsWhatABackslashStandsFor)
 
 TEST(Script, KeepsTextBeyondAscii) { EXPECT_EQ(Only("page \"\xC3\x9C\xF0\x9D\x84\x9E\"").text, u"\u00DC\U0001D11E"); }
 
-TEST(Script, PassesOverTheMarkOfAnEditor) { EXPECT_EQ(Only("\xEF\xBB\xBFapply").button, SheetButton::Apply); }
+TEST(Script, PassesOverTheMarkOfAnEditor)
+{
+    EXPECT_EQ(Only("\xEF\xBB\xBF"
+                   "apply")
+                  .button,
+              SheetButton::Apply);
+}
 
 TEST(Script, CountsLinesAndLeavesOutCommentsAndBlankOnes)
 {
