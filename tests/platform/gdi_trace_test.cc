@@ -237,7 +237,7 @@ const FaultRow FaultRows[] = {
     {"SetWindowExtEx",      [](HDC c, HWND) { SetWindowExtEx(c, 1, 2, &sharedSize); },
      "dc on 7: SetWindowExtEx [1,2] = null"                                                                                                          },
     {"SetViewportExtEx",    [](HDC c, HWND) { SetViewportExtEx(c, 1, 2, nullptr); },
-     "dc on 7: SetViewportExtEx [1,2] = 0"                                                                                                           },
+     "dc on 7: SetViewportExtEx [1,2,null] = 0"                                                                                                      },
     {"SelectClipRgn",       [](HDC c, HWND) { SelectClipRgn(c, nullptr); },                               "dc on 7: SelectClipRgn [null] = 0"        },
     {"Rectangle",           [](HDC c, HWND) { Rectangle(c, 1, 2, 3, 4); },                                "dc on 7: Rectangle [1,2,3,4] = 0"         },
     {"Polygon",             [](HDC c, HWND) { Polygon(c, &sharedPoint, 1); },                             "dc on 7: Polygon [[[0,0]],1] = 0"         },
