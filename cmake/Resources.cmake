@@ -12,7 +12,9 @@ function(qd_add_resources target script)
   add_custom_command(
     OUTPUT ${compiled}
     COMMAND ${CMAKE_CXX_COMPILER} -E -P -x c -DRC_INVOKED -I${folder} ${script} -o ${preprocessed}
-    COMMAND ${QD_RC} /no-preprocess /C 65001 /I ${folder} /FO ${compiled} ${preprocessed}
+    # The script by its bare name: a path that begins with a slash could read as one of the tool's options.
+    COMMAND ${QD_RC} /no-preprocess /C 65001 /I ${folder} /FO ${name}.res ${name}.i.rc
+    WORKING_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}
     DEPENDS ${script} ${headers} ${pictures}
     COMMENT "Compiling ${name}.rc"
     VERBATIM)
