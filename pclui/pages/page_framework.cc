@@ -61,15 +61,30 @@ INT_PTR RunCommand(std::span<const Command> commands, HWND dialog, WPARAM wParam
     return known ? TRUE : FALSE;
 }
 
-void AnswerNotification(const PropertyPage& page, HWND dialog, const NMHDR* notification)
+void RunStep(void (*step)(HWND), HWND dialog)
 {
-    if (!notification) return;
-    if (notification->code == PSN_SETACTIVE)
-        page.activate(dialog);
-    else if (notification->code == PSN_APPLY)
-        ApplyPageSettings(dialog);
-    else if (notification->code == PSN_HELP)
-        ShowHelpContext(dialog, page.helpContext);
+    if (step) step(dialog);
+}
+
+void AnswerNotification(const PropertyPage& page, HWND dialog, const NMHDR& notification)
+{
+    switch (notification.code) {
+        case PSN_SETACTIVE:
+            return page.activate(dialog);
+        case PSN_APPLY:
+            if (reinterpret_cast<const PSHNOTIFY&>(notification).lParam == 1) RunStep(page.closing, dialog);
+            ApplyPageSettings(dialog);
+            return;
+        case PSN_RESET:
+            return RunStep(page.reset, dialog);
+        case PSN_HELP:
+            return ShowHelpContext(dialog, page.helpContext);
+        case PSN_KILLACTIVE:
+        case PSN_QUERYCANCEL:
+            return;
+        default:
+            return RunStep(page.refresh, dialog);
+    }
 }
 
 constexpr int ResStringChars = 128;
@@ -90,11 +105,15 @@ INT_PTR AnswerPageMessage(const PropertyPage& page, HWND dialog, UINT message, W
             case WM_COMMAND:
                 return RunCommand(page.commands, dialog, wParam);
             case WM_NOTIFY:
-                AnswerNotification(page, dialog, reinterpret_cast<const NMHDR*>(lParam));
+                if (const auto* notification = reinterpret_cast<const NMHDR*>(lParam))
+                    AnswerNotification(page, dialog, *notification);
                 return FALSE;
             case WM_DRAWITEM:
                 if (const auto* drawItem = reinterpret_cast<const DRAWITEMSTRUCT*>(lParam))
                     page.draw(dialog, *drawItem);
+                return page.drawAnswer;
+            case WM_PAINT:
+                RunStep(page.paint, dialog);
                 return FALSE;
             case WM_HELP:
                 ShowControlHelp(reinterpret_cast<const HELPINFO*>(lParam), page.helpTable);

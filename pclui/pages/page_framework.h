@@ -40,6 +40,11 @@ struct PropertyPage {
     void (*initialise)(HWND dialog);  // once, when the page is created
     void (*activate)(HWND dialog);    // each time that it comes to the front
     void (*draw)(HWND dialog, const DRAWITEMSTRUCT& drawItem);
+    INT_PTR drawAnswer = FALSE;              // what the page returns for an item that it was to draw
+    void (*paint)(HWND dialog) = nullptr;    // before the dialog's own painting goes on
+    void (*closing)(HWND dialog) = nullptr;  // when the sheet closes by OK, before the settings are applied
+    void (*reset)(HWND dialog) = nullptr;    // when the sheet is cancelled
+    void (*refresh)(HWND dialog) = nullptr;  // on every notification that no step above is for
 };
 
 // Answers a message to a page as all pages do: hands it to the page's steps and tables. No exception leaves.

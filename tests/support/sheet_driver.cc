@@ -130,7 +130,21 @@ std::shared_ptr<platform::Surface> SteppedDesktop::MakePicture(HWND, int, int)
 int SteppedDesktop::MessageBox(const platform::MessageBoxRequest& request)
 {
     messagesSeen.push_back(request.text);
-    return IDOK;
+    if (boxAnswers.empty()) return IDOK;
+    const int answer = boxAnswers.front();
+    boxAnswers.pop_front();
+    return answer;
+}
+
+std::optional<std::u16string> SteppedDesktop::PickFile(const platform::FileDialogRequest& request)
+{
+    filesAsked.push_back(request);
+    while (!fileAnswers.empty()) {
+        const std::u16string path = fileAnswers.front();
+        fileAnswers.pop_front();
+        if (!request.accept || request.accept(path)) return path;
+    }
+    return std::nullopt;
 }
 
 void SteppedDesktop::Help(const platform::HelpRequest& request)
@@ -140,8 +154,8 @@ void SteppedDesktop::Help(const platform::HelpRequest& request)
     helpSeen.push_back({dialog ? 0 : window->id, request.file, request.command, request.context});
 }
 
-TestMachine::TestMachine()
-    : Machine({}, {TestPrinter, TestPrinter}),
+TestMachine::TestMachine(const platform::FixedFactValues& facts)
+    : Machine(facts, {TestPrinter, TestPrinter}),
       desktop_(std::make_shared<SteppedDesktop>()),
       trace_(std::make_shared<TraceLines>())
 {
@@ -169,8 +183,9 @@ TestMachine::~TestMachine()
 
 HMODULE TestMachine::Module() const { return ResourceHandle; }
 
-Sheet::Sheet(Prepare prepare)
+Sheet::Sheet(Prepare prepare, const Furnish& furnish, const platform::FixedFactValues& facts) : machine_(facts)
 {
+    if (furnish) furnish(machine_);
     thread_ = std::thread([this, prepare = std::move(prepare)] {
         Run(prepare);
         machine_.Desktop().Finish();
@@ -261,6 +276,53 @@ Sheet& Sheet::Type(int control, std::u16string_view text)
 {
     Act("type " + std::to_string(control),
         [&](HWND, HWND page) { return user::Type(user::Control(page, control), text); });
+    return *this;
+}
+
+Sheet& Sheet::Append(int control, std::u16string_view text)
+{
+    Act("append to " + std::to_string(control),
+        [&](HWND, HWND page) { return user::Append(user::Control(page, control), text); });
+    return *this;
+}
+
+Sheet& Sheet::Paste(int control, std::u16string_view text)
+{
+    Act("paste into " + std::to_string(control),
+        [&](HWND, HWND page) { return user::Paste(user::Control(page, control), text); });
+    return *this;
+}
+
+Sheet& Sheet::Spin(int upDown, bool up, int times)
+{
+    for (int k = 0; k < times; ++k)
+        Act("spin " + std::to_string(upDown),
+            [&](HWND, HWND page) { return user::Spin(user::Control(page, upDown), up); });
+    return *this;
+}
+
+Sheet& Sheet::Row(int listView, int row)
+{
+    Act("row " + std::to_string(row) + " of " + std::to_string(listView),
+        [&](HWND, HWND page) { return user::SelectRow(user::Control(page, listView), row); });
+    return *this;
+}
+
+Sheet& Sheet::Focus(int control)
+{
+    Act("focus " + std::to_string(control), [&](HWND, HWND page) { return user::Focus(user::Control(page, control)); });
+    return *this;
+}
+
+Sheet& Sheet::Press(user::Key key)
+{
+    Act("key", [&](HWND top, HWND) { return user::Press(top, key); });
+    return *this;
+}
+
+Sheet& Sheet::CloseDialog()
+{
+    Step([](HWND top, HWND) { user::Close(top); });
     return *this;
 }
 
@@ -374,17 +436,56 @@ HWND Sheet::Handle(int control)
     return handle;
 }
 
+std::vector<std::vector<std::u16string>> Sheet::Rows(int listView)
+{
+    std::vector<std::vector<std::u16string>> rows;
+    Step([&](HWND, HWND page) {
+        const user::Window* window = user::Find(user::Control(page, listView));
+        if (const auto* list = window ? window->As<user::ListViewState>() : nullptr)
+            for (const auto& row : list->rows) rows.push_back(row.cells);
+    });
+    return rows;
+}
+
+int Sheet::SelectedRow(int listView)
+{
+    int selected = -1;
+    Step([&](HWND, HWND page) {
+        const user::Window* window = user::Find(user::Control(page, listView));
+        const auto* list = window ? window->As<user::ListViewState>() : nullptr;
+        for (std::size_t k = 0; list && k < list->rows.size(); ++k)
+            if (list->rows[k].selected) selected = static_cast<int>(k);
+    });
+    return selected;
+}
+
+int Sheet::Template()
+{
+    int number = 0;
+    Step([&](HWND, HWND page) {
+        const user::Window* window = user::Find(page);
+        if (const auto* dialog = window ? window->As<user::DialogState>() : nullptr) number = dialog->templateNumber;
+    });
+    return number;
+}
+
 int Sheet::Changes()
 {
     int changes = 0;
-    Step([&](HWND sheet, HWND) { changes = user::Find(sheet)->As<user::SheetState>()->changes; });
+    Step([&](HWND, HWND) {
+        const auto* state = user::Find(user::OpenWindows().front())->As<user::SheetState>();
+        changes = state ? state->changes : 0;
+    });
     return changes;
 }
 
 bool Sheet::ApplyEnabled()
 {
     bool enabled = false;
-    Step([&](HWND sheet, HWND) { enabled = user::Find(sheet)->As<user::SheetState>()->applyEnabled; });
+    Step([&](HWND, HWND) {
+        const auto* state = user::Find(user::OpenWindows().front())->As<user::SheetState>();
+        enabled = state && state->applyEnabled;
+    });
     return enabled;
 }
 

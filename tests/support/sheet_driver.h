@@ -1,6 +1,7 @@
 // The document sheet as a user drives it, without windows. The sheet runs on a thread of its own, as the
 // entry that shows it returns only at its end; each step of a test is handed to that thread and waited for.
-// A step that a user could not take (a disabled control, a missing row) is a failure of the test.
+// A step that a user could not take (a disabled control, a missing row) is a failure of the test. While a
+// modal dialog is up, steps and questions go to it.
 //
 //     Sheet sheet([](DriverDevMode& record) { record.dmTonerSave = 1; });
 //     sheet.Page(u"Quality").Click(IDC_TONER_SAVE_OFF);
@@ -8,6 +9,7 @@
 #pragma once
 
 #include <condition_variable>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -48,9 +50,10 @@ class SteppedDesktop : public platform::Desktop {
     void Changed(HWND) override {}
     std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override;
     int MessageBox(const platform::MessageBoxRequest& request) override;
-    std::optional<std::u16string> PickFile(const platform::FileDialogRequest&) override { return std::nullopt; }
+    // Offers the answers in their turn until one is accepted; without one the dialog is cancelled.
+    std::optional<std::u16string> PickFile(const platform::FileDialogRequest& request) override;
     void Help(const platform::HelpRequest& request) override;
-    void Beep(UINT) override {}
+    void Beep(UINT) override { ++beeps; }
 
     // Runs the step on the thread of the dialogs and waits until that thread wants the next one. False if
     // nothing is up any more.
@@ -62,6 +65,12 @@ class SteppedDesktop : public platform::Desktop {
     // Read these between steps.
     std::vector<HelpSeen> helpSeen;
     std::vector<std::u16string> messagesSeen;
+    std::vector<platform::FileDialogRequest> filesAsked;
+    int beeps = 0;
+    // Set these between steps: what the user says to the next boxes and file dialogs. A box without an answer
+    // gets OK.
+    std::deque<int> boxAnswers;
+    std::deque<std::u16string> fileAnswers;
 
   private:
     std::mutex mutex_;
@@ -74,7 +83,7 @@ class SteppedDesktop : public platform::Desktop {
 // The machine of the sheet: with the model's printer, a desktop, a trace and the module's resources.
 class TestMachine : public Machine {
   public:
-    TestMachine();
+    explicit TestMachine(const platform::FixedFactValues& facts = {});
     ~TestMachine();
 
     SteppedDesktop& Desktop() { return *desktop_; }
@@ -91,7 +100,9 @@ class Sheet {
     // The record is the model's default, changed by prepare before any page sees it and after everything
     // that would put it right.
     using Prepare = std::function<void(DriverDevMode& record)>;
-    explicit Sheet(Prepare prepare = {});
+    // Runs before the sheet opens, to put stored values in their place.
+    using Furnish = std::function<void(TestMachine& machine)>;
+    explicit Sheet(Prepare prepare = {}, const Furnish& furnish = {}, const platform::FixedFactValues& facts = {});
     ~Sheet();  // cancels a sheet that is still up
     Sheet(const Sheet&) = delete;
     Sheet& operator=(const Sheet&) = delete;
@@ -102,6 +113,13 @@ class Sheet {
     Sheet& Choose(int control, int row);
     Sheet& Choose(int control, std::u16string_view text);
     Sheet& Type(int control, std::u16string_view text);
+    Sheet& Append(int control, std::u16string_view text);
+    Sheet& Paste(int control, std::u16string_view text);
+    Sheet& Spin(int upDown, bool up, int times = 1);
+    Sheet& Row(int listView, int row);
+    Sheet& Focus(int control);
+    Sheet& Press(platform::user::Key key);
+    Sheet& CloseDialog();  // the close box of the dialog on top
     Sheet& Apply();
     Sheet& PressHelp();
     Sheet& HelpOn(int control);
@@ -119,7 +137,10 @@ class Sheet {
     bool Checked(int control);
     std::u16string Text(int control);
     HWND Handle(int control);
-    int Changes();  // words that an option has changed
+    std::vector<std::vector<std::u16string>> Rows(int listView);
+    int SelectedRow(int listView);  // -1: none
+    int Template();                 // of the page or dialog on top
+    int Changes();                  // words that an option has changed
     bool ApplyEnabled();
 
     DriverDevMode Settings();  // the record that the pages edit
