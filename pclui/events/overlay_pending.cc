@@ -7,9 +7,7 @@
 
 namespace {
 
-constexpr std::size_t HeaderBytes = 4;
-constexpr std::size_t RowBytes = 1060;
-constexpr std::size_t PendingOffset = 1048;
+constexpr std::size_t PendingOffset = offsetof(OverlayEntry, ovPending);
 
 // The access to ask for; it stays at writing once a list had to be written.
 DWORD PrinterAccess = PRINTER_READ;
@@ -19,7 +17,7 @@ DWORD PrinterAccess = PRINTER_READ;
 bool ClearFlags(BYTE* list, std::size_t bytes)
 {
     bool changed = false;
-    for (std::size_t at = HeaderBytes; at + PendingOffset + sizeof(DWORD) <= bytes; at += RowBytes) {
+    for (std::size_t at = OverlayHeaderBytes; at + PendingOffset + sizeof(DWORD) <= bytes; at += sizeof(OverlayEntry)) {
         DWORD pending = 0;
         std::memcpy(&pending, list + at + PendingOffset, sizeof(pending));
         if (pending == 0) continue;

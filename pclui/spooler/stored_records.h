@@ -35,6 +35,22 @@ static_assert(offsetof(CustomPaperEntry, cpHeight) == 2 && offsetof(CustomPaperE
               offsetof(CustomPaperEntry, cpWidthSixteenths) == 8 && offsetof(CustomPaperEntry, cpUnit) == 10 &&
               offsetof(CustomPaperEntry, cpName) == 14);
 
+// A form overlay: a page image in a file, under a name to choose it by. The stored list is a 32-bit number that
+// nothing reads, then the rows.
+struct [[gnu::may_alias]] OverlayEntry {
+    WCHAR ovName[262];  // at most 261 characters and the terminator, here and in the path
+    WCHAR ovPath[262];
+    DWORD ovPending;   // 1: the next job makes the file
+    DWORD ovPrevious;  // neighbours in memory (handles); without meaning in stored rows
+    DWORD ovNext;
+};
+static_assert(sizeof(OverlayEntry) == 1060 && std::is_trivial_v<OverlayEntry>);
+static_assert(offsetof(OverlayEntry, ovPath) == 524 && offsetof(OverlayEntry, ovPending) == 1048 &&
+              offsetof(OverlayEntry, ovPrevious) == 1052 && offsetof(OverlayEntry, ovNext) == 1056);
+
+inline constexpr std::size_t OverlayHeaderBytes = 4;
+inline constexpr int OverlayTextChars = 262;
+
 inline constexpr int CustomPaperCode = 256;       // a size given by length and width alone
 inline constexpr int FirstStoredPaperCode = 257;  // codes of stored custom sizes
 inline constexpr int LastStoredPaperCode = 306;
