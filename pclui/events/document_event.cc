@@ -1,5 +1,6 @@
 #include "events/document_event.h"
 
+#include <cstddef>
 #include <cstring>
 
 #include "boundary.h"
@@ -8,6 +9,7 @@
 #include "events/overlay_pending.h"
 #include "events/stamping.h"
 #include "settings/global_block.h"
+#include "settings/record_copy.h"
 
 namespace {
 
@@ -44,11 +46,21 @@ void PrepareStamp(HANDLE printer, DriverDevMode& record)
     if (record.dmWatermarkOn == 1) PrepareWatermark(printer, record);
 }
 
+// A record that another driver or an older program made may end before the private section, or within it: it
+// has neither a resolution nor a watermark, and nothing behind its end is touched.
+void TakeShortRecord(DEVMODEW& record)
+{
+    constexpr std::size_t QualityEnd = offsetof(DEVMODEW, dmPrintQuality) + sizeof(record.dmPrintQuality);
+    if (RecordBytes(record) >= QualityEnd && record.dmPrintQuality < 0) record.dmPrintQuality = FallbackQuality;
+}
+
 // A record that comes with a context: it is the output, too, and made ready for the job in place.
 void TakeRecord(const Event& event, DriverDevMode* record)
 {
+    StampReady = false;
     if (event.output && event.outputBytes >= sizeof(record)) std::memcpy(event.output, &record, sizeof(record));
     if (!record) return;
+    if (RecordBytes(*PublicPart(record)) < RecordSize) return TakeShortRecord(*PublicPart(record));
     GiveQuality(*record);
     PrepareStamp(event.printer, *record);
 }

@@ -22,7 +22,7 @@ void SendText(HDC job, int escape, const WCHAR* text, int limit, int size)
     ExtEscape(job, escape, size, payload.data(), 0, nullptr);
 }
 
-// One product for each release that has a row; a release behind the last of its line goes by the last name.
+// The releases that are told apart. Any other of these two platforms goes by the name that all of them share.
 struct SystemName {
     DWORD platform, major, minor;
     const WCHAR* name;

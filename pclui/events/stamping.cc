@@ -5,6 +5,7 @@
 #include "events/paper_metrics.h"
 #include "platform/kernel.h"
 #include "watermark/placement.h"
+#include "watermark/put_back.h"
 
 LOGFONTW StampFont;
 LONG StampX, StampY;
@@ -51,20 +52,23 @@ void DrawStamp(HDC context)
     const BOOL viewportMoved = SetViewportOrgEx(context, 0, 0, &viewportOrigin);
     const BOOL windowScaled = SetWindowExtEx(context, StampExtentX, -StampExtentY, &windowExtent);
     const BOOL viewportScaled = SetViewportExtEx(context, StampExtentX, -StampExtentY, &viewportExtent);
-    const UINT alignment = GetTextAlign(context);
-    SetTextAlign(context, TA_LEFT | TA_TOP);
+    const UINT toldAlignment = GetTextAlign(context);
+    const UINT alignment = SetTextAlign(context, TA_LEFT | TA_TOP);
 
     DrawText(context);
 
-    if (alignment != GDI_ERROR) SetTextAlign(context, alignment);
-    if (viewportScaled) SetViewportExtEx(context, viewportExtent.cx, viewportExtent.cy, nullptr);
-    if (windowScaled) SetWindowExtEx(context, windowExtent.cx, windowExtent.cy, nullptr);
-    if (viewportMoved) SetViewportOrgEx(context, viewportOrigin.x, viewportOrigin.y, nullptr);
-    if (windowMoved) SetWindowOrgEx(context, windowOrigin.x, windowOrigin.y, nullptr);
-    if (mapMode) SetMapMode(context, mapMode);
-    if (rasterMode) SetROP2(context, rasterMode);
-    if (background) SetBkMode(context, background);
-    if (color != CLR_INVALID) SetTextColor(context, color);
+    if (alignment != GDI_ERROR)
+        PutBack(
+            [&] { return SetTextAlign(context, toldAlignment != GDI_ERROR ? toldAlignment : alignment) != GDI_ERROR; });
+    if (viewportScaled)
+        PutBack([&] { return SetViewportExtEx(context, viewportExtent.cx, viewportExtent.cy, nullptr); });
+    if (windowScaled) PutBack([&] { return SetWindowExtEx(context, windowExtent.cx, windowExtent.cy, nullptr); });
+    if (viewportMoved) PutBack([&] { return SetViewportOrgEx(context, viewportOrigin.x, viewportOrigin.y, nullptr); });
+    if (windowMoved) PutBack([&] { return SetWindowOrgEx(context, windowOrigin.x, windowOrigin.y, nullptr); });
+    if (mapMode) PutBack([&] { return SetMapMode(context, mapMode); });
+    if (rasterMode) PutBack([&] { return SetROP2(context, rasterMode); });
+    if (background) PutBack([&] { return SetBkMode(context, background); });
+    if (color != CLR_INVALID) PutBack([&] { return SetTextColor(context, color) != CLR_INVALID; });
 }
 
 }  // namespace
@@ -99,8 +103,8 @@ int StampPage(HDC context)
     if (!font) return 0;
     if (const HGDIOBJ before = SelectObject(context, font)) {
         DrawStamp(context);
-        SelectObject(context, before);
+        PutBack([&] { return SelectObject(context, before); });
     }
-    DeleteObject(font);
+    PutBack([&] { return DeleteObject(font); });
     return 1;
 }

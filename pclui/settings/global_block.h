@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <new>
 #include <type_traits>
 
 #include "platform/kernel.h"
@@ -21,3 +22,22 @@ GlobalBlock<T> AllocateBlock(SIZE_T bytes, UINT flags = GPTR)
     static_assert(std::is_trivial_v<Element>);
     return GlobalBlock<T>(static_cast<Element*>(GlobalAlloc(flags, bytes)));
 }
+
+// For containers whose memory is the platform's.
+template <class T>
+struct GlobalAllocator {
+    using value_type = T;
+    GlobalAllocator() = default;
+    template <class Other>
+    GlobalAllocator(const GlobalAllocator<Other>&)
+    {
+    }
+    T* allocate(std::size_t count)
+    {
+        void* block = GlobalAlloc(GPTR, count * sizeof(T));
+        if (!block) throw std::bad_alloc();
+        return static_cast<T*>(block);
+    }
+    void deallocate(T* block, std::size_t) { GlobalFree(block); }
+    bool operator==(const GlobalAllocator&) const = default;
+};

@@ -5,6 +5,7 @@
 
 #include "platform/user.h"
 #include "watermark/geometry.h"
+#include "watermark/put_back.h"
 
 SHORT DiagonalAngle = 0;
 
@@ -14,13 +15,13 @@ constexpr int PositionSteps = 200;  // across the printable area
 constexpr BYTE OnlyTrueType = 7;    // OUT_TT_ONLY_PRECIS
 constexpr LONG BoldWeight = 700, NormalWeight = 400;
 
-// The screen's context with the system's fixed font in it, given back with the object.
+// The screen's context, given back with the object.
 class ScreenContext {
   public:
     ScreenContext() : context_(GetDC(nullptr)) {}
     ~ScreenContext()
     {
-        if (context_) ReleaseDC(nullptr, context_);
+        if (context_) PutBack([this] { return ReleaseDC(nullptr, context_); });
     }
     ScreenContext(const ScreenContext&) = delete;
     ScreenContext& operator=(const ScreenContext&) = delete;
@@ -72,10 +73,10 @@ bool MeasureText(HDC context, const LOGFONTW& description, std::u16string_view t
     if (font) {
         const HGDIOBJ fixed = SelectObject(context, font);
         measured = fixed && GetTextExtentPointW(context, text.data(), static_cast<int>(text.size()), &extent);
-        if (fixed) SelectObject(context, fixed);
+        if (fixed) PutBack([&] { return SelectObject(context, fixed); });
     }
-    if (before) SelectObject(context, before);
-    if (font) DeleteObject(font);
+    if (before) PutBack([&] { return SelectObject(context, before); });
+    if (font) PutBack([&] { return DeleteObject(font); });
     return measured;
 }
 

@@ -42,8 +42,8 @@ struct Context {
 };
 
 HDC AddContext(std::unique_ptr<Context> context);
-Context* PeekContext(HDC handle);  // null for what is none
-Context* FindContext(HDC handle);  // null, with the last error set, for what is none
+QD_API Context* PeekContext(HDC handle);  // null for what is none
+Context* FindContext(HDC handle);         // null, with the last error set, for what is none
 bool RemoveContext(HDC handle);
 
 // Null, with the last error set: there is no such window. A null window is the screen.

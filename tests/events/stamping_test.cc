@@ -162,24 +162,4 @@ TEST_F(Stamping, AFaceThatIsNotThereLeavesTheStampAsItWas)
     EXPECT_EQ(std::u16string(StampText.data()), u"COPY");
 }
 
-TEST_F(Stamping, NoFailingCallLeavesTheContextChanged)
-{
-    record.dmPrintQuality = 300;
-    PrepareWatermark(nullptr, record);
-    for (const char* function : {"CreateFontIndirectW", "SelectObject", "SetTextColor", "SetBkMode", "SetROP2",
-                                 "SetMapMode", "SetWindowOrgEx", "SetViewportOrgEx", "SetWindowExtEx",
-                                 "SetViewportExtEx", "GetTextAlign", "SetTextAlign", "ExtEscape", "ExtTextOutW"}) {
-        platform::CurrentEnvironment().faults.Clear();
-        Machine::Fail(function);
-        StampPage(job);
-        platform::CurrentEnvironment().faults.Clear();
-        EXPECT_EQ(GetTextAlign(job), 0u) << function;
-        EXPECT_EQ(SetTextColor(job, 0), 0u) << function;
-        EXPECT_EQ(SetBkMode(job, OPAQUE), OPAQUE) << function;
-        EXPECT_EQ(SetROP2(job, R2_COPYPEN), R2_COPYPEN) << function;
-        EXPECT_EQ(SetMapMode(job, MM_TEXT), MM_TEXT) << function;
-        EXPECT_EQ(platform::gdi::ObjectCount(), 0u) << function;
-    }
-}
-
 }  // namespace

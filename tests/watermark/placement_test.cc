@@ -1,6 +1,6 @@
 #include "watermark/placement.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "platform/gdi/job.h"
 #include "platform/seams/fonts.h"
@@ -144,7 +144,10 @@ TEST_F(Placement, OnlyTrueTypeFacesAreOffered)
     EXPECT_EQ(CollectFaceNames(&font, nullptr, 2, reinterpret_cast<LPARAM>(&faces)), 1);
     EXPECT_EQ(CollectFaceNames(&font, nullptr, 4, reinterpret_cast<LPARAM>(&faces)), 1);
     EXPECT_EQ(CollectFaceNames(&font, nullptr, 4, reinterpret_cast<LPARAM>(&faces)), 1);
-    EXPECT_EQ(faces, (FaceNames{u"Arial", u"Arial"}));
+    EXPECT_THAT(faces, testing::ElementsAre(u"Arial", u"Arial"));
+    Machine::Fail("GlobalAlloc");
+    EXPECT_EQ(CollectFaceNames(&font, nullptr, 4, reinterpret_cast<LPARAM>(&faces)), 0);
+    EXPECT_THAT(faces, testing::ElementsAre(u"Arial", u"Arial"));
 }
 
 }  // namespace

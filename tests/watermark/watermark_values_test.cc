@@ -179,6 +179,59 @@ TEST_F(StoredWatermarks, RowsThatDoNotFitAreLeftOutWholeAndCounted)
     EXPECT_EQ(Names().size(), 21u);
 }
 
+struct LimitRow {
+    std::size_t lastText;  // characters
+    int leftOut;
+};
+
+TEST_F(StoredWatermarks, AValueKeepsRoomForItsTerminator)
+{
+    for (const LimitRow& row : {
+             LimitRow{13, 0},
+             LimitRow{14, 1}
+    }) {
+        FreeWatermarkList();
+        std::vector<std::pair<std::u16string, std::u16string>> rows;
+        for (char16_t c = u'a'; c < u'a' + 20; ++c) rows.emplace_back(std::u16string(1, c), std::u16string(72, c));
+        rows.emplace_back(u"last", std::u16string(row.lastText, u'z'));
+        Make(rows);
+        ASSERT_EQ(SaveWatermarks(), 1);
+        EXPECT_EQ(WatermarksLeftOut, row.leftOut);
+        EXPECT_EQ(Stored(u"WatermarkText").size(), row.leftOut ? 1484u : 1499u);
+        FreeWatermarkList();
+        BuildWatermarkList();
+        ReadStoredWatermarks();
+        EXPECT_EQ(Names().size(), row.leftOut ? 21u : 22u);
+        EXPECT_EQ(std::u16string(WatermarkRowAt(20)->wmText), std::u16string(72, u't'));
+    }
+}
+
+TEST_F(StoredWatermarks, LongFacesFillTheAttributesFirst)
+{
+    std::vector<std::pair<std::u16string, std::u16string>> rows;
+    for (char16_t c = u'A'; c < u'A' + 30; ++c) rows.emplace_back(std::u16string(1, c), u"x");
+    Make(rows);
+    for (int i = 1; i <= 30; ++i) CopyToField(WatermarkRowAt(i)->wmFaceName, 32, std::u16string(31, u'F'));
+    ASSERT_EQ(SaveWatermarks(), 1);
+    // Lines of 54 characters each.
+    EXPECT_EQ(WatermarksLeftOut, 3);
+    EXPECT_EQ(Stored(u"WatermarkAttributes").size(), 27u * 54);
+    EXPECT_TRUE(Stored(u"WatermarkText").starts_with(u"27\r\n"));
+}
+
+TEST_F(StoredWatermarks, APrinterThatCannotBeWrittenKeepsItsList)
+{
+    Store(u"0\r\n", u"0\r\n", u"");
+    Make({
+        {u"Mine", u"x"}
+    });
+    Machine::Fail("OpenPrinterW");
+    EXPECT_EQ(SaveWatermarks(), 1);
+    EXPECT_EQ(Stored(u"WatermarkText"), u"0\r\n");
+    FreeWatermarkList();
+    EXPECT_EQ(SaveWatermarks(), 0);
+}
+
 struct HostileRow {
     const char16_t *texts, *names, *attributes;
     std::size_t rows;
@@ -187,12 +240,17 @@ struct HostileRow {
 TEST_F(StoredWatermarks, BrokenListsEndWhereTheyBreak)
 {
     const HostileRow Rows[] = {
-        {u"99999\r\na\r\n",   u"2\r\nx\r\ny\r\n",       u"1|20|72|0|0|0|0|2|53|F\r\n", 2},
-        {u"many\r\na\r\n",    u"1\r\nx\r\n",            u"\r\n",                       1},
-        {u"-3\r\na\r\n",      u"1\r\nx\r\n",            u"\r\n",                       1},
-        {u"2\r\na\r\nb\r\n",  u"2\r\nsame\r\nsame\r\n", u"\r\n\r\n",                   2},
-        {u"2",                u"2",                     u"",                           1},
-        {u"1\r\nno line end", u"1\r\nx",                u"1",                          2},
+        {u"99999\r\na\r\n",       u"2\r\nx\r\ny\r\n",       u"1|20|72|0|0|0|0|2|53|F\r\n", 2},
+        {u"many\r\na\r\n",        u"1\r\nx\r\n",            u"\r\n",                       1},
+        {u"-3\r\na\r\n",          u"1\r\nx\r\n",            u"\r\n",                       1},
+        {u"2\r\na\r\nb\r\n",      u"2\r\nsame\r\nsame\r\n", u"\r\n\r\n",                   2},
+        {u"2",                    u"2",                     u"",                           1},
+        {u"3\r\na\r\nb\r\nc\r\n", u"3\r\nx\r\n",            u"\r\n\r\n\r\n",               2},
+        {u"3\r\na\r\nb\r\nc\r\n", u"3\r\nx\r\ny\r\nz\r\n",  u"\r\n\r\n",                   3},
+        {u"3\r\n",                u"3\r\nx\r\ny\r\nz\r\n",  u"\r\n\r\n\r\n",               1},
+        {u"1\na\n",               u"1\nx\n",                u"\n",                         1},
+        {u"2\r\na\r\nb\r\n",      u"2\r\n<NONE>\r\ny\r\n",  u"\r\n\r\n",                   2},
+        {u"1\r\nno line end",     u"1\r\nx",                u"1",                          2},
     };
     for (const HostileRow& row : Rows) {
         FreeWatermarkList();

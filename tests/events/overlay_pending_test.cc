@@ -1,0 +1,118 @@
+#include "events/overlay_pending.h"
+
+#include "platform/kernel.h"
+#include "platform/spooler/printers.h"
+#include "spooler/printer_data.h"
+#include "tests/spooler/printer_fixture.h"
+
+namespace {
+
+using namespace testing_support;
+using platform::Bytes;
+
+constexpr std::size_t Row = 1060, Flag = 1048;
+
+// A header and rows of random-looking bytes with those flags, cut or lengthened to size.
+Bytes List(const std::vector<std::uint8_t>& flags, std::size_t size)
+{
+    Bytes bytes(4 + flags.size() * Row);
+    for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<std::uint8_t>(i * 7 + 1);
+    for (std::size_t i = 0; i < flags.size(); ++i)
+        for (std::size_t byte = 0; byte < 4; ++byte) bytes[4 + i * Row + Flag + byte] = byte == 1 ? flags[i] : 0;
+    bytes.resize(size);
+    return bytes;
+}
+
+class OverlayPending : public PrinterTest {
+  protected:
+    OverlayPending() { lstrcpyW(PrinterName, OfficePrinter); }
+    ~OverlayPending() override { PrinterName[0] = 0; }
+    void StoreList(const Bytes& bytes, std::size_t size)
+    {
+        Store(u"OverlayDataSize", 4, LittleEndian(static_cast<DWORD>(size)));
+        Store(u"OverlayData", 3, bytes);
+    }
+    std::map<std::string, std::uint64_t, std::less<>> Calls()
+    {
+        auto& faults = platform::CurrentEnvironment().faults;
+        faults.Clear();
+        faults.CountCalls(true);
+        ResetOverlayPending();
+        auto calls = faults.Calls();
+        faults.Clear();
+        return calls;
+    }
+};
+
+struct ListRow {
+    std::vector<std::uint8_t> before, after;
+    std::size_t bytes;
+};
+
+TEST_F(OverlayPending, ClearsEveryFlagAndNothingElse)
+{
+    const ListRow Rows[] = {
+        {{0, 1, 0}, {0, 0, 0}, 3184       },
+        {{1, 1, 9}, {0, 0, 0}, 3184       },
+        {{1},       {0},       1064       },
+        {{0, 1},    {0, 0},    1064 + 1052}, // ends behind the flag of its last row
+        {{1, 1},    {0, 1},    1064 + 1051}, // ends within the flag
+        {{1, 1},    {0, 1},    1064 + 1   },
+        {{0, 0},    {0, 0},    2124       },
+        {{},        {},        4          },
+        {{},        {},        3          },
+    };
+    for (const ListRow& row : Rows) {
+        StoreList(List(row.before, row.bytes), row.bytes);
+        EXPECT_EQ(ResetOverlayPending(), 1);
+        EXPECT_EQ(Stored(u"OverlayData"), List(row.after, row.bytes)) << row.bytes;
+        EXPECT_EQ(Stored(u"OverlayDataSize"), LittleEndian(static_cast<DWORD>(row.bytes)));
+    }
+}
+
+TEST_F(OverlayPending, WritesOnlyWhatHasChanged)
+{
+    StoreList(List({0, 0}, 2124), 2124);
+    auto calls = Calls();
+    EXPECT_EQ(calls["OpenPrinterW"], 1u);
+    EXPECT_EQ(calls["SetPrinterDataW"], 0u);
+    StoreList({}, 0);
+    EXPECT_EQ(Calls()["OpenPrinterW"], 1u);
+    StoreList(List({1}, 1064), 1064);
+    calls = Calls();
+    EXPECT_EQ(calls["OpenPrinterW"], 2u);
+    EXPECT_EQ(calls["ClosePrinter"], 2u);
+    EXPECT_EQ(calls["SetPrinterDataW"], 2u);
+}
+
+TEST_F(OverlayPending, APrinterThatCannotBeOpenedKeepsItsFlags)
+{
+    const Bytes pending = List({1}, 1064);
+    StoreList(pending, 1064);
+    for (const std::uint64_t call : {1u, 2u}) {
+        platform::CurrentEnvironment().faults.Clear();
+        Machine::Fail("OpenPrinterW", call);
+        SetLastError(0);
+        EXPECT_EQ(ResetOverlayPending(), 0);
+        EXPECT_EQ(GetLastError(), 87u);
+        EXPECT_EQ(Stored(u"OverlayData"), pending);
+    }
+    platform::CurrentEnvironment().faults.Clear();
+    PrinterName[0] = 0;
+    EXPECT_EQ(ResetOverlayPending(), 0);
+}
+
+TEST_F(OverlayPending, AListWhoseLengthLiesIsReadWithinItsBytes)
+{
+    const Bytes pending = List({1}, 1064);
+    StoreList(pending, 1063);
+    EXPECT_EQ(ResetOverlayPending(), 1);
+    EXPECT_EQ(Stored(u"OverlayData"), pending);
+    StoreList(pending, 1064 + 500);
+    EXPECT_EQ(ResetOverlayPending(), 1);
+    Bytes longer = List({0}, 1064);
+    longer.resize(1564);
+    EXPECT_EQ(Stored(u"OverlayData"), longer);
+}
+
+}  // namespace
