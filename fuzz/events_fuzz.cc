@@ -83,7 +83,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     };
 
     const Block created = Caller(data, size);
-    void* creation[4] = {nullptr, nullptr, created.get(), reinterpret_cast<void*>(std::uintptr_t{flags & 1u})};
+    void* creation[4] = {nullptr, nullptr, created.get(),
+                         reinterpret_cast<void*>(std::uintptr_t{static_cast<unsigned>(flags & InformationContext)})};
     event(DOCUMENTEVENT_CREATEDCPRE, sizeof creation, creation);
     event(DOCUMENTEVENT_CREATEDCPOST, 0, nullptr);
     event(DOCUMENTEVENT_STARTDOC, 0, nullptr);

@@ -66,7 +66,7 @@ class RenderingSide : public platform::gdi::EscapeTarget {
         }
         if (!output.empty()) line += " out " + std::to_string(output.size());
         log.push_back(line);
-        if (code == 5001 && answer > 0) std::memcpy(output.data(), &held, std::min(output.size(), sizeof held));
+        if (code == 5001 && answer >= 0) std::memcpy(output.data(), &held, std::min(output.size(), sizeof held));
         return answer;
     }
     Log Take() { return std::exchange(log, {}); }

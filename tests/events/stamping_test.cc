@@ -96,17 +96,26 @@ TEST_F(Stamping, MeasuresPagesInTheJobsResolution)
 
 TEST_F(Stamping, AStoredSizeIsTheLastRowWithItsCode)
 {
-    StorePapers(machine,
-                {Entry(270, u"a", 0, 1000, 2000), Entry(270, u"b", 1, 800, 1100, 8, 0), Entry(271, u"c", 0, 1, 1)});
+    StorePapers(machine, {Entry(270, u"a", 0, 1000, 2000), Entry(270, u"b", 1, 800, 1100, 8, 0),
+                          Entry(271, u"c", 1, 850, 1199, 0, 15)});
     lstrcpyW(PrinterName, OfficePrinter);
     HANDLE printer = nullptr;
     ASSERT_TRUE(OpenPrinterW(PrinterName, &printer, nullptr));
     record.dmPrintQuality = 300;
-    PaperMetrics metrics{};
-    GetPaperMetrics(printer, &metrics, record, 1, 270);
+    struct SizeRow {
+        int code;
+        WORD width, height;
+    };
+    for (const SizeRow& row : {
+             SizeRow{270, 2539, 3295}, // 215 by 279 mm
+             SizeRow{271, 2397, 3578}  // 203 by 303 mm: hundredths of an inch do not count
+    }) {
+        PaperMetrics metrics{};
+        GetPaperMetrics(printer, &metrics, record, 1, row.code);
+        EXPECT_EQ(metrics.width, row.width) << row.code;
+        EXPECT_EQ(metrics.height, row.height) << row.code;
+    }
     ClosePrinter(printer);
-    EXPECT_EQ(metrics.width, 2539);   // 215 mm
-    EXPECT_EQ(metrics.height, 3295);  // 279 mm
 }
 
 TEST_F(Stamping, DrawsBetweenTwoMarksAndPutsEverythingBack)
@@ -149,6 +158,17 @@ TEST_F(Stamping, AStampOfTheFirstPageLeavesTheOthersAlone)
     EXPECT_FALSE(StampTraced().empty());
     EXPECT_TRUE(StampTraced().empty());
     EXPECT_EQ(StampPageCount, 1u);
+}
+
+TEST_F(Stamping, APageWhoseFontCannotBeMadeCountsAllTheSame)
+{
+    PrepareWatermark(nullptr, record);
+    Machine::Fail("CreateFontIndirectW");
+    EXPECT_EQ(StampPage(job), 0);
+    EXPECT_EQ(StampPageCount, 1u);
+    Machine::Fail("SelectObject");
+    EXPECT_EQ(StampPage(job), 1);
+    EXPECT_EQ(StampPageCount, 2u);
 }
 
 TEST_F(Stamping, AFaceThatIsNotThereLeavesTheStampAsItWas)

@@ -30,6 +30,7 @@ TEST(Diagonal, FollowsThePageAsItLies)
     EXPECT_EQ(DiagonalOf(3300, 2550), 37);
     EXPECT_EQ(DiagonalOf(2480, 3507), 55);
     EXPECT_EQ(DiagonalOf(3507, 2480), 35);
+    EXPECT_EQ(DiagonalOf(1900, 2750), 56);  // 55.5 degrees
     EXPECT_EQ(DiagonalOf(0, 0), 0);
 }
 

@@ -61,7 +61,8 @@ TEST_F(Placement, TheFontGrowsWithTheResolutionsOfThePrinter)
              HeightRow{300,  -300 },
              HeightRow{600,  -600 },
              HeightRow{1200, -1200},
-             HeightRow{400,  -300 }
+             HeightRow{400,  -300 },
+             HeightRow{900,  -300 }
     }) {
         ASSERT_TRUE(Place(row.resolution));
         EXPECT_EQ(placed.font.lfHeight, row.height) << row.resolution;

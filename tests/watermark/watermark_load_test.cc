@@ -164,6 +164,7 @@ TEST_F(LoadedWatermarks, ThirtyRowsAreTheMost)
         EXPECT_EQ(Load(false), 1);
         EXPECT_THAT(List(), SizeIs(static_cast<std::size_t>(row.rows) + 1)) << row.lines;
         EXPECT_EQ(WatermarkCount, row.rows);
+        EXPECT_EQ(WatermarkRowAt(row.rows + 1), nullptr);
         EXPECT_EQ(Enabled(IDC_WM_NEW), row.roomForMore) << row.rows;
         EXPECT_EQ(std::ranges::count(WatermarkSlots, 1), row.rows + 1);
     }
@@ -190,6 +191,17 @@ TEST_F(LoadedWatermarks, TheDiagonalIsThatOfTheChosenPaper)
         EXPECT_EQ(WatermarkRowAt(5)->wmAngle, row.angle);
         EXPECT_EQ(WatermarkEdit.wmAngle, row.angle);
     }
+}
+
+TEST_F(LoadedWatermarks, AnEditedRowTakesTheDiagonalOfNow)
+{
+    ASSERT_EQ(Load(true), 1);
+    DiagonalAngle = 12;
+    LoadWatermarkEdit();
+    EXPECT_EQ(WatermarkEdit.wmAngle, 12);
+    WatermarkCurrent->wmAngleMode = 3;
+    LoadWatermarkEdit();
+    EXPECT_EQ(WatermarkEdit.wmAngle, 53);
 }
 
 TEST_F(LoadedWatermarks, WithoutMemoryTheLoadIsGivenUp)

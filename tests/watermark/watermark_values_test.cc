@@ -244,6 +244,7 @@ TEST_F(StoredWatermarks, BrokenListsEndWhereTheyBreak)
         {u"many\r\na\r\n",        u"1\r\nx\r\n",            u"\r\n",                       1},
         {u"-3\r\na\r\n",          u"1\r\nx\r\n",            u"\r\n",                       1},
         {u"2\r\na\r\nb\r\n",      u"2\r\nsame\r\nsame\r\n", u"\r\n\r\n",                   2},
+        {u"1\r\na\r\n",           u"0\r\nx\r\n",            u"\r\n",                       1},
         {u"2",                    u"2",                     u"",                           1},
         {u"3\r\na\r\nb\r\nc\r\n", u"3\r\nx\r\n",            u"\r\n\r\n\r\n",               2},
         {u"3\r\na\r\nb\r\nc\r\n", u"3\r\nx\r\ny\r\nz\r\n",  u"\r\n\r\n",                   3},
@@ -286,6 +287,8 @@ TEST_F(StoredWatermarks, TheJobsRowTakesWhatIsStoredNow)
     for (const RefreshRow& row : {
              RefreshRow{1,  1, 1,  u"one"  },
              RefreshRow{2,  1, 2,  u"two"  },
+             RefreshRow{3,  1, 3,  u"three"},
+             RefreshRow{4,  1, 3,  u"three"},
              RefreshRow{9,  1, 3,  u"three"},
              RefreshRow{0,  0, 0,  u"old"  },
              RefreshRow{-4, 0, -4, u"old"  }
@@ -310,6 +313,27 @@ TEST_F(StoredWatermarks, RefreshLeavesTheRowWhenNothingCanBeRead)
     EXPECT_EQ(option.watermark.wmId, 5);
 }
 
+struct EmptyRow {
+    const char16_t *texts, *names;
+    int result;
+};
+
+TEST_F(StoredWatermarks, ARowOfAnEmptyListStays)
+{
+    for (const EmptyRow& row : {
+             EmptyRow{u"0\r\n",        u"0\r\n",      1},
+             EmptyRow{u"1\r\nnew\r\n", u"0\r\nx\r\n", 1},
+             EmptyRow{u"0\r\nnew\r\n", u"1\r\nx\r\n", 0},
+             EmptyRow{u"x\r\nnew\r\n", u"1\r\nx\r\n", 0}
+    }) {
+        Store(row.texts, row.names, u"1|20|72|0|0|0|0|2|53|F\r\n");
+        WatermarkPayload option{};
+        option.watermark.wmId = 1;
+        EXPECT_EQ(RefreshWatermark(option), row.result) << testing::PrintToString(std::u16string(row.texts));
+        EXPECT_EQ(option.watermark.wmText[0], 0);
+    }
+}
+
 TEST_F(StoredWatermarks, ANameIsTakenOnce)
 {
     Make({
@@ -322,6 +346,7 @@ TEST_F(StoredWatermarks, ANameIsTakenOnce)
     EXPECT_EQ(AddWatermarkRow(row), 1);
     EXPECT_EQ(WatermarkRowAt(2)->wmFirstPageOnly, 0);
     EXPECT_EQ(SelectWatermarkRow(3), -1);
+    EXPECT_EQ(SelectWatermarkRow(-1), -1);
     EXPECT_EQ(SelectWatermarkRow(2), 1);
     EXPECT_EQ(WatermarkCurrent, WatermarkRowAt(2));
 }
