@@ -124,6 +124,28 @@ INT_PTR AnswerPageMessage(const PropertyPage& page, HWND dialog, UINT message, W
     });
 }
 
+INT_PTR AnswerDialogMessage(const ModalDialog& modal, HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    return AtBoundary<INT_PTR>(FALSE, [&]() -> INT_PTR {
+        switch (message) {
+            case WM_INITDIALOG:
+                modal.initialise(dialog);
+                return FALSE;
+            case WM_COMMAND:
+                return RunCommand(modal.commands, dialog, wParam);
+            case WM_NOTIFY:
+                if (const auto* notification = reinterpret_cast<const NMHDR*>(lParam); notification && modal.notify)
+                    modal.notify(dialog, *notification);
+                return FALSE;
+            case WM_HELP:
+                ShowControlHelp(reinterpret_cast<const HELPINFO*>(lParam), modal.helpTable);
+                return FALSE;
+            default:
+                return FALSE;
+        }
+    });
+}
+
 void TellSheet(HWND dialog) { SendMessageW(GetParent(dialog), PSM_CHANGED, reinterpret_cast<WPARAM>(dialog), 0); }
 
 WORD PreviewMode() { return GetOption<WORD>(PreviewModeOption, PreviewPageLayout); }
@@ -172,6 +194,12 @@ void ShowHelpContext(HWND dialog, DWORD context)
 {
     const HelpPath path = FindHelpFile();
     WinHelpW(dialog, path.text, HELP_CONTEXT, context);
+}
+
+void ShowHelpTopics(HWND dialog)
+{
+    const HelpPath path = FindHelpFile();
+    WinHelpW(dialog, path.text, HELP_FINDER, 0);
 }
 
 void EnableControls(HWND dialog, std::span<const int> controls, bool enable)

@@ -50,6 +50,15 @@ struct PropertyPage {
 // Answers a message to a page as all pages do: hands it to the page's steps and tables. No exception leaves.
 INT_PTR AnswerPageMessage(const PropertyPage& page, HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 
+// A modal dialog that a page opens, in the same manner. The context of the sheet is the page's affair.
+struct ModalDialog {
+    const HelpPair* helpTable;
+    std::span<const Command> commands;  // OK, Cancel and Help among them
+    void (*initialise)(HWND dialog);
+    void (*notify)(HWND dialog, const NMHDR& notification) = nullptr;
+};
+INT_PTR AnswerDialogMessage(const ModalDialog& modal, HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+
 // Tells the sheet that an option has changed.
 void TellSheet(HWND dialog);
 
@@ -72,8 +81,9 @@ void FillComboFromStrings(HWND dialog, int control, int firstString, int lastStr
 inline constexpr unsigned ResStringSlots = 4;
 const WCHAR* LoadResString(int stringId, unsigned slot);
 
-// Opens the help file at a context number.
+// Opens the help file at a context number, and with the index of its topics.
 void ShowHelpContext(HWND dialog, DWORD context);
+void ShowHelpTopics(HWND dialog);
 
 // Enables or disables a run of controls that a rule locks together.
 void EnableControls(HWND dialog, std::span<const int> controls, bool enable);

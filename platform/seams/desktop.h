@@ -37,7 +37,7 @@ struct FileDialogRequest {
 struct HelpRequest {
     HWND window;  // dialog or control
     std::u16string file;
-    UINT command;   // HELP_CONTEXT, HELP_WM_HELP
+    UINT command;   // HELP_CONTEXT, HELP_FINDER, HELP_WM_HELP
     DWORD context;  // the context number; 0 if the control's table has none
 };
 

@@ -37,6 +37,8 @@ constexpr Text Texts[] = {
     {4331, u"Times New Roman"                                                                 },
     {4351, u"144"                                                                             },
     {4401, u"The specific file is not found in this directory."                               },
+    {4500, u"Notice"                                                                          },
+    {4501, u"Warning"                                                                         },
     {4502, u"Form Overlay"                                                                    },
 };
 

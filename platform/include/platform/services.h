@@ -222,6 +222,7 @@ struct OFNOTIFYW {
 
 // Help.
 inline constexpr UINT HELP_CONTEXT = 0x0001;
+inline constexpr UINT HELP_FINDER = 0x000B;
 inline constexpr UINT HELP_WM_HELP = 0x000C;
 
 extern "C" {
@@ -229,8 +230,8 @@ extern "C" {
 QD_API BOOL GetOpenFileNameW(OPENFILENAMEW* dialog);
 QD_API BOOL GetSaveFileNameW(OPENFILENAMEW* dialog);
 
-// HELP_CONTEXT: data is the context number. HELP_WM_HELP: window is the control and data the address of
-// pairs of DWORDs (control, context) that end in a pair of zeros.
+// HELP_CONTEXT: data is the context number. HELP_FINDER: the file's topics. HELP_WM_HELP: window is the control
+// and data the address of pairs of DWORDs (control, context) that end in a pair of zeros.
 QD_API BOOL WinHelpW(HWND window, const WCHAR* file, UINT command, ULONG_PTR data);
 
 }  // extern "C"
