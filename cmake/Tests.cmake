@@ -17,6 +17,7 @@ function(qd_add_test_program name)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
   # A test's own code runs once; what it tests is optimised as the flavour says.
   target_compile_options(${name} PRIVATE -O0)
+  target_link_libraries(${name} PRIVATE qd_glue)
   target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <gmock/gmock.h> <string> <vector>)
   if(TARGET qd480ui)
     target_compile_definitions(${name} PRIVATE QD_MODULE_PATH=u"$<TARGET_FILE:qd480ui>")
