@@ -45,7 +45,7 @@ class RenderingSide : public platform::gdi::EscapeTarget {
     }
     int Escape(int, std::span<const std::uint8_t>, std::span<std::uint8_t> output) override
     {
-        std::memcpy(output.data(), data_, std::min(size_, output.size()));
+        std::copy_n(data_, std::min(size_, output.size()), output.begin());
         return refuses_ ? -1 : 1;
     }
 

@@ -1,5 +1,6 @@
-// The stored list of overlays at the end of a job. The first two bytes are added to the length that stands beside
-// the bytes, so that the two may disagree. Nothing but pending flags may change.
+// The stored list of overlays at the end of a job, where nothing but pending flags may change, and loaded and saved
+// as the dialogs do. The first two bytes are added to the length that stands beside the bytes, so that the two may
+// disagree.
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -7,6 +8,7 @@
 #include "events/overlay_pending.h"
 #include "spooler/printer_data.h"
 #include "tests/support/custom_papers.h"
+#include "watermark/overlay_list.h"
 
 using namespace testing_support;
 
@@ -30,5 +32,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const bool flag = i >= 4 && (i - 4) % 1060 >= 1048 && (i - 4) % 1060 < 1052;
         if (after[i] != bytes[i] && !(flag && after[i] == 0)) std::abort();
     }
+
+    OverlayEntry *head = nullptr, *selected = nullptr, *editing = nullptr;
+    int index = off;
+    LoadOverlayList(head, selected, editing, index);
+    if (!head || !selected || FindPendingOverlay(NextOverlay(head))) std::abort();
+    SaveOverlayList(head, index);
+    FreeOverlayEntries(head);
     return 0;
 }

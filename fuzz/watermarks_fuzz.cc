@@ -64,7 +64,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     record.dmWatermarkOn = 1;
     record.dmWatermark.wmId = static_cast<SHORT>(lengths[0]);
     CurrentSettings = &record;
-    for (const int id : {-1, 0, 1, 7, 30, 31, 32767}) {
+    for (const int id : {0, 1, 32767}) {
         WatermarkPayload option{};
         option.watermark.wmId = static_cast<SHORT>(id);
         RefreshWatermark(option);

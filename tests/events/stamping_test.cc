@@ -171,6 +171,23 @@ TEST_F(Stamping, APageWhoseFontCannotBeMadeCountsAllTheSame)
     EXPECT_EQ(StampPageCount, 2u);
 }
 
+TEST_F(Stamping, AnEmptyTextIsMarkedAndDrawnAllTheSame)
+{
+    CopyToField(record.dmWatermark.wmText, 73, u"");
+    PrepareWatermark(nullptr, record);
+    const auto calls = StampTraced();
+    EXPECT_THAT(calls, testing::Contains(testing::HasSubstr(",0,null,\"\",0,null]")));
+    EXPECT_THAT(calls, testing::Contains(testing::HasSubstr("ExtEscape")).Times(2));
+}
+
+TEST_F(Stamping, ATextWithoutTerminatorEndsWithItsField)
+{
+    std::ranges::fill(record.dmWatermark.wmText, u'M');
+    PrepareWatermark(nullptr, record);
+    EXPECT_EQ(std::u16string(StampText.data()), std::u16string(73, u'M'));
+    EXPECT_THAT(StampTraced(), testing::Contains(testing::HasSubstr("M\",73,null]")));
+}
+
 TEST_F(Stamping, AFaceThatIsNotThereLeavesTheStampAsItWas)
 {
     PrepareWatermark(nullptr, record);
