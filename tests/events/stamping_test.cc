@@ -118,6 +118,45 @@ TEST_F(Stamping, AStoredSizeIsTheLastRowWithItsCode)
     ClosePrinter(printer);
 }
 
+struct OriginRow {
+    SHORT code, orientation, quality, size, angle, positionX, positionY;
+    LONG x, y;
+};
+
+// COPY is twice as wide as its font is high.
+TEST_F(Stamping, PlacesTheTextOnEveryPageAtEveryAngle)
+{
+    record.dmPaperWidth = 1000;
+    record.dmPaperLength = 2000;
+    record.dmWatermark.wmAngleMode = 3;
+    constexpr OriginRow Rows[] = {
+        {1,   1, 300,  72,  30,   0,    0,   865,  1620},
+        {1,   1, 300,  72,  89,   0,    0,   1044, 1897},
+        {1,   1, 300,  72,  91,   0,    0,   1055, 1902},
+        {1,   1, 300,  72,  -89,  0,    0,   1344, 1297},
+        {1,   1, 300,  72,  -91,  0,    0,   1355, 1302},
+        {1,   1, -1,   72,  -180, 0,    0,   1500, 1750},
+        {1,   2, 600,  72,  120,  0,    0,   3240, 3069},
+        {9,   1, 1200, 36,  -120, 0,    0,   5259, 6430},
+        {9,   2, 300,  72,  -30,  50,   -50, 2348, 281 },
+        {256, 1, 300,  72,  -90,  0,    0,   650,  800 },
+        {256, 2, 300,  8,   45,   -100, 100, -22,  1006},
+        {270, 1, 600,  200, 180,  0,    0,   4066, 4033},
+    };
+    for (const OriginRow& row : Rows) {
+        record.dmPaperSize = row.code;
+        record.dmOrientation = row.orientation;
+        record.dmPrintQuality = row.quality;
+        record.dmWatermark.wmSize = row.size;
+        record.dmWatermark.wmAngle = row.angle;
+        record.dmWatermark.wmPositionX = row.positionX;
+        record.dmWatermark.wmPositionY = row.positionY;
+        ASSERT_EQ(PrepareWatermark(nullptr, record), 1);
+        EXPECT_EQ(StampX, row.x) << "paper " << row.code << ", angle " << row.angle;
+        EXPECT_EQ(StampY, row.y) << "paper " << row.code << ", angle " << row.angle;
+    }
+}
+
 TEST_F(Stamping, DrawsBetweenTwoMarksAndPutsEverythingBack)
 {
     record.dmPrintQuality = 300;
