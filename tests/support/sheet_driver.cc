@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
@@ -217,9 +218,10 @@ void Sheet::Run(const Prepare& prepare)
     platform::spooler::Close(printer);
 }
 
+// The step outlives its caller if it brings up a modal dialog: it ends with that one.
 void Sheet::Step(std::function<void(HWND sheet, HWND page)> step)
 {
-    const bool taken = machine_.Desktop().Do([&] {
+    const bool taken = machine_.Desktop().Do([step = std::move(step)] {
         const HWND sheet = user::TopWindow();
         step(sheet, user::DialogOf(sheet));
     });
@@ -228,21 +230,22 @@ void Sheet::Step(std::function<void(HWND sheet, HWND page)> step)
 
 void Sheet::Act(const std::string& what, std::function<Outcome(HWND sheet, HWND page)> action)
 {
-    Outcome outcome = Outcome::Absent;
-    Step([&](HWND sheet, HWND page) { outcome = action(sheet, page); });
-    EXPECT_EQ(OutcomeText(outcome), std::string("done")) << what;
+    // What has brought up a dialog is done, as far as its user is concerned.
+    const auto outcome = std::make_shared<std::optional<Outcome>>();
+    Step([outcome, action = std::move(action)](HWND sheet, HWND page) { *outcome = action(sheet, page); });
+    EXPECT_EQ(OutcomeText(outcome->value_or(Outcome::Done)), std::string("done")) << what;
 }
 
 Outcome Sheet::Try(std::function<Outcome(HWND page)> action)
 {
-    Outcome outcome = Outcome::Absent;
-    Step([&](HWND, HWND page) { outcome = action(page); });
-    return outcome;
+    const auto outcome = std::make_shared<Outcome>(Outcome::Done);
+    Step([outcome, action = std::move(action)](HWND, HWND page) { *outcome = action(page); });
+    return *outcome;
 }
 
 Sheet& Sheet::Page(std::u16string_view title)
 {
-    Act("page " + platform::ToUtf8(title), [&](HWND sheet, HWND) {
+    Act("page " + platform::ToUtf8(title), [=](HWND sheet, HWND) {
         const user::Window* window = user::Find(sheet);
         const auto* state = window ? window->As<user::SheetState>() : nullptr;
         for (int i = 0; state && i < static_cast<int>(state->pages.size()); ++i)
@@ -254,14 +257,14 @@ Sheet& Sheet::Page(std::u16string_view title)
 
 Sheet& Sheet::Click(int control)
 {
-    Act("click " + std::to_string(control), [&](HWND, HWND page) { return user::Click(user::Control(page, control)); });
+    Act("click " + std::to_string(control), [=](HWND, HWND page) { return user::Click(user::Control(page, control)); });
     return *this;
 }
 
 Sheet& Sheet::Choose(int control, int row)
 {
     Act("choose " + std::to_string(control) + " row " + std::to_string(row),
-        [&](HWND, HWND page) { return user::Pick(user::Control(page, control), row); });
+        [=](HWND, HWND page) { return user::Pick(user::Control(page, control), row); });
     return *this;
 }
 
@@ -275,21 +278,21 @@ Sheet& Sheet::Choose(int control, std::u16string_view text)
 Sheet& Sheet::Type(int control, std::u16string_view text)
 {
     Act("type " + std::to_string(control),
-        [&](HWND, HWND page) { return user::Type(user::Control(page, control), text); });
+        [=](HWND, HWND page) { return user::Type(user::Control(page, control), text); });
     return *this;
 }
 
 Sheet& Sheet::Append(int control, std::u16string_view text)
 {
     Act("append to " + std::to_string(control),
-        [&](HWND, HWND page) { return user::Append(user::Control(page, control), text); });
+        [=](HWND, HWND page) { return user::Append(user::Control(page, control), text); });
     return *this;
 }
 
 Sheet& Sheet::Paste(int control, std::u16string_view text)
 {
     Act("paste into " + std::to_string(control),
-        [&](HWND, HWND page) { return user::Paste(user::Control(page, control), text); });
+        [=](HWND, HWND page) { return user::Paste(user::Control(page, control), text); });
     return *this;
 }
 
@@ -297,26 +300,26 @@ Sheet& Sheet::Spin(int upDown, bool up, int times)
 {
     for (int k = 0; k < times; ++k)
         Act("spin " + std::to_string(upDown),
-            [&](HWND, HWND page) { return user::Spin(user::Control(page, upDown), up); });
+            [=](HWND, HWND page) { return user::Spin(user::Control(page, upDown), up); });
     return *this;
 }
 
 Sheet& Sheet::Row(int listView, int row)
 {
     Act("row " + std::to_string(row) + " of " + std::to_string(listView),
-        [&](HWND, HWND page) { return user::SelectRow(user::Control(page, listView), row); });
+        [=](HWND, HWND page) { return user::SelectRow(user::Control(page, listView), row); });
     return *this;
 }
 
 Sheet& Sheet::Focus(int control)
 {
-    Act("focus " + std::to_string(control), [&](HWND, HWND page) { return user::Focus(user::Control(page, control)); });
+    Act("focus " + std::to_string(control), [=](HWND, HWND page) { return user::Focus(user::Control(page, control)); });
     return *this;
 }
 
 Sheet& Sheet::Press(user::Key key)
 {
-    Act("key", [&](HWND top, HWND) { return user::Press(top, key); });
+    Act("key", [=](HWND top, HWND) { return user::Press(top, key); });
     return *this;
 }
 
@@ -341,13 +344,13 @@ Sheet& Sheet::PressHelp()
 Sheet& Sheet::HelpOn(int control)
 {
     Act("help on " + std::to_string(control),
-        [&](HWND, HWND page) { return user::ContextHelp(user::Control(page, control)); });
+        [=](HWND, HWND page) { return user::ContextHelp(user::Control(page, control)); });
     return *this;
 }
 
 DriverDevMode Sheet::End(user::SheetButton button)
 {
-    Act("end of the sheet", [&](HWND sheet, HWND) { return user::PressButton(sheet, button); });
+    Act("end of the sheet", [=](HWND sheet, HWND) { return user::PressButton(sheet, button); });
     machine_.Desktop().WaitForFinish();
     return published_;
 }
@@ -357,12 +360,12 @@ DriverDevMode Sheet::Cancel() { return End(user::SheetButton::Cancel); }
 
 LRESULT Sheet::Send(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    LRESULT result = 0;
-    Step([&](HWND, HWND page) {
+    const auto result = std::make_shared<LRESULT>(0);
+    Step([=](HWND, HWND page) {
         const user::Window* window = user::Find(page);
-        result = window->As<user::DialogState>()->procedure(page, message, wParam, lParam);
+        *result = window->As<user::DialogState>()->procedure(page, message, wParam, lParam);
     });
-    return result;
+    return *result;
 }
 
 LRESULT Sheet::Notice(int control, int code)
