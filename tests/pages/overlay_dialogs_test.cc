@@ -13,6 +13,7 @@
 #include "platform/kernel.h"
 #include "platform/kernel/memory.h"
 #include "platform/services.h"
+#include "platform/user/window.h"
 #include "resources/control_numbers.h"
 #include "tests/support/overlays.h"
 #include "tests/support/sheet_driver.h"
@@ -57,9 +58,7 @@ class OverlayDialogs : public testing::Test {
   protected:
     ~OverlayDialogs() override
     {
-        sheet_.reset();
-        FreeOverlayEntries(OverlayList);
-        OverlayList = OverlaySelected = OverlayEditing = nullptr;
+        Close();
         OverlayIndex = 0;
         EXPECT_EQ(platform::memory::BlockCount(), blocks_);
     }
@@ -67,8 +66,8 @@ class OverlayDialogs : public testing::Test {
     Sheet& Open(const std::vector<OverlayEntry>& rows, int index = 0)
     {
         sheet_.reset();
-        sheet_ = std::make_unique<Sheet>(
-            Sheet::Prepare(), [&](TestMachine& machine) { StoreOverlays(machine, TestPrinter, rows); });
+        sheet_ = std::make_unique<Sheet>(Sheet::Prepare(),
+                                         [&](TestMachine& machine) { StoreOverlays(machine, TestPrinter, rows); });
         OverlayIndex = index;
         Again();
         return *sheet_;
@@ -87,6 +86,12 @@ class OverlayDialogs : public testing::Test {
             OverlayList = nullptr;
             return platform::user::Outcome::Done;
         });
+    }
+    void Close()
+    {
+        sheet_.reset();
+        FreeOverlayEntries(OverlayList);
+        OverlayList = OverlaySelected = OverlayEditing = nullptr;
     }
     Sheet& Dialog() { return *sheet_; }
     SteppedDesktop& Desktop() { return sheet_->Machine().Desktop(); }
@@ -115,9 +120,9 @@ class OverlayDialogs : public testing::Test {
     INT_PTR ended_ = -2;
     Names listed_;  // after the dialog, loaded anew
     Forms forms_;
+    std::size_t blocks_ = platform::memory::BlockCount();
 
   private:
-    std::size_t blocks_ = platform::memory::BlockCount();
     std::unique_ptr<Sheet> sheet_;
 };
 
@@ -152,6 +157,357 @@ TEST_F(OverlayDialogs, OfferWhatTheSelectedRowAllows)
         Dialog().Choose(IDC_OVL_LIST, row.selected);
         EXPECT_EQ(Usable(), row.usable) << "chosen " << row.selected;
     }
+}
+
+TEST_F(OverlayDialogs, SelectNothingForAChoiceThatIsGone)
+{
+    Open(Three, 7);
+    EXPECT_EQ(Dialog().Selection(IDC_OVL_LIST), -1);
+    Dialog().Click(IDC_OVL_DELETE);
+    Dialog().Click(IDC_OVL_EDIT);
+    EXPECT_EQ(Dialog().Template(), IDD_OVERLAY_LIST);
+    Dialog().Click(IDOK);
+    EXPECT_EQ(StoredNames(), (Names{u"Letterhead", u"Invoice", u"Draft"}));
+    EXPECT_EQ(OverlayIndex, 7);
+}
+
+TEST_F(OverlayDialogs, StoreANewRowAsPendingAndKeepTheChoice)
+{
+    Open(Three, 1);
+    Add(u"Contract", u"contract");
+    EXPECT_THAT(Dialog().Items(IDC_OVL_LIST), ElementsAre(u"<NONE>", u"Letterhead", u"Invoice", u"Draft", u"Contract"));
+    EXPECT_EQ(Dialog().Selection(IDC_OVL_LIST), 4);
+    EXPECT_EQ(Usable(), "D");
+    Dialog().Click(IDOK);
+    EXPECT_EQ(ended_, 1);
+    EXPECT_EQ(OverlayIndex, 1);
+    const StoredOverlays stored = Stored();
+    EXPECT_EQ(stored.size, 4u + 4 * 1060);
+    EXPECT_EQ(stored.index, 1u);
+    ASSERT_EQ(stored.rows.size(), 4u);
+    EXPECT_EQ(std::u16string(stored.rows[3].ovName), u"Contract");
+    EXPECT_EQ(std::u16string(stored.rows[3].ovPath), forms_.Within(u"contract.oxl"));
+    EXPECT_EQ(stored.rows[3].ovPending, 1u);
+    EXPECT_EQ(listed_, (Names{u"<NONE>", u"Letterhead", u"Invoice", u"Draft", u"Contract"}));
+}
+
+TEST_F(OverlayDialogs, TellOnceWhatANewOverlayNeeds)
+{
+    Open({});
+    Add(u"Contract", u"contract");
+    ASSERT_EQ(Desktop().messagesSeen.size(), 1u);
+    EXPECT_EQ(Desktop().messagesSeen[0],
+              u"Close the open dialogs with OK and print the form from this application: that print job makes the "
+              u"overlay file.\nThen open these settings again and choose the overlay in the list.");
+}
+
+TEST_F(OverlayDialogs, ChooseTheSelectedRowAtOk)
+{
+    Open(Three, 1);
+    Dialog().Choose(IDC_OVL_LIST, 3).Click(IDOK);
+    EXPECT_EQ(OverlayIndex, 3);
+    EXPECT_EQ(Stored().index, 3u);
+}
+
+TEST_F(OverlayDialogs, EditNameAndPathInPlace)
+{
+    forms_.Make("other.oxl");
+    Open(Three, 2);
+    Dialog().Click(IDC_OVL_EDIT);
+    EXPECT_EQ(Dialog().Template(), IDD_OVERLAY_EDIT);
+    EXPECT_EQ(Dialog().Text(IDC_OVL_NAME), u"Invoice");
+    EXPECT_EQ(Dialog().Text(IDC_OVL_PATH), u"/forms/invoice.oxl");
+    Desktop().fileAnswers.push_back(forms_.Within(u"other.oxl"));
+    Dialog().Type(IDC_OVL_NAME, u"Bill").Click(IDC_OVL_BROWSE).Click(IDOK);
+    EXPECT_THAT(Dialog().Items(IDC_OVL_LIST), ElementsAre(u"<NONE>", u"Letterhead", u"Bill", u"Draft"));
+    EXPECT_EQ(Dialog().Selection(IDC_OVL_LIST), 2);
+    EXPECT_EQ(Usable(), "NED");
+    EXPECT_TRUE(Desktop().messagesSeen.empty());
+    Dialog().Click(IDOK);
+    const StoredOverlays stored = Stored();
+    ASSERT_EQ(stored.rows.size(), 3u);
+    EXPECT_EQ(std::u16string(stored.rows[1].ovName), u"Bill");
+    EXPECT_EQ(std::u16string(stored.rows[1].ovPath), forms_.Within(u"other.oxl"));
+    EXPECT_EQ(stored.rows[1].ovPending, 0u);
+    EXPECT_EQ(OverlayIndex, 2);
+}
+
+TEST_F(OverlayDialogs, LeaveTheRowWhenTheEditorIsCancelled)
+{
+    Open(Three, 2);
+    Dialog().Click(IDC_OVL_EDIT).Type(IDC_OVL_NAME, u"Bill").Click(IDCANCEL);
+    Dialog().Click(IDC_OVL_NEW).Type(IDC_OVL_NAME, u"More").CloseDialog();
+    EXPECT_EQ(Dialog().Items(IDC_OVL_LIST), (Names{u"<NONE>", u"Letterhead", u"Invoice", u"Draft"}));
+    Dialog().Click(IDOK);
+    EXPECT_EQ(StoredNames(), (Names{u"Letterhead", u"Invoice", u"Draft"}));
+}
+
+struct DeleteRow {
+    int deleted;
+    int selected;
+    Names left;
+    const char* usable;
+};
+
+TEST_F(OverlayDialogs, SelectWhatFollowsADeletedRow)
+{
+    for (const DeleteRow& row : {
+             DeleteRow{1, 1, {u"Invoice", u"Draft"},      "NED"},
+             DeleteRow{2, 2, {u"Letterhead", u"Draft"},   "NED"},
+             DeleteRow{3, 2, {u"Letterhead", u"Invoice"}, "NED"},
+    }) {
+        Open(Three, row.deleted);
+        Dialog().Click(IDC_OVL_DELETE);
+        EXPECT_EQ(Dialog().Selection(IDC_OVL_LIST), row.selected) << row.deleted;
+        EXPECT_EQ(Usable(), row.usable);
+        Dialog().Click(IDOK);
+        EXPECT_EQ(StoredNames(), row.left);
+        EXPECT_EQ(OverlayIndex, row.selected);
+    }
+}
+
+TEST_F(OverlayDialogs, DeleteDownToTheHead)
+{
+    Open(Three, 1);
+    Dialog().Click(IDC_OVL_DELETE).Click(IDC_OVL_DELETE).Click(IDC_OVL_DELETE);
+    EXPECT_THAT(Dialog().Items(IDC_OVL_LIST), ElementsAre(u"<NONE>"));
+    EXPECT_EQ(Usable(), "N");
+    Dialog().Send(WM_COMMAND, IDC_OVL_DELETE, 0);
+    EXPECT_THAT(Dialog().Items(IDC_OVL_LIST), ElementsAre(u"<NONE>"));
+    Dialog().Click(IDOK);
+    EXPECT_EQ(Stored().size, 0u);
+    EXPECT_EQ(OverlayIndex, 0);
+}
+
+TEST_F(OverlayDialogs, MakeRoomForANewRowByDeletingThePendingOne)
+{
+    Open(WithPending(), 3);
+    Dialog().Click(IDC_OVL_DELETE);
+    EXPECT_EQ(Usable(), "NED");
+    Add(u"Contract", u"contract");
+    Dialog().Click(IDC_OVL_DELETE);
+    EXPECT_EQ(Usable(), "NED");
+    Dialog().Click(IDOK);
+    EXPECT_EQ(StoredNames(), (Names{u"Letterhead", u"Invoice"}));
+}
+
+TEST_F(OverlayDialogs, TakeBackEveryChangeWithCancel)
+{
+    Open(Three, 1);
+    Dialog().Click(IDC_OVL_DELETE);
+    Add(u"Contract", u"contract");
+    Dialog().Choose(IDC_OVL_LIST, 0).Click(IDCANCEL);
+    EXPECT_EQ(ended_, 0);
+    EXPECT_EQ(OverlayIndex, 1);
+    EXPECT_EQ(StoredNames(), (Names{u"Letterhead", u"Invoice", u"Draft"}));
+    EXPECT_EQ(listed_, (Names{u"<NONE>", u"Letterhead", u"Invoice", u"Draft"}));
+}
+
+TEST_F(OverlayDialogs, SuggestANameForAnEmptyOne)
+{
+    Open(Three);
+    Desktop().fileAnswers.push_back(forms_.Within(u"a"));
+    Dialog().Click(IDC_OVL_NEW).Click(IDOK);
+    EXPECT_EQ(Dialog().Text(IDC_OVL_NAME), u"Form Overlay-4-");
+    EXPECT_TRUE(Desktop().messagesSeen.empty());
+    Dialog().Click(IDOK);
+    EXPECT_EQ(Desktop().messagesSeen, Names{u"The specific file is not found in this directory."});
+    Dialog().Click(IDC_OVL_BROWSE).Click(IDOK);
+    EXPECT_EQ(Dialog().Template(), IDD_OVERLAY_LIST);
+    EXPECT_EQ(Dialog().Items(IDC_OVL_LIST).back(), u"Form Overlay-4-");
+}
+
+TEST_F(OverlayDialogs, LimitNamesAndLetPathsComeFromBrowsingOnly)
+{
+    Open({});
+    Dialog().Click(IDC_OVL_NEW).Type(IDC_OVL_NAME, std::u16string(300, u'n'));
+    EXPECT_EQ(Dialog().Text(IDC_OVL_NAME).size(), 260u);
+    const HWND path = Dialog().Handle(IDC_OVL_PATH);
+    EXPECT_EQ(Dialog().Try([path](HWND) { return platform::user::Type(path, u"x"); }),
+              platform::user::Outcome::ReadOnly);
+}
+
+TEST_F(OverlayDialogs, BrowseFromTheCurrentFolderForANewFile)
+{
+    Open({});
+    Dialog().Click(IDC_OVL_NEW).Click(IDC_OVL_BROWSE);
+    ASSERT_EQ(Desktop().filesAsked.size(), 1u);
+    const platform::FileDialogRequest& request = Desktop().filesAsked[0];
+    EXPECT_TRUE(request.save);
+    EXPECT_EQ(request.title, u"File");
+    EXPECT_EQ(request.directory, std::filesystem::current_path().u16string());
+    EXPECT_EQ(request.name, u"");
+    EXPECT_EQ(request.defaultExtension, u"oxl");
+    EXPECT_EQ(request.flags, 0xA8082Eu);
+    ASSERT_EQ(request.filters.size(), 2u);
+    EXPECT_EQ(request.filters[0].name, u"Palette Files (*.oxl)");
+    EXPECT_EQ(request.filters[0].patterns, u"*.oxl");
+    EXPECT_EQ(request.filters[1].name, u"All Files (*.*)");
+    EXPECT_EQ(request.filters[1].patterns, u"*.*");
+    EXPECT_EQ(Dialog().Text(IDC_OVL_PATH), u"");
+}
+
+struct StartRow {
+    std::u16string path, folder, name;
+};
+
+TEST_F(OverlayDialogs, BrowseFromThePathOfTheRow)
+{
+    for (const StartRow& row : {
+             StartRow{u"/forms/invoice.oxl", u"/forms",                                   u"invoice.oxl"},
+             StartRow{u"/invoice.oxl",       u"/",                                        u"invoice.oxl"},
+             StartRow{u"/forms/",            u"/forms",                                   u""           },
+             StartRow{u"here.oxl",           std::filesystem::current_path().u16string(), u"here.oxl"   },
+             StartRow{u"-New-",              std::filesystem::current_path().u16string(), u"-New-"      },
+    }) {
+        Open({Overlay(u"A", row.path)}, 1);
+        Dialog().Click(IDC_OVL_EDIT).Click(IDC_OVL_BROWSE);
+        ASSERT_EQ(Desktop().filesAsked.size(), 1u);
+        EXPECT_FALSE(Desktop().filesAsked[0].save);
+        EXPECT_EQ(Desktop().filesAsked[0].flags, 0xA8182Eu);
+        EXPECT_EQ(Desktop().filesAsked[0].directory, row.folder);
+        EXPECT_EQ(Desktop().filesAsked[0].name, row.name);
+        EXPECT_EQ(Dialog().Text(IDC_OVL_PATH), row.path);
+    }
+}
+
+TEST_F(OverlayDialogs, LetTheFileDialogRefuseAFileThatDoesNotExist)
+{
+    Open(Three, 2);
+    forms_.Make("there.oxl");
+    Desktop().fileAnswers = {forms_.Within(u"missing"), forms_.Within(u"there")};
+    Dialog().Click(IDC_OVL_EDIT).Click(IDC_OVL_BROWSE);
+    EXPECT_EQ(Dialog().Text(IDC_OVL_PATH), forms_.Within(u"there.oxl"));
+    EXPECT_EQ(Desktop().messagesSeen.size(), 1u);
+}
+
+struct LongRow {
+    int folder, name;
+    bool refused;
+};
+
+TEST_F(OverlayDialogs, RefusePathsThatARowHasNoRoomFor)
+{
+    for (const LongRow& row : {
+             LongRow{250, 10, true },
+             LongRow{249, 10, false},
+             LongRow{249, 11, true },
+             LongRow{300, 10, true },
+    }) {
+        std::u16string folder = forms_.Folder();
+        while (static_cast<int>(folder.size()) < row.folder)
+            folder += u"/" + std::u16string(std::min<std::size_t>(200, row.folder - folder.size() - 1), u'f');
+        std::filesystem::create_directories(folder);
+        const std::u16string name = std::u16string(row.name - 4, u'n') + u".oxl";
+        Open({});
+        Desktop().fileAnswers = {folder + u"/" + name, forms_.Within(u"short")};
+        Dialog().Click(IDC_OVL_NEW).Click(IDC_OVL_BROWSE);
+        EXPECT_EQ(Dialog().Text(IDC_OVL_PATH), row.refused ? forms_.Within(u"short.oxl") : folder + u"/" + name);
+        const Names said = {u"The path you entered, '" + name + u"', is too long. Enter shorter path."};
+        EXPECT_EQ(Desktop().messagesSeen, row.refused ? said : Names{}) << row.folder << " and " << row.name;
+    }
+}
+
+TEST_F(OverlayDialogs, StoreNothingWithoutThePrinter)
+{
+    Open(Three, 1);
+    Dialog().Click(IDC_OVL_DELETE);
+    Dialog().Machine().Fail("OpenPrinterW");
+    Dialog().Click(IDOK);
+    EXPECT_EQ(ended_, 1);
+    EXPECT_EQ(StoredNames(), (Names{u"Letterhead", u"Invoice", u"Draft"}));
+}
+
+TEST_F(OverlayDialogs, AnswerWithHelp)
+{
+    Open(Three, 1);
+    Dialog().Click(IDC_HELP).HelpOn(IDC_OVL_DELETE).Click(IDC_OVL_EDIT);
+    Dialog().Click(IDC_HELP).HelpOn(IDC_OVL_PATH);
+    NMHDR help{nullptr, 0, PSN_HELP};
+    Dialog().Send(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&help));
+    std::vector<std::tuple<int, UINT, DWORD>> seen;
+    for (const HelpSeen& one : Dialog().HelpSeenSoFar()) seen.emplace_back(one.control, one.command, one.context);
+    EXPECT_THAT(seen, ElementsAre(std::tuple(0, HELP_CONTEXT, 5113), std::tuple(IDC_OVL_DELETE, HELP_WM_HELP, 5113),
+                                  std::tuple(0, HELP_CONTEXT, 5113), std::tuple(IDC_OVL_PATH, HELP_WM_HELP, 5113),
+                                  std::tuple(0, HELP_FINDER, 0)));
+}
+
+// A list box without room shows fewer rows, and OK stores what it shows.
+TEST_F(OverlayDialogs, ShowWhatTheListBoxHasRoomFor)
+{
+    Open(Three, 1);
+    Dialog().CloseDialog();
+    Dialog().Machine().Fail("LB_INSERTSTRING", 3);
+    Again();
+    EXPECT_THAT(Dialog().Items(IDC_OVL_LIST), ElementsAre(u"<NONE>", u"Letterhead"));
+    Dialog().Machine().Fail("LB_INSERTSTRING", 4);
+    Add(u"Contract", u"contract");
+    EXPECT_THAT(Dialog().Items(IDC_OVL_LIST), ElementsAre(u"<NONE>", u"Letterhead"));
+    EXPECT_EQ(Usable(), "NED");
+    Dialog().Click(IDOK);
+    EXPECT_EQ(StoredNames(), Names{u"Letterhead"});
+}
+
+// Every call of every platform function fails once, over a walk through both dialogs: nothing is lost, released
+// twice or walked through after its release, and what is stored is a list.
+TEST_F(OverlayDialogs, SurviveEveryCallThatFails)
+{
+    forms_.Make("other.oxl");
+    const auto walk = [&] {
+        auto& dialog = Dialog();
+        const auto click = [&](int control) {
+            dialog.Try([control](HWND page) { return platform::user::Click(platform::user::Control(page, control)); });
+        };
+        const auto type = [&](int control, const char16_t* text) {
+            dialog.Try([=](HWND page) { return platform::user::Type(platform::user::Control(page, control), text); });
+        };
+        const auto pick = [&](int row) {
+            dialog.Try(
+                [=](HWND page) { return platform::user::Pick(platform::user::Control(page, IDC_OVL_LIST), row); });
+        };
+        Desktop().fileAnswers = {forms_.Within(u"other.oxl"), forms_.Within(u"new.oxl")};
+        pick(2);
+        click(IDC_OVL_EDIT);
+        type(IDC_OVL_NAME, u"Bill");
+        click(IDC_OVL_BROWSE);
+        click(IDC_HELP);
+        click(IDOK);
+        click(IDC_OVL_DELETE);
+        click(IDC_OVL_NEW);
+        click(IDOK);
+        click(IDC_OVL_BROWSE);
+        click(IDOK);
+        pick(1);
+        for (int i = 0; i < 3 && dialog.Template() != 0 && ended_ == -2; ++i) click(IDOK);
+    };
+    auto& faults = platform::CurrentEnvironment().faults;
+    Open(Three, 1);
+    Dialog().CloseDialog();
+    faults.Clear();
+    faults.CountCalls(true);
+    Again();
+    walk();
+    EXPECT_EQ(ended_, 1);
+    EXPECT_EQ(StoredNames(), (Names{u"Letterhead", u"Draft", u"Form Overlay-3-"}));
+    const auto calls = faults.Calls();
+    std::size_t failed = 0;
+    for (const auto& [function, count] : calls)
+        for (std::uint64_t call = 1; call <= count; ++call, ++failed) {
+            SCOPED_TRACE(function + " " + std::to_string(call));
+            Open(Three, 1);
+            Dialog().CloseDialog();
+            faults.Clear();
+            faults.Add(function, call, false);
+            Again();
+            walk();
+            faults.Clear();
+            const StoredOverlays stored = Stored();
+            Close();
+            if (function == "GlobalFree") ++blocks_;  // what cannot be freed stays
+            EXPECT_EQ(platform::memory::BlockCount(), blocks_);
+            EXPECT_TRUE(stored.size == 0 || stored.size == 4 + stored.rows.size() * sizeof(OverlayEntry));
+        }
+    EXPECT_GT(failed, 100u);
 }
 
 }  // namespace
