@@ -27,6 +27,7 @@ struct Picture {
     const char* way;
 };
 constexpr Picture Pictures[] = {
+    {"paper",   "page \"Paper\"\n"  },
     {"quality", "page \"Quality\"\n"},
 };
 

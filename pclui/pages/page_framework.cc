@@ -99,8 +99,8 @@ INT_PTR AnswerPageMessage(const PropertyPage& page, HWND dialog, UINT message, W
     return AtBoundary<INT_PTR>(FALSE, [&]() -> INT_PTR {
         switch (message) {
             case WM_INITDIALOG:
-                page.initialise(dialog);
                 KeepContext(dialog, reinterpret_cast<const PROPSHEETPAGEW*>(lParam));
+                page.initialise(dialog);
                 return FALSE;
             case WM_COMMAND:
                 return RunCommand(page.commands, dialog, wParam);
@@ -144,6 +144,12 @@ INT_PTR AnswerDialogMessage(const ModalDialog& modal, HWND dialog, UINT message,
                 return FALSE;
         }
     });
+}
+
+bool CanEdit(HWND dialog)
+{
+    const auto* context = reinterpret_cast<const UiContext*>(GetWindowLongW(dialog, DWL_USER));
+    return IsWholeContext(context) && context->canEdit != 0;
 }
 
 void TellSheet(HWND dialog) { SendMessageW(GetParent(dialog), PSM_CHANGED, reinterpret_cast<WPARAM>(dialog), 0); }

@@ -59,6 +59,9 @@ struct ModalDialog {
 };
 INT_PTR AnswerDialogMessage(const ModalDialog& modal, HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 
+// Whether the user may change settings, by the context of the page.
+bool CanEdit(HWND dialog);
+
 // Tells the sheet that an option has changed.
 void TellSheet(HWND dialog);
 

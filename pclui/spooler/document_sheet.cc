@@ -4,6 +4,7 @@
 
 #include "boundary.h"
 #include "module.h"
+#include "pages/paper_page.h"
 #include "pages/quality_page.h"
 #include "resources/control_numbers.h"
 #include "settings/options.h"
@@ -18,6 +19,7 @@ UiContext* ParkedContexts = nullptr;
 namespace {
 
 constexpr SheetPageRow Pages[] = {
+    {IDD_PAPER,   Paper_DlgProc  },
     {IDD_QUALITY, Quality_DlgProc},
 };
 static_assert(std::size(Pages) <= MostDocumentPages);
