@@ -3,6 +3,8 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <algorithm>
+#include <map>
+#include <mutex>
 
 #include "platform/kernel/unicode.h"
 #include "store/store_file.h"
@@ -68,7 +70,8 @@ std::optional<std::u16string> PrinterOfKey(std::u16string_view path)
     const std::u16string pattern = platform::PrinterKeyPath(Mark);
     const std::size_t mark = pattern.find(Mark);
     const std::u16string head = pattern.substr(0, mark), tail = pattern.substr(mark + Mark.size());
-    if (path.size() < head.size() + tail.size() || !path.starts_with(head) || !path.ends_with(tail)) {
+    // No printer has the empty name.
+    if (path.size() <= head.size() + tail.size() || !path.starts_with(head) || !path.ends_with(tail)) {
         return std::nullopt;
     }
     return std::u16string(path.substr(head.size(), path.size() - head.size() - tail.size()));
@@ -80,12 +83,43 @@ class SqliteStore::Connection : public StoreFile {
   public:
     using StoreFile::StoreFile;
 
+    // A statement in use by one thread. It is kept for the next use, since compiling takes longer than running,
+    // and is reset in the end, so that it holds no lock on the file. Its text is a constant.
+    class Use {
+      public:
+        Use(Connection& connection, const SQLite::Database& database, const char* sql)
+            : lock_(connection.mutex_), statement_(Find(connection, database, sql))
+        {
+        }
+        ~Use()
+        {
+            statement_.tryReset();
+            statement_.clearBindings();
+        }
+        Use(const Use&) = delete;
+        Use& operator=(const Use&) = delete;
+        SQLite::Statement& operator*() { return statement_; }
+
+      private:
+        SQLite::Statement& Find(Connection& connection, const SQLite::Database& database, const char* sql)
+        {
+            // A file that may only be read is opened anew for each call.
+            if (connection.ReadOnly()) return passing_.emplace(database, sql);
+            return connection.kept_.try_emplace(sql, database, sql).first->second;
+        }
+
+        std::unique_lock<std::mutex> lock_;
+        std::optional<SQLite::Statement> passing_;
+        SQLite::Statement& statement_;
+    };
+
     StoredValues Values(std::u16string_view printer, Place place)
     {
         return Read([&](SQLite::Database& database) {
-            SQLite::Statement select(database,
-                                     "SELECT v.name, v.type, v.bytes FROM printer_values v JOIN printers p ON "
-                                     "p.id = v.printer WHERE p.name = ? AND v.place = ?");
+            Use use(*this, database,
+                    "SELECT v.name, v.type, v.bytes FROM printer_values v JOIN printers p ON "
+                    "p.id = v.printer WHERE p.name = ? AND v.place = ?");
+            SQLite::Statement& select = *use;
             BindName(select, 1, printer);
             select.bind(2, place);
             StoredValues values;
@@ -97,9 +131,10 @@ class SqliteStore::Connection : public StoreFile {
     std::optional<StoredValue> Value(std::u16string_view printer, Place place, std::u16string_view name)
     {
         return Read([&](SQLite::Database& database) -> std::optional<StoredValue> {
-            SQLite::Statement select(database,
-                                     "SELECT v.type, v.bytes FROM printer_values v JOIN printers p ON "
-                                     "p.id = v.printer WHERE p.name = ? AND v.place = ? AND v.name = ?");
+            Use use(*this, database,
+                    "SELECT v.type, v.bytes FROM printer_values v JOIN printers p ON "
+                    "p.id = v.printer WHERE p.name = ? AND v.place = ? AND v.name = ?");
+            SQLite::Statement& select = *use;
             BindName(select, 1, printer);
             select.bind(2, place);
             BindName(select, 3, name);
@@ -111,11 +146,12 @@ class SqliteStore::Connection : public StoreFile {
     bool SetValue(std::u16string_view printer, Place place, std::u16string_view name, const StoredValue& value)
     {
         return Write([&](SQLite::Database& database) {
-            SQLite::Statement insert(database,
-                                     "INSERT INTO printer_values (printer, place, name, type, bytes) "
-                                     "SELECT id, ?2, ?3, ?4, ?5 FROM printers WHERE name = ?1 "
-                                     "ON CONFLICT (printer, place, name) DO UPDATE "
-                                     "SET type = excluded.type, bytes = excluded.bytes");
+            Use use(*this, database,
+                    "INSERT INTO printer_values (printer, place, name, type, bytes) "
+                    "SELECT id, ?2, ?3, ?4, ?5 FROM printers WHERE name = ?1 "
+                    "ON CONFLICT (printer, place, name) DO UPDATE "
+                    "SET type = excluded.type, bytes = excluded.bytes");
+            SQLite::Statement& insert = *use;
             BindName(insert, 1, printer);
             insert.bind(2, place);
             BindName(insert, 3, name);
@@ -128,15 +164,20 @@ class SqliteStore::Connection : public StoreFile {
     bool DeleteValue(std::u16string_view printer, Place place, std::u16string_view name)
     {
         return Write([&](SQLite::Database& database) {
-            SQLite::Statement remove(database,
-                                     "DELETE FROM printer_values WHERE name = ?3 AND place = ?2 AND "
-                                     "printer = (SELECT id FROM printers WHERE name = ?1)");
+            Use use(*this, database,
+                    "DELETE FROM printer_values WHERE name = ?3 AND place = ?2 AND "
+                    "printer = (SELECT id FROM printers WHERE name = ?1)");
+            SQLite::Statement& remove = *use;
             BindName(remove, 1, printer);
             remove.bind(2, place);
             BindName(remove, 3, name);
             return remove.exec() != 0;
         });
     }
+
+  private:
+    std::mutex mutex_;
+    std::map<const char*, SQLite::Statement> kept_;
 };
 
 SqliteStore::SqliteStore(const std::filesystem::path& file, int timeoutMs)
@@ -151,7 +192,8 @@ bool SqliteStore::ReadOnly() const { return connection_->ReadOnly(); }
 std::vector<PrinterEntry> SqliteStore::Printers()
 {
     return connection_->Read([this](SQLite::Database& database) {
-        SQLite::Statement select(database, "SELECT name, driver_name, may_change FROM printers");
+        Connection::Use use(*connection_, database, "SELECT name, driver_name, may_change FROM printers");
+        SQLite::Statement& select = *use;
         std::vector<PrinterEntry> entries;
         while (select.executeStep()) {
             entries.push_back(
@@ -166,7 +208,8 @@ std::vector<PrinterEntry> SqliteStore::Printers()
 std::optional<PrinterEntry> SqliteStore::Find(std::u16string_view printer)
 {
     return connection_->Read([&](SQLite::Database& database) -> std::optional<PrinterEntry> {
-        SQLite::Statement select(database, "SELECT driver_name, may_change FROM printers WHERE name = ?");
+        Connection::Use use(*connection_, database, "SELECT driver_name, may_change FROM printers WHERE name = ?");
+        SQLite::Statement& select = *use;
         BindName(select, 1, printer);
         if (!select.executeStep()) return std::nullopt;
         return PrinterEntry{std::u16string(printer), WideColumn(select, 0),
@@ -177,9 +220,10 @@ std::optional<PrinterEntry> SqliteStore::Find(std::u16string_view printer)
 bool SqliteStore::Add(const PrinterEntry& entry)
 {
     return connection_->Write([&](SQLite::Database& database) {
-        SQLite::Statement insert(database,
-                                 "INSERT INTO printers (name, driver_name, may_change, record) "
-                                 "VALUES (?, ?, ?, x'') ON CONFLICT (name) DO NOTHING");
+        Connection::Use use(*connection_, database,
+                            "INSERT INTO printers (name, driver_name, may_change, record) "
+                            "VALUES (?, ?, ?, x'') ON CONFLICT (name) DO NOTHING");
+        SQLite::Statement& insert = *use;
         BindName(insert, 1, entry.name);
         BindName(insert, 2, entry.driverName);
         insert.bind(3, entry.mayChange ? 1 : 0);
@@ -190,7 +234,8 @@ bool SqliteStore::Add(const PrinterEntry& entry)
 bool SqliteStore::Remove(std::u16string_view printer)
 {
     return connection_->Write([&](SQLite::Database& database) {
-        SQLite::Statement remove(database, "DELETE FROM printers WHERE name = ?");
+        Connection::Use use(*connection_, database, "DELETE FROM printers WHERE name = ?");
+        SQLite::Statement& remove = *use;
         BindName(remove, 1, printer);
         return remove.exec() != 0;
     });
@@ -199,7 +244,8 @@ bool SqliteStore::Remove(std::u16string_view printer)
 Bytes SqliteStore::DefaultRecord(std::u16string_view printer)
 {
     return connection_->Read([&](SQLite::Database& database) {
-        SQLite::Statement select(database, "SELECT record FROM printers WHERE name = ?");
+        Connection::Use use(*connection_, database, "SELECT record FROM printers WHERE name = ?");
+        SQLite::Statement& select = *use;
         BindName(select, 1, printer);
         return select.executeStep() ? BytesColumn(select, 0) : Bytes{};
     });
@@ -208,7 +254,8 @@ Bytes SqliteStore::DefaultRecord(std::u16string_view printer)
 bool SqliteStore::SetDefaultRecord(std::u16string_view printer, const Bytes& record)
 {
     return connection_->Write([&](SQLite::Database& database) {
-        SQLite::Statement update(database, "UPDATE printers SET record = ?2 WHERE name = ?1");
+        Connection::Use use(*connection_, database, "UPDATE printers SET record = ?2 WHERE name = ?1");
+        SQLite::Statement& update = *use;
         BindName(update, 1, printer);
         BindBytes(update, 2, record);
         return update.exec() != 0;

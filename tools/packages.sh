@@ -1,13 +1,16 @@
 #!/usr/bin/env bash
-# Installs what is missing of Debian's packages. `packages.sh build` for ./run, `packages.sh all` for ./test.
+# Installs what is missing of Debian's packages. `packages.sh build` for ./run, `packages.sh all` for ./test,
+# `packages.sh bench` for bench/run.
 set -euo pipefail
 
 build=(cmake ninja-build g++ llvm pkg-config qt6-base-dev libsqlitecpp-dev libsqlite3-dev libqpdf-dev libcli11-dev
        nlohmann-json3-dev libgtest-dev libgmock-dev googletest fonts-liberation)
 check=(clang clang-format libclang-rt-dev g++-multilib libbenchmark-dev xvfb xauth xdotool qpdf poppler-utils python3)
+bench=(libcups2-dev)
 
 wanted=("${build[@]}")
-[ "${1:-build}" = all ] && wanted+=("${check[@]}")
+[ "${1:-build}" != build ] && wanted+=("${check[@]}")
+[ "${1:-build}" = bench ] && wanted+=("${bench[@]}")
 
 missing=()
 for package in "${wanted[@]}"; do

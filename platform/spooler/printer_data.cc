@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "platform/kernel/last_error.h"
+#include "platform/seams/environment.h"
 #include "platform/spooler/handles.h"
 #include "platform/spooler/impersonation.h"
 
@@ -9,13 +10,23 @@ namespace platform::spooler {
 
 namespace {
 
+// A value that is there tells that its printer is, and saves the question.
+std::optional<StoredValue> Known(HANDLE printer, const WCHAR* name)
+{
+    const auto store = CurrentEnvironment().printers;
+    const auto opened = Find(printer);
+    return store && opened ? store->Value(opened->name, name) : std::nullopt;
+}
+
 DWORD Read(HANDLE printer, const WCHAR* name, DWORD* type, BYTE* data, DWORD bytes, DWORD* needed)
 {
-    const Stored stored = Look(printer);
-    if (stored.error != ERROR_SUCCESS) return stored.error;
-    if (name == nullptr || needed == nullptr || (data == nullptr && bytes != 0)) return ERROR_INVALID_PARAMETER;
-    const auto value = stored.store->Value(stored.entry.name, name);
-    if (!value) return ERROR_FILE_NOT_FOUND;
+    const bool sound = name != nullptr && needed != nullptr && (data != nullptr || bytes == 0);
+    const auto value = sound ? Known(printer, name) : std::nullopt;
+    if (!value) {
+        const Stored stored = Look(printer);
+        if (stored.error != ERROR_SUCCESS) return stored.error;
+        return sound ? ERROR_FILE_NOT_FOUND : ERROR_INVALID_PARAMETER;
+    }
     if (type != nullptr) *type = value->type;
     *needed = static_cast<DWORD>(value->bytes.size());
     if (bytes < value->bytes.size()) return ERROR_MORE_DATA;
