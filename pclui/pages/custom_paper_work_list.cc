@@ -45,6 +45,13 @@ CustomPaperEntry* WorkListStoreAt(int position, const CustomPaperEntry& entry)
     return stored;
 }
 
+int WorkListCount()
+{
+    int count = 0;
+    for (const CustomPaperNode* node = CustomPaperWorkList.get(); node; node = node->next.get()) ++count;
+    return count;
+}
+
 void WorkListFree()
 {
     // One by one: a long list must not be released by nested destructors.

@@ -18,4 +18,5 @@ bool WorkListAppend(const CustomPaperEntry& entry);  // false without memory
 CustomPaperEntry* WorkListEntryAt(int position);     // null behind the end; below 1 the first
 void WorkListRemoveAt(int position);                 // 0 or less removes the first
 CustomPaperEntry* WorkListStoreAt(int position, const CustomPaperEntry& entry);  // null if there is none
+int WorkListCount();
 void WorkListFree();
