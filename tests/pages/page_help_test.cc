@@ -1,6 +1,8 @@
 // Help on the page and on its controls.
 #include <gtest/gtest.h>
 
+#include <span>
+
 #include "platform/services.h"
 #include "resources/control_numbers.h"
 #include "tests/support/sheet_driver.h"
@@ -38,37 +40,98 @@ constexpr ControlHelp QualityHelp[] = {
     {IDC_PRINTER_TRUETYPE,       1406},
 };
 
+constexpr ControlHelp PaperHelp[] = {
+    {IDC_EASY_SET,             1111},
+    {IDC_DEFAULT,              1111},
+    {IDC_PAPER_FRAME,          1112},
+    {IDC_PAPER_PREVIEW,        1112},
+    {IDC_PAPER_PAGE_LAYOUT,    1112},
+    {IDC_PAPER_PRINTER_FIGURE, 1112},
+    {IDC_DOCUMENT_SIZE_GROUP,  1211},
+    {IDC_DOCUMENT_SIZE,        1211},
+    {IDC_EDIT_CUSTOM,          1211},
+    {IDC_OUTPUT_SIZE_GROUP,    1212},
+    {IDC_FIT_TO_PAPER,         1212},
+    {IDC_OUTPUT_SIZE,          1212},
+    {IDC_SCALING_LABEL,        1212},
+    {IDC_SCALING,              1212},
+    {IDC_SCALING_SPIN,         1212},
+    {IDC_SCALING_PERCENT,      1212},
+    {IDC_SCALING_RANGE,        1212},
+    {IDC_COPIES_GROUP,         1213},
+    {IDC_COPIES,               1213},
+    {IDC_COPIES_SPIN,          1213},
+    {IDC_COPIES_LABEL,         1213},
+    {IDC_COPIES_RANGE,         1213},
+    {IDC_COLLATE_GROUP,        1214},
+    {IDC_COLLATE_ICON,         1214},
+    {IDC_UNCOLLATED,           1214},
+    {IDC_COLLATED,             1214},
+    {IDC_PROOF_PRINT,          1214},
+    {IDC_ORIENTATION_GROUP,    1216},
+    {IDC_ORIENTATION_ICON,     1216},
+    {IDC_PORTRAIT,             1216},
+    {IDC_LANDSCAPE,            1216},
+    {IDC_ROTATED,              1216},
+    {IDC_SHIFT_GROUP,          1217},
+    {IDC_SHIFT_OFF,            1217},
+    {IDC_SHIFT_ON,             1217},
+    {IDC_SHIFT_X,              1217},
+    {IDC_SHIFT_X_SPIN,         1217},
+    {IDC_SHIFT_Y,              1217},
+    {IDC_SHIFT_Y_SPIN,         1217},
+    {IDC_SHIFT_X_LABEL,        1217},
+    {IDC_SHIFT_Y_LABEL,        1217},
+    {IDC_SHIFT_X_RANGE,        1217},
+    {IDC_SHIFT_Y_RANGE,        1217},
+    {IDC_SHIFT_UNIT,           1217},
+};
+
+struct PageHelpRow {
+    const char16_t* title;
+    DWORD context;
+    std::span<const ControlHelp> controls;
+};
+constexpr PageHelpRow PageRows[] = {
+    {u"Paper",   1201, PaperHelp  },
+    {u"Quality", 1301, QualityHelp},
+};
+
 bool IsHelpFile(const std::u16string& file) { return file.ends_with(u"\\3\\4820drv.HLP") && file.size() > 14; }
 
 TEST(PageHelp, TheHelpButtonOpensTheHelpOfThePage)
 {
-    Sheet sheet;
-    sheet.Page(u"Quality").PressHelp();
+    for (const PageHelpRow& page : PageRows) {
+        Sheet sheet;
+        sheet.Page(page.title).PressHelp();
 
-    ASSERT_EQ(sheet.HelpSeenSoFar().size(), 1u);
-    const HelpSeen help = sheet.HelpSeenSoFar()[0];
-    EXPECT_EQ(help.control, 0);
-    EXPECT_EQ(help.command, HELP_CONTEXT);
-    EXPECT_EQ(help.context, 1301u);
-    EXPECT_TRUE(IsHelpFile(help.file));
+        ASSERT_EQ(sheet.HelpSeenSoFar().size(), 1u);
+        const HelpSeen help = sheet.HelpSeenSoFar()[0];
+        EXPECT_EQ(help.control, 0);
+        EXPECT_EQ(help.command, HELP_CONTEXT);
+        EXPECT_EQ(help.context, page.context);
+        EXPECT_TRUE(IsHelpFile(help.file));
+    }
 }
 
 TEST(PageHelp, EveryControlHasItsOwnHelp)
 {
-    Sheet sheet;
-    sheet.Page(u"Quality");
-    for (const ControlHelp& one : QualityHelp) {
-        HELPINFO info{};
-        info.cbSize = sizeof info;
-        info.iContextType = HELPINFO_WINDOW;
-        info.iCtrlId = one.control;
-        info.hItemHandle = sheet.Handle(one.control);
-        EXPECT_EQ(sheet.Send(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)), FALSE);
-        const HelpSeen help = sheet.HelpSeenSoFar().back();
-        EXPECT_EQ(help.control, one.control);
-        EXPECT_EQ(help.command, HELP_WM_HELP);
-        EXPECT_EQ(help.context, one.context) << one.control;
-        EXPECT_TRUE(IsHelpFile(help.file));
+    for (const PageHelpRow& page : PageRows) {
+        Sheet sheet;
+        sheet.Page(page.title);
+        for (const ControlHelp& one : page.controls) {
+            HELPINFO info{};
+            info.cbSize = sizeof info;
+            info.iContextType = HELPINFO_WINDOW;
+            info.iCtrlId = one.control;
+            info.hItemHandle = sheet.Handle(one.control);
+            EXPECT_EQ(sheet.Send(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)), FALSE);
+            const HelpSeen help = sheet.HelpSeenSoFar().back();
+            EXPECT_EQ(help.control, one.control);
+            EXPECT_EQ(help.command, HELP_WM_HELP);
+            EXPECT_EQ(help.context, one.context) << one.control;
+            EXPECT_TRUE(IsHelpFile(help.file));
+        }
     }
 }
 

@@ -32,10 +32,11 @@ inline platform::Bytes DwordBytes(DWORD value)
 }
 
 // Puts bytes into the slot as they are, with a length of their own.
-inline void StorePapers(Machine& machine, const platform::Bytes& bytes, DWORD length)
+inline void StorePapers(Machine& machine, const platform::Bytes& bytes, DWORD length,
+                        const std::u16string& printer = OfficePrinter)
 {
-    machine.store->SetValue(OfficePrinter, u"CustomPaperDataSize", {4, DwordBytes(length)});
-    machine.store->SetValue(OfficePrinter, u"CustomPaperData", {3, bytes});
+    machine.store->SetValue(printer, u"CustomPaperDataSize", {4, DwordBytes(length)});
+    machine.store->SetValue(printer, u"CustomPaperData", {3, bytes});
 }
 
 inline platform::Bytes PaperBytes(const std::vector<CustomPaperEntry>& entries)
@@ -45,10 +46,11 @@ inline platform::Bytes PaperBytes(const std::vector<CustomPaperEntry>& entries)
     return bytes;
 }
 
-inline void StorePapers(Machine& machine, const std::vector<CustomPaperEntry>& entries)
+inline void StorePapers(Machine& machine, const std::vector<CustomPaperEntry>& entries,
+                        const std::u16string& printer = OfficePrinter)
 {
     const platform::Bytes bytes = PaperBytes(entries);
-    StorePapers(machine, bytes, static_cast<DWORD>(bytes.size()));
+    StorePapers(machine, bytes, static_cast<DWORD>(bytes.size()), printer);
 }
 
 }  // namespace testing_support

@@ -1,0 +1,116 @@
+// The document sheet with the Paper page in front, on a record of the test's own, and what the page shows in
+// short lines that can stand in tables.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "pages/paper_fit.h"
+#include "platform/kernel/unicode.h"
+#include "resources/control_numbers.h"
+#include "settings/list_rows.h"
+#include "settings/model_tables.h"
+#include "tests/support/custom_papers.h"
+#include "tests/support/sheet_driver.h"
+
+namespace testing_support {
+
+inline constexpr int UnitedStates = 1;
+inline constexpr int Germany = 49;
+
+// What the Setup page leaves behind before the Paper page is created, in a process that has shown no sheet yet.
+inline void StandInForSetup(const DriverDevMode& record)
+{
+    for (int row = 0; row < SourceRowCount; ++row)
+        SourceRows[row].code = static_cast<int>(BinTable[static_cast<std::size_t>(row)].code);
+    SelectedSource = record.dmDefaultSource;
+    SelectedMedia = record.dmMediaIndex;
+    MediaIndex = SelectedMedia;
+    MediaChanging = SelectedPaperRow = 0;
+    FitOn = 0;
+}
+
+class PaperSheet : public Sheet {
+  public:
+    explicit PaperSheet(const Prepare& prepare = {}, const std::vector<CustomPaperEntry>& papers = {},
+                        int country = UnitedStates, bool mayChange = true)
+        : Sheet(
+              [prepare](DriverDevMode& record) {
+                  if (prepare) prepare(record);
+                  StandInForSetup(record);
+              },
+              [papers, mayChange](TestMachine& machine) {
+                  machine.store->Remove(TestPrinter);
+                  machine.store->Add({TestPrinter, TestPrinter, mayChange});
+                  if (!papers.empty()) StorePapers(machine, papers, TestPrinter);
+              },
+              testing_support::Machine::InCountry(country))
+    {
+        Page(u"Paper");
+    }
+
+    PaperSheet& GoAwayAndComeBack()
+    {
+        Page(ElsewherePage).Page(u"Paper");
+        return *this;
+    }
+    // Another page makes a change, and the user comes back.
+    PaperSheet& ChangeElsewhere(const Prepare& change)
+    {
+        Page(ElsewherePage).Change(change).Page(u"Paper");
+        return *this;
+    }
+    // Runs code on the page, on the sheet's thread.
+    template <class Code>
+    void OnPage(Code code)
+    {
+        Try([&](HWND page) {
+            code(page);
+            return platform::user::Outcome::Done;
+        });
+    }
+
+    // "xFOs 100 | 2 100": Fit to Paper checked (-: not); Fit to Paper, output size and scaling enabled (small
+    // letters: not), the text of the scaling; mode and zoom of the record.
+    std::string Fit()
+    {
+        const DriverDevMode record = Settings();
+        return Mark(IDC_FIT_TO_PAPER) + Letter('F', IDC_FIT_TO_PAPER) + Letter('O', IDC_OUTPUT_SIZE) +
+               Letter('S', IDC_SCALING, IDC_SCALING_SPIN) + " " + Shown(IDC_SCALING) + " | " +
+               std::to_string(record.dmFitToPaper) + " " + std::to_string(record.dmZoom);
+    }
+    // "N 2 Rc Px | 2 1 1": copies enabled and their text; radios enabled, c collated or u uncollated checked; Proof
+    // Print enabled and checked; copies, collation and Proof Print of the record.
+    std::string Copies()
+    {
+        const DriverDevMode record = Settings();
+        const std::string chosen = Checked(IDC_COLLATED) ? "c" : "u";
+        const bool one = Checked(IDC_COLLATED) != Checked(IDC_UNCOLLATED);
+        return Letter('N', IDC_COPIES) + " " + Shown(IDC_COPIES) + " " + Letter('R', IDC_UNCOLLATED, IDC_COLLATED) +
+               (one ? chosen : "?") + " " + Letter('P', IDC_PROOF_PRINT) + Mark(IDC_PROOF_PRINT) + " | " +
+               std::to_string(record.dmCopies) + " " + std::to_string(record.dmCollateMode) + " " +
+               std::to_string(record.dmProofPrint);
+    }
+    // "on XY 5 -7 | 1 5 -7": which radio is checked, both fields with their arrows enabled, their texts; the record.
+    std::string Shift()
+    {
+        const DriverDevMode record = Settings();
+        return std::string(Checked(IDC_SHIFT_ON) ? "on " : "off ") + Letter('X', IDC_SHIFT_X, IDC_SHIFT_X_SPIN) +
+               Letter('Y', IDC_SHIFT_Y, IDC_SHIFT_Y_SPIN) + " " + Shown(IDC_SHIFT_X) + " " + Shown(IDC_SHIFT_Y) +
+               " | " + std::to_string(record.dmImageShiftOn) + " " + std::to_string(record.dmImageShiftX) + " " +
+               std::to_string(record.dmImageShiftY);
+    }
+    std::string Shown(int control) { return platform::ToUtf8(Text(control)); }
+
+  private:
+    std::string Mark(int control) { return Checked(control) ? "x" : "-"; }
+    // "?" if the two controls differ.
+    std::string Letter(char letter, int control, int other = 0)
+    {
+        const bool enabled = Enabled(control);
+        if (other != 0 && Enabled(other) != enabled) return "?";
+        return {enabled ? letter : static_cast<char>(letter - 'A' + 'a')};
+    }
+};
+
+}  // namespace testing_support
