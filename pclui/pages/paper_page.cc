@@ -1,5 +1,7 @@
 #include "pages/paper_page.h"
 
+#include "module.h"
+#include "pages/custom_paper_dialog.h"
 #include "pages/custom_paper_store.h"
 #include "pages/page_framework.h"
 #include "pages/paper_combo.h"
@@ -106,16 +108,37 @@ void StoreSelectedPaper()
     SetOption(PaperOption, PaperChoice);
 }
 
-// The paper at a position of the list becomes the document's; without such a position it stays.
-void TakePaperAtPosition(HWND dialog, int position)
+// The code at a position of the list, else another.
+SHORT CodeAtPosition(HWND dialog, int position, SHORT otherwise)
 {
     const LRESULT code =
         SendDlgItemMessageW(dialog, IDC_DOCUMENT_SIZE, CB_GETITEMDATA, static_cast<WPARAM>(position), 0);
-    if (code == CB_ERR) return;
-    PaperChoice.code = static_cast<SHORT>(code);
+    return code == CB_ERR ? otherwise : static_cast<SHORT>(code);
+}
+
+// The paper at a position of the list becomes the document's.
+void TakePaperAtPosition(HWND dialog, int position)
+{
+    PaperChoice.code = CodeAtPosition(dialog, position, PaperChoice.code);
     GiveBookletThePaper();
     SelectedPaperRow = PaperRowAtPosition(position);
     StoreSelectedPaper();
+}
+
+// The size that was selected in the dialog becomes the document's paper, or that of the country if none was. Custom
+// sizes are for plain paper alone: with another media, one that it comes in takes their place.
+void TakeEditedPaper(HWND dialog, int result)
+{
+    PaperChoice.code = result > 0 ? static_cast<SHORT>(FirstStoredPaperCode - 1 + result)
+                                  : CodeAtPosition(dialog, LocalePaperPosition(), PaperChoice.code);
+    AfterCustomPaperEdit(result);
+    if (SelectedMedia != 0) PaperChoice.code = static_cast<SHORT>(PaperRows[SelectedPaperRow].code);
+    GiveBookletThePaper();
+    StoreSelectedPaper();
+    SourceRule(dialog);
+    RefreshPaperRows();
+    ListFilterMode = FilterBySource;
+    FillPaperCombo(dialog, IDC_DOCUMENT_SIZE);
 }
 
 void InitPaper(HWND dialog)
@@ -189,6 +212,15 @@ void OnDocumentSizePicked(HWND dialog)
     PaperChanged(dialog);
 }
 
+void OnEditCustom(HWND dialog)
+{
+    CustomPaperAccepted = 0;  // also if the dialog can't be shown
+    const INT_PTR result =
+        DialogBoxParamW(ResourceHandle, ResourceName(IDD_CUSTOM_PAPER), dialog, CustomPaper_DlgProc, 0);
+    if (CustomPaperAccepted != 0) TakeEditedPaper(dialog, static_cast<int>(result));
+    PaperChanged(dialog);
+}
+
 void PickOrientation(HWND dialog, int orientation)
 {
     SelectedOrientation = orientation;
@@ -224,6 +256,7 @@ void OnDefault(HWND dialog)
 
 constexpr Command Commands[] = {
     {IDC_DOCUMENT_SIZE,        CBN_SELCHANGE, OnDocumentSizePicked},
+    {IDC_EDIT_CUSTOM,          AnyCode,       OnEditCustom        },
     {IDC_OUTPUT_SIZE,          CBN_SELCHANGE, OnOutputSizePicked  },
     {IDC_FIT_TO_PAPER,         AnyCode,       OnFitToPaper        },
     {IDC_SCALING,              EN_CHANGE,     OnScalingTyped      },
