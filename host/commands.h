@@ -21,5 +21,7 @@ void AddEventCommand(CLI::App& program, Context& context);
 void AddSheetCommand(CLI::App& program, Context& context);
 void AddDeviceSheetCommand(CLI::App& program, Context& context);
 void AddSnapshotsCommand(CLI::App& program, Context& context);
+void AddPrintCommand(CLI::App& program, Context& context);
+void AddDocumentEventCommand(CLI::App& program, Context& context);
 
 }  // namespace host

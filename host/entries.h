@@ -18,6 +18,8 @@ using ConvertDevModeEntry = BOOL(const WCHAR* printer, const DEVMODEW* in, DEVMO
 using QueryPrintEntry = BOOL(DEVQUERYPRINT_INFO* info);
 using UpgradePrinterEntry = BOOL(DWORD level, const DRIVER_UPGRADE_INFO_1W* info);
 using PrinterEventEntry = BOOL(const WCHAR* printer, int event, DWORD flags, LPARAM lParam);
+using DocumentEventEntry = int(HANDLE printer, HDC context, int event, ULONG inputBytes, void* input, ULONG outputBytes,
+                               void* output);
 using PrinterPropertiesEntry = BOOL(HWND window, HANDLE printer);
 
 }  // namespace host

@@ -5,6 +5,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -30,11 +32,6 @@ class Descriptor {
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
     operator int() const { return number_; }
-    int Close()  // 0 or the error number
-    {
-        const int number = std::exchange(number_, -1);
-        return ::close(number) == 0 ? 0 : errno;
-    }
 
   private:
     int number_;
@@ -51,46 +48,49 @@ int WriteAll(int file, std::span<const std::uint8_t> bytes)  // 0 or the error n
     return 0;
 }
 
-[[noreturn]] void FailWriting(const std::string& path, int error)
+// What a signal that ends the program still has to take away; empty: nothing.
+char unfinished[PATH_MAX] = "";
+constexpr int EndingSignals[] = {SIGHUP, SIGINT, SIGTERM};
+
+void RemoveAndEnd(int signal)
 {
-    throw Failure("cannot write " + path + ": " + Why(error));
+    if (unfinished[0]) ::unlink(unfinished);
+    std::signal(signal, SIG_DFL);
+    ::raise(signal);
 }
 
-void WriteStraight(const std::string& path, std::span<const std::uint8_t> bytes)
+// Signals that are ignored stay so.
+void OnEndingSignals(void (*from)(int), void (*to)(int))
 {
-    Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
-    if (file < 0) FailWriting(path, errno);
-    if (const int error = WriteAll(file, bytes)) FailWriting(path, error);
-    if (const int error = file.Close()) FailWriting(path, error);
+    for (const int signal : EndingSignals) {
+        struct sigaction action;
+        if (::sigaction(signal, nullptr, &action) == 0 && action.sa_handler == from) std::signal(signal, to);
+    }
 }
 
-mode_t ModeFor(const struct stat* existing)
+// Holds those signals back while the file and its name are not both there.
+class HeldSignals {
+  public:
+    HeldSignals()
+    {
+        sigset_t held;
+        sigemptyset(&held);
+        for (const int signal : EndingSignals) sigaddset(&held, signal);
+        ::sigprocmask(SIG_BLOCK, &held, &before_);
+    }
+    ~HeldSignals() { ::sigprocmask(SIG_SETMASK, &before_, nullptr); }
+    HeldSignals(const HeldSignals&) = delete;
+    HeldSignals& operator=(const HeldSignals&) = delete;
+
+  private:
+    sigset_t before_;
+};
+
+mode_t ModeOfNewFiles()
 {
-    if (existing) return existing->st_mode & 07777;
     const mode_t mask = ::umask(0);
     ::umask(mask);
     return 0666 & ~mask;
-}
-
-// existing is null when there is no such file yet.
-void WriteBeside(const std::string& path, const struct stat* existing, std::span<const std::uint8_t> bytes)
-{
-    std::error_code ignored;  // a path that can't be resolved is taken as it stands
-    const auto resolved = std::filesystem::canonical(path, ignored);
-    const std::string target = existing && !ignored ? resolved.string() : path;
-    if (existing && ::access(target.c_str(), W_OK) != 0) FailWriting(path, errno);
-
-    std::string temporary = target + ".XXXXXX";
-    Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
-    if (file < 0) FailWriting(path, errno);
-    int error = WriteAll(file, bytes);
-    if (!error && ::fchmod(file, ModeFor(existing)) != 0) error = errno;
-    if (const int closing = file.Close(); !error) error = closing;
-    if (!error && ::rename(temporary.c_str(), target.c_str()) != 0) error = errno;
-    if (error) {
-        ::unlink(temporary.c_str());
-        FailWriting(path, error);
-    }
 }
 
 }  // namespace
@@ -124,14 +124,83 @@ std::string ReadTextFile(const std::string& path, std::size_t limit)
     return {bytes.begin(), bytes.end()};
 }
 
+PendingFile::PendingFile(const std::string& path) : path_(path), target_(path)
+{
+    struct stat status;
+    const bool exists = ::stat(path.c_str(), &status) == 0;
+    if (!exists && errno != ENOENT) Fail(errno);
+    if (exists && !S_ISREG(status.st_mode)) {
+        file_ = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+        if (file_ < 0) Fail(errno);
+        return;
+    }
+    MakeBeside(exists, exists ? status.st_mode & 07777 : ModeOfNewFiles());
+}
+
+void PendingFile::MakeBeside(bool exists, unsigned mode)
+{
+    if (exists) {
+        std::error_code ignored;  // a path that can't be resolved is taken as it stands
+        const auto resolved = std::filesystem::canonical(path_, ignored);
+        if (!ignored) target_ = resolved.string();
+        if (::access(target_.c_str(), W_OK) != 0) Fail(errno);
+    }
+    std::string name = target_ + ".XXXXXX";
+    if (name.size() >= sizeof unfinished) Fail(ENAMETOOLONG);
+    const HeldSignals held;
+    file_ = ::mkostemp(name.data(), O_CLOEXEC);
+    if (file_ < 0) Fail(errno);
+    temporary_ = name;
+    std::memcpy(unfinished, name.c_str(), name.size() + 1);
+    OnEndingSignals(SIG_DFL, RemoveAndEnd);
+    if (::fchmod(file_, mode) != 0) {
+        const int error = errno;
+        Drop();
+        Fail(error);
+    }
+}
+
+PendingFile::~PendingFile() { Drop(); }
+
+void PendingFile::Drop()
+{
+    if (file_ >= 0) ::close(std::exchange(file_, -1));
+    if (temporary_.empty()) return;
+    const HeldSignals held;
+    ::unlink(temporary_.c_str());
+    Forget();
+}
+
+// The file beside is no more.
+void PendingFile::Forget()
+{
+    temporary_.clear();
+    unfinished[0] = '\0';
+    OnEndingSignals(RemoveAndEnd, SIG_DFL);
+}
+
+void PendingFile::Write(std::span<const std::uint8_t> bytes)
+{
+    if (const int error = WriteAll(file_, bytes)) Fail(error);
+}
+
+void PendingFile::Commit()
+{
+    if (::close(std::exchange(file_, -1)) != 0) Fail(errno);
+    if (temporary_.empty()) return;
+    const HeldSignals held;
+    if (::rename(temporary_.c_str(), target_.c_str()) != 0) Fail(errno);
+    Forget();
+}
+
+void PendingFile::Fail(int error) const { throw Failure("cannot write " + path_ + ": " + Why(error)); }
+
 void WriteFile(const std::string& path, std::span<const std::uint8_t> bytes)
 {
     if (path == "-") return PrintBytes(bytes);
-    struct stat status;
-    const bool exists = ::stat(path.c_str(), &status) == 0;
-    if (!exists && errno != ENOENT) FailWriting(path, errno);
-    if (exists && !S_ISREG(status.st_mode)) return WriteStraight(path, bytes);
-    WriteBeside(path, exists ? &status : nullptr, bytes);
+    PendingFile file(path);
+    file.Write(bytes);
+    file.Commit();
 }
 
 }  // namespace host

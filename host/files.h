@@ -18,8 +18,31 @@ std::string InputName(const std::string& path);
 std::vector<std::uint8_t> ReadFile(const std::string& path, std::size_t limit = FileLimit);
 std::string ReadTextFile(const std::string& path, std::size_t limit = FileLimit);
 
-// The file whole or not at all: written beside its place and then moved there. "-" is standard output, and
-// what is no regular file (a pipe, a device) is written straight away.
+// A file that is written whole or not at all: beside its place, and moved there at the end. When it is dropped
+// before that, or a signal ends the program, nothing is left of it. What is no regular file (a pipe, a device)
+// is written straight away. One at a time.
+class PendingFile {
+  public:
+    explicit PendingFile(const std::string& path);  // Failure when there can be no such file
+    ~PendingFile();
+    PendingFile(const PendingFile&) = delete;
+    PendingFile& operator=(const PendingFile&) = delete;
+
+    int Descriptor() const { return file_; }
+    void Write(std::span<const std::uint8_t> bytes);
+    void Commit();
+    [[noreturn]] void Fail(int error) const;  // Failure: the path and why
+
+  private:
+    void MakeBeside(bool exists, unsigned mode);
+    void Drop();
+    void Forget();
+
+    std::string path_, target_, temporary_;  // temporary_ is empty when target_ is written straight away
+    int file_ = -1;
+};
+
+// The file whole or not at all, as above. "-" is standard output.
 void WriteFile(const std::string& path, std::span<const std::uint8_t> bytes);
 
 }  // namespace host

@@ -19,7 +19,7 @@ constexpr AddCommand Commands[] = {
     host::AddPrinterCommand,      host::AddRecordCommand,  host::AddDocumentPropertiesCommand,
     host::AddCapabilitiesCommand, host::AddConvertCommand, host::AddCanPrintCommand,
     host::AddUpgradeCommand,      host::AddEventCommand,   host::AddSheetCommand,
-    host::AddSnapshotsCommand,
+    host::AddSnapshotsCommand,    host::AddPrintCommand,   host::AddDocumentEventCommand,
 };
 
 constexpr char About[] =

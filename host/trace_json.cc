@@ -1,11 +1,5 @@
 #include "host/trace_json.h"
 
-#include <cerrno>
-#include <fstream>
-#include <system_error>
-
-#include "host/errors.h"
-
 namespace host {
 
 namespace {
@@ -58,41 +52,6 @@ Json TraceLine(const platform::TraceCall& call)
     line["args"] = ToJson{}(call.args);
     line["result"] = Value(call.result);
     return line;
-}
-
-struct TraceFile::Output {
-    std::string path;
-    std::ofstream stream;
-    int error = 0;
-};
-
-TraceFile::TraceFile(const std::string& path) : output_(new Output{path, {}, 0})
-{
-    errno = 0;
-    output_->stream.open(path, std::ios::binary | std::ios::trunc);
-    if (!output_->stream) {
-        throw Failure("cannot write the trace " + path + ": " + std::generic_category().message(errno));
-    }
-}
-
-TraceFile::~TraceFile() = default;
-
-void TraceFile::Call(const platform::TraceCall& call)
-{
-    if (output_->error != 0) return;
-    errno = 0;
-    output_->stream << ToLine(TraceLine(call)) << '\n';
-    if (!output_->stream) output_->error = errno ? errno : EIO;
-}
-
-void TraceFile::Check()
-{
-    errno = 0;
-    if (output_->error == 0 && !output_->stream.flush()) output_->error = errno ? errno : EIO;
-    if (output_->error != 0) {
-        throw Failure("cannot write the trace " + output_->path + ": " +
-                      std::generic_category().message(output_->error));
-    }
 }
 
 }  // namespace host

@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <limits>
+#include <type_traits>
 
 #include "platform/seams/surface.h"
 
@@ -70,6 +72,28 @@ bool Opaque(const PixelImage& image)
     return !image.pixels.empty() && std::ranges::all_of(image.pixels, [](auto pixel) { return pixel >> 24 == 0xFF; });
 }
 
+// Plain structures without padding are the same when their bytes are.
+template <class T>
+requires std::has_unique_object_representations_v<T>
+bool Same(const T& a, const T& b) { return std::memcmp(&a, &b, sizeof(T)) == 0; }
+
+template <class T>
+bool Same(const std::optional<T>& a, const std::optional<T>& b)
+{
+    return a && b ? Same(*a, *b) : !a && !b;
+}
+
+bool Same(std::span<const POINT> a, std::span<const POINT> b)
+{
+    return std::ranges::equal(a, b, [](const POINT& p, const POINT& q) { return Same(p, q); });
+}
+
+bool Same(const TextSpec& a, const TextSpec& b)
+{
+    return a.text == b.text && Same(a.font, b.font) && Same(a.origin, b.origin) && a.align == b.align &&
+           a.color == b.color && a.background == b.background && Same(a.clip, b.clip);
+}
+
 template <class... Parts>
 struct Overloaded : Parts... {
     using Parts::operator()...;
@@ -129,13 +153,9 @@ void RecordingSurface::Erase(const RECT& box) { Add(EraseCall{box}, box, Cover::
 
 void RecordingSurface::ReplayOn(Surface& target) const
 {
-    auto same = [](const std::optional<RECT>& a, const std::optional<RECT>& b) {
-        if (!a || !b) return !a && !b;
-        return a->left == b->left && a->top == b->top && a->right == b->right && a->bottom == b->bottom;
-    };
     std::optional<RECT> clip;
     auto clipTo = [&](const std::optional<RECT>& wanted) {
-        if (!same(clip, wanted)) target.SetClip(clip = wanted);
+        if (!platform::Same(clip, wanted)) target.SetClip(clip = wanted);
     };
     for (const Entry& entry : entries_) {
         clipTo(entry.clip);
@@ -152,6 +172,31 @@ void RecordingSurface::ReplayOn(Surface& target) const
                    entry.call);
     }
     clipTo(clip_);
+}
+
+bool RecordingSurface::Same(const RecordingSurface& other) const
+{
+    const Overloaded sameCall{
+        [](const LineCall& a, const LineCall& b) { return platform::Same(a, b); },
+        [](const RectangleCall& a, const RectangleCall& b) {
+            return a.pen == b.pen && a.brush == b.brush && platform::Same(a.box, b.box);
+        },
+        [](const PolygonCall& a, const PolygonCall& b) {
+            return a.pen == b.pen && a.brush == b.brush && platform::Same(std::span(a.points), std::span(b.points));
+        },
+        [](const ArcCall& a, const ArcCall& b) { return platform::Same(a, b); },
+        [](const FillCall& a, const FillCall& b) { return platform::Same(a, b); },
+        [](const TextCall& a, const TextCall& b) { return platform::Same(a.text, b.text); },
+        [](const ImageCall& a, const ImageCall& b) {
+            return platform::Same(a.target, b.target) && a.image.width == b.image.width &&
+                   a.image.height == b.image.height && a.image.pixels == b.image.pixels;
+        },
+        [](const EraseCall& a, const EraseCall& b) { return platform::Same(a, b); },
+        [](const auto&, const auto&) { return false; },
+    };
+    return std::ranges::equal(entries_, other.entries_, [&](const Entry& a, const Entry& b) {
+        return platform::Same(a.clip, b.clip) && std::visit(sameCall, a.call, b.call);
+    });
 }
 
 }  // namespace platform

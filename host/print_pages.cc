@@ -1,0 +1,298 @@
+#include "host/print_pages.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <qpdf/QPDFAcroFormDocumentHelper.hh>
+#include <qpdf/QPDFExc.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
+#include <qpdf/QPDFPageObjectHelper.hh>
+#include <qpdf/QPDFWriter.hh>
+#include <qpdf/QUtil.hh>
+#include <system_error>
+
+#include "host/errors.h"
+#include "host/files.h"
+
+namespace host {
+
+namespace {
+
+constexpr std::size_t InputLimit = std::size_t{1} << 30;  // bytes, of standard input
+constexpr double LargestSide = 1e6;
+
+using Box = QPDFObjectHandle::Rectangle;
+
+// What a damaged or a foreign file says of itself is not always short.
+std::string Brief(std::string text)
+{
+    constexpr std::size_t Most = 300;
+    if (text.size() > Most) text = text.substr(0, Most) + "...";
+    return text;
+}
+
+QPDFObjectHandle Name(const char* name) { return QPDFObjectHandle::newName(name); }
+
+Box Normal(const Box& box)
+{
+    return {std::min(box.llx, box.urx), std::min(box.lly, box.ury), std::max(box.llx, box.urx),
+            std::max(box.lly, box.ury)};
+}
+
+// What shows of a page: its crop box as far as the page goes.
+Box VisibleBox(QPDFPageObjectHelper page, std::size_t number)
+{
+    const auto fail = [number](const char* why) {
+        throw std::runtime_error("page " + std::to_string(number + 1) + " " + why);
+    };
+    QPDFObjectHandle media = page.getMediaBox(), crop = page.getCropBox();
+    if (!media.isRectangle()) fail("has no size");
+    Box box = Normal(media.getArrayAsRectangle());
+    if (crop.isRectangle()) {
+        const Box cut = Normal(crop.getArrayAsRectangle());
+        const Box both{std::max(box.llx, cut.llx), std::max(box.lly, cut.lly), std::min(box.urx, cut.urx),
+                       std::min(box.ury, cut.ury)};
+        if (both.llx < both.urx && both.lly < both.ury) box = both;
+    }
+    const auto possible = [](double side) { return side > 0 && side < LargestSide; };
+    if (!possible(box.urx - box.llx) || !possible(box.ury - box.lly)) fail("has no possible size");
+    return box;
+}
+
+int QuarterTurns(QPDFObjectHandle page)  // clockwise, 0 to 3
+{
+    QPDFObjectHandle turn = page.getKey("/Rotate");
+    return turn.isInteger() ? static_cast<int>((turn.getIntValue() / 90 % 4 + 4) % 4) : 0;
+}
+
+double UserUnit(QPDFObjectHandle page)
+{
+    QPDFObjectHandle unit = page.getKey("/UserUnit");
+    const double value = unit.isNumber() ? unit.getNumericValue() : 1;
+    return value > 0 && value < LargestSide ? value : 1;
+}
+
+std::string Placed(const std::array<double, 6>& matrix, const char* object)
+{
+    std::string operators = "q ";
+    for (const double number : matrix) operators += QUtil::double_to_string(number, 6) + " ";
+    return operators + "cm " + object + " Do Q\n";
+}
+
+// From the box of a page, turned as the page is, to the middle of the sheet.
+std::array<double, 6> ToSheet(const Box& box, int turns, double unit, const PaperSheet& sheet)
+{
+    double width = (box.urx - box.llx) * unit, height = (box.ury - box.lly) * unit;
+    if (turns % 2 == 1) std::swap(width, height);
+    const double scale =
+        unit * std::min({1.0, (sheet.width - 2 * sheet.margin) / width, (sheet.height - 2 * sheet.margin) / height});
+    constexpr int Cosines[] = {1, 0, -1, 0}, Sines[] = {0, 1, 0, -1};  // clockwise
+    const double cosine = Cosines[turns] * scale, sine = Sines[turns] * scale;
+    const double x = (box.llx + box.urx) / 2, y = (box.lly + box.ury) / 2;
+    return {cosine,
+            -sine,
+            sine,
+            cosine,
+            sheet.width / 2 - (cosine * x + sine * y),
+            sheet.height / 2 - (cosine * y - sine * x)};
+}
+
+}  // namespace
+
+// What libqpdf throws names the input.
+template <class Work>
+auto PrintedPages::Guarded(Work work)
+{
+    const std::string subject = input_.empty() ? "the printed pages" : input_;
+    try {
+        return work();
+    } catch (const Failure&) {
+        throw;
+    } catch (const QPDFExc& error) {
+        if (error.getErrorCode() == qpdf_e_password) {
+            throw Failure("cannot print " + subject + ": it is encrypted and opens with a password only");
+        }
+        const std::string where = error.getObject().empty() ? "" : " (" + error.getObject() + ")";
+        throw Failure("cannot print " + subject + ": it is damaged: " + Brief(error.getMessageDetail() + where));
+    } catch (const std::exception& error) {
+        throw Failure("cannot print " + subject + ": " + Brief(error.what()));
+    }
+}
+
+PrintedPages::PrintedPages(const std::string& input) : input_(InputName(input))
+{
+    document_.setSuppressWarnings(true);
+    document_.setAttemptRecovery(false);
+    if (input == "-") {
+        const auto bytes = ReadFile(input, InputLimit);
+        bytes_.assign(bytes.begin(), bytes.end());
+        if (bytes_.empty()) throw Failure("cannot print " + input_ + ": it is empty");
+    } else {
+        std::error_code error;
+        const auto size = std::filesystem::file_size(input, error);
+        if (error) throw Failure("cannot read " + input_ + ": " + error.message());
+        if (size == 0) throw Failure("cannot print " + input_ + ": it is empty");
+    }
+    Guarded([&] {
+        if (input == "-") {
+            document_.processMemoryFile(input_.c_str(), bytes_.data(), bytes_.size());
+        } else {
+            document_.processFile(input.c_str());
+        }
+        Open();
+    });
+}
+
+PrintedPages::PrintedPages(int emptyPages)
+{
+    document_.emptyPDF();
+    for (int i = 0; i < emptyPages; ++i) {
+        QPDFObjectHandle page = QPDFObjectHandle::newDictionary();
+        page.replaceKey("/Type", Name("/Page"));
+        document_.addPage(document_.makeIndirectObject(page), false);
+    }
+    pages_ = document_.getAllPages();
+}
+
+// What shows when the input is printed goes into its pages; all else of the document (outlines, scripts, attached
+// files) is no matter of a print.
+void PrintedPages::Open()
+{
+    if (!document_.allowPrintLowRes()) throw std::runtime_error("it is protected: its owner lets nobody print it");
+    QPDFPageDocumentHelper pages(document_);
+    pages.pushInheritedAttributesToPage();
+    if (document_.getAllPages().empty()) throw std::runtime_error("it has no pages");
+    CheckWhole();
+    QPDFAcroFormDocumentHelper(document_).generateAppearancesIfNeeded();
+    pages.flattenAnnotations(an_print, an_invisible | an_hidden | an_no_view);
+    for (const QPDFExc& remark : document_.getWarnings()) remarks_.push_back(input_ + ": " + remark.getMessageDetail());
+    pages_ = document_.getAllPages();
+
+    QPDFObjectHandle root = document_.getRoot();
+    for (const std::string& key : root.getKeys()) {
+        if (key != "/Type" && key != "/Pages" && key != "/OCProperties" && key != "/Version") root.removeKey(key);
+    }
+    QPDFObjectHandle trailer = document_.getTrailer();
+    trailer.removeKey("/Info");
+}
+
+void PrintedPages::CheckWhole()
+{
+    const auto warnings = document_.getWarnings();
+    if (!warnings.empty()) throw warnings.front();
+}
+
+// The page's contents as a form, or null for a page without any. One stream is taken over raw; several have to be
+// joined, since what they say may be cut anywhere.
+QPDFObjectHandle PrintedPages::ContentsOf(QPDFObjectHandle page)
+{
+    QPDFObjectHandle contents = page.getKey("/Contents");
+    if (contents.isArray() && contents.getArrayNItems() == 1) contents = contents.getArrayItem(0);
+    if (contents.isStream()) return contents.copyStream();
+    if (!contents.isArray() || contents.getArrayNItems() == 0) return QPDFObjectHandle::newNull();
+    QPDFPageObjectHelper(page).coalesceContentStreams();
+    return page.getKey("/Contents");
+}
+
+QPDFObjectHandle PrintedPages::ContentStream(const std::string& operators)
+{
+    const auto known = contentStreams_.find(operators);
+    if (known != contentStreams_.end()) return known->second;
+    return contentStreams_[operators] = document_.newStream(operators);
+}
+
+std::size_t PrintedPages::AddStamp(const std::string& pdf, const PaperSheet& sheet)
+{
+    // The document whose objects are copied is read when the copy is written.
+    auto& stamp = stampDocuments_.emplace_back(std::make_unique<QPDF>());
+    stamp->processMemoryFile("stamp", pdf.data(), pdf.size());
+    QPDFObjectHandle page = stamp->getAllPages().at(0);
+    const Box box = QPDFPageObjectHelper(page).getMediaBox().getArrayAsRectangle();
+    QPDFObjectHandle form = document_.copyForeignObject(QPDFPageObjectHelper(page).getFormXObjectForPage(false));
+    const double width = sheet.width - 2 * sheet.margin, height = sheet.height - 2 * sheet.margin;
+    form.getDict().replaceKey(
+        "/BBox", QPDFObjectHandle::newFromRectangle({box.llx, box.ury - height, box.llx + width, box.ury}));
+    form.getDict().replaceKey(
+        "/Matrix", QPDFObjectHandle::newFromMatrix(
+                       QPDFMatrix(1, 0, 0, 1, sheet.margin - box.llx, sheet.height - sheet.margin - box.ury)));
+    stamps_.push_back(form);
+    return stamps_.size() - 1;
+}
+
+void PrintedPages::Lay(std::size_t number, const PaperSheet& sheet, std::size_t stamp)
+{
+    Guarded([&] {
+        QPDFObjectHandle page = pages_.at(number);
+        QPDFObjectHandle objects = QPDFObjectHandle::newDictionary();
+        std::string operators;
+        if (!input_.empty()) {
+            if (QPDFObjectHandle form = ContentsOf(page); form.isStream()) {
+                const Box box = VisibleBox(QPDFPageObjectHelper(page), number);
+                QPDFObjectHandle dictionary = form.getDict();
+                dictionary.replaceKey("/Type", Name("/XObject"));
+                dictionary.replaceKey("/Subtype", Name("/Form"));
+                dictionary.replaceKey("/BBox", QPDFObjectHandle::newFromRectangle(box));
+                dictionary.removeKey("/Matrix");
+                QPDFObjectHandle resources = page.getKey("/Resources");
+                dictionary.replaceKey("/Resources",
+                                      resources.isDictionary() ? resources : QPDFObjectHandle::newDictionary());
+                if (page.hasKey("/Group")) dictionary.replaceKey("/Group", page.getKey("/Group"));
+                objects.replaceKey("/Page", form);
+                operators += Placed(ToSheet(box, QuarterTurns(page), UserUnit(page), sheet), "/Page");
+            }
+        }
+        if (stamp != NoStamp) {
+            objects.replaceKey("/Stamp", stamps_.at(stamp));
+            operators += "q /Stamp Do Q\n";
+        }
+        for (const std::string& key : page.getKeys()) {
+            if (key != "/Type" && key != "/Parent") page.removeKey(key);
+        }
+        page.replaceKey("/MediaBox", QPDFObjectHandle::newFromRectangle({0, 0, sheet.width, sheet.height}));
+        QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
+        if (!operators.empty()) {
+            resources.replaceKey("/XObject", objects);
+            page.replaceKey("/Contents", ContentStream(operators));
+        }
+        page.replaceKey("/Resources", resources);
+    });
+}
+
+namespace {
+
+void SetUp(QPDFWriter& writer) { writer.setMinimumPDFVersion("1.4"); }
+
+}  // namespace
+
+void PrintedPages::Write(PendingFile& file, const std::function<void(int)>& progress)
+{
+    std::unique_ptr<FILE, int (*)(FILE*)> stream(::fdopen(::dup(file.Descriptor()), "wb"), &::fclose);
+    if (!stream) file.Fail(errno);
+    Guarded([&] {
+        QPDFWriter writer(document_);
+        writer.setOutputFile("output", stream.get(), false);
+        SetUp(writer);
+        if (progress) writer.registerProgressReporter(std::make_shared<QPDFWriter::FunctionProgressReporter>(progress));
+        writer.write();
+        CheckWhole();
+    });
+    if (std::fflush(stream.get()) != 0) file.Fail(errno);
+}
+
+std::string PrintedPages::WriteToMemory()
+{
+    return Guarded([&] {
+        QPDFWriter writer(document_);
+        writer.setOutputMemory();
+        SetUp(writer);
+        writer.write();
+        CheckWhole();
+        const auto buffer = writer.getBufferSharedPointer();
+        return std::string(reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize());
+    });
+}
+
+}  // namespace host
