@@ -15,6 +15,7 @@ QByteArray PdfPicture(const platform::RecordingSurface& drawing, int width, int 
     EnsureApplication();
     QByteArray bytes;
     QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
     writer.setResolution(dotsPerInch);
     // Qt rounds a page to whole points, which would move the origin.

@@ -75,6 +75,19 @@ double UserUnit(QPDFObjectHandle page)
     return value > 0 && value < LargestSide ? value : 1;
 }
 
+// Makes a form of the stream that holds a page's contents.
+void MakeForm(QPDFObjectHandle stream, QPDFObjectHandle page, const Box& box)
+{
+    QPDFObjectHandle form = stream.getDict();
+    form.replaceKey("/Type", Name("/XObject"));
+    form.replaceKey("/Subtype", Name("/Form"));
+    form.replaceKey("/BBox", QPDFObjectHandle::newFromRectangle(box));
+    form.removeKey("/Matrix");
+    QPDFObjectHandle resources = page.getKey("/Resources");
+    form.replaceKey("/Resources", resources.isDictionary() ? resources : QPDFObjectHandle::newDictionary());
+    if (page.hasKey("/Group")) form.replaceKey("/Group", page.getKey("/Group"));
+}
+
 std::string Placed(const std::array<double, 6>& matrix, const char* object)
 {
     std::string operators = "q ";
@@ -206,19 +219,21 @@ QPDFObjectHandle PrintedPages::ContentStream(const std::string& operators)
 
 std::size_t PrintedPages::AddStamp(const std::string& pdf, const PaperSheet& sheet)
 {
-    // The document whose objects are copied is read when the copy is written.
-    auto& stamp = stampDocuments_.emplace_back(std::make_unique<QPDF>());
-    stamp->processMemoryFile("stamp", pdf.data(), pdf.size());
-    QPDFObjectHandle page = stamp->getAllPages().at(0);
+    QPDF stamp;
+    stamp.setSuppressWarnings(true);
+    stamp.setImmediateCopyFrom(true);
+    stamp.processMemoryFile("stamp", pdf.data(), pdf.size());
+    QPDFPageDocumentHelper(stamp).pushInheritedAttributesToPage();
+    QPDFObjectHandle page = stamp.getAllPages().at(0);
     const Box box = QPDFPageObjectHelper(page).getMediaBox().getArrayAsRectangle();
-    QPDFObjectHandle form = document_.copyForeignObject(QPDFPageObjectHelper(page).getFormXObjectForPage(false));
+    QPDFObjectHandle form = page.getKey("/Contents");
+    if (!form.isStream()) throw Failure("cannot draw the stamp: its page is not one stream");
     const double width = sheet.width - 2 * sheet.margin, height = sheet.height - 2 * sheet.margin;
-    form.getDict().replaceKey(
-        "/BBox", QPDFObjectHandle::newFromRectangle({box.llx, box.ury - height, box.llx + width, box.ury}));
+    MakeForm(form, page, {box.llx, box.ury - height, box.llx + width, box.ury});
     form.getDict().replaceKey(
         "/Matrix", QPDFObjectHandle::newFromMatrix(
                        QPDFMatrix(1, 0, 0, 1, sheet.margin - box.llx, sheet.height - sheet.margin - box.ury)));
-    stamps_.push_back(form);
+    stamps_.push_back(document_.copyForeignObject(form));
     return stamps_.size() - 1;
 }
 
@@ -231,15 +246,7 @@ void PrintedPages::Lay(std::size_t number, const PaperSheet& sheet, std::size_t 
         if (!input_.empty()) {
             if (QPDFObjectHandle form = ContentsOf(page); form.isStream()) {
                 const Box box = VisibleBox(QPDFPageObjectHelper(page), number);
-                QPDFObjectHandle dictionary = form.getDict();
-                dictionary.replaceKey("/Type", Name("/XObject"));
-                dictionary.replaceKey("/Subtype", Name("/Form"));
-                dictionary.replaceKey("/BBox", QPDFObjectHandle::newFromRectangle(box));
-                dictionary.removeKey("/Matrix");
-                QPDFObjectHandle resources = page.getKey("/Resources");
-                dictionary.replaceKey("/Resources",
-                                      resources.isDictionary() ? resources : QPDFObjectHandle::newDictionary());
-                if (page.hasKey("/Group")) dictionary.replaceKey("/Group", page.getKey("/Group"));
+                MakeForm(form, page, box);
                 objects.replaceKey("/Page", form);
                 operators += Placed(ToSheet(box, QuarterTurns(page), UserUnit(page), sheet), "/Page");
             }

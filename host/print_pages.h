@@ -46,7 +46,6 @@ class PrintedPages {
     template <class Work>
     auto Guarded(Work work);
     void Open();
-    void OpenCatalog();
     void CheckWhole();
     QPDFObjectHandle ContentsOf(QPDFObjectHandle page);
     QPDFObjectHandle ContentStream(const std::string& operators);
@@ -55,7 +54,6 @@ class PrintedPages {
     std::string bytes_;  // of standard input
     QPDF document_;
     std::vector<QPDFObjectHandle> pages_;
-    std::vector<std::unique_ptr<QPDF>> stampDocuments_;
     std::vector<QPDFObjectHandle> stamps_;
     std::map<std::string, QPDFObjectHandle> contentStreams_;  // pages that are laid alike share theirs
     std::vector<std::string> remarks_;
