@@ -4,6 +4,7 @@
 #include <QFontMetricsF>
 #include <array>
 #include <cmath>
+#include <map>
 
 #include "qt_runtime.h"
 #include "qt_surface.h"
@@ -77,8 +78,26 @@ class QtFonts : public platform::FontService {
 
     std::vector<platform::FontDescription> Styles(std::u16string_view face) override
     {
+        const auto known = styles_.find(face);
+        if (known != styles_.end()) return known->second;
+        if (styles_.size() >= MostKept) styles_.clear();
+        return styles_[std::u16string(face)] = FindStyles(ToQString(face));
+    }
+
+    SIZE Extent(const LOGFONTW& font, std::u16string_view text) override
+    {
+        std::u16string key(reinterpret_cast<const char16_t*>(&font), sizeof font / sizeof(char16_t));
+        key += text;
+        const auto known = extents_.find(key);
+        if (known != extents_.end()) return known->second;
+        if (extents_.size() >= MostKept) extents_.clear();
+        return extents_[std::move(key)] = Measure(font, text);
+    }
+
+  private:
+    static std::vector<platform::FontDescription> FindStyles(const QString& name)
+    {
         EnsureApplication();
-        const QString name = ToQString(face);
         const QString family = FamilyFor(name);
         std::vector<platform::FontDescription> styles;
         if (!QFontDatabase::hasFamily(family)) return styles;
@@ -91,12 +110,17 @@ class QtFonts : public platform::FontService {
         return styles;
     }
 
-    SIZE Extent(const LOGFONTW& font, std::u16string_view text) override
+    static SIZE Measure(const LOGFONTW& font, std::u16string_view text)
     {
         EnsureApplication();
         const QFontMetricsF metrics(ToQFont(font));
         return {LONG(std::lround(metrics.horizontalAdvance(ToQString(text)))), LONG(std::lround(metrics.height()))};
     }
+
+    // A job asks the same for each of its pages, and finding a font takes longer than printing a page.
+    static constexpr std::size_t MostKept = 256;
+    std::map<std::u16string, std::vector<platform::FontDescription>, std::less<>> styles_;
+    std::map<std::u16string, SIZE> extents_;
 };
 
 }  // namespace
