@@ -91,7 +91,7 @@ void MakeForm(QPDFObjectHandle stream, QPDFObjectHandle page, const Box& box)
 std::string Placed(const std::array<double, 6>& matrix, const char* object)
 {
     std::string operators = "q ";
-    for (const double number : matrix) operators += QUtil::double_to_string(number, 6) + " ";
+    for (const double number : matrix) operators += QUtil::double_to_string(number + 0.0, 6) + " ";
     return operators + "cm " + object + " Do Q\n";
 }
 

@@ -1,0 +1,92 @@
+#include "tests/program/pdf.h"
+
+#include <cstdio>
+#include <qpdf/QPDFWriter.hh>
+
+namespace {
+
+std::string Written(QPDF& pdf, void (*setUp)(QPDFWriter&, const std::string&, bool), const std::string& password,
+                    bool mayPrint)
+{
+    QPDFWriter writer(pdf);
+    writer.setOutputMemory();
+    setUp(writer, password, mayPrint);
+    writer.write();
+    const auto buffer = writer.getBufferSharedPointer();
+    return {reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize()};
+}
+
+void AddNote(QPDF& pdf, QPDFObjectHandle page, int flags)
+{
+    QPDFObjectHandle look = pdf.newStream("BT /F1 12 Tf 9 9 Td (Note) Tj ET");
+    look.getDict().replaceKey("/Subtype", QPDFObjectHandle::newName("/Form"));
+    look.getDict().replaceKey("/BBox", QPDFObjectHandle::parse("[0 0 99 99]"));
+    look.getDict().replaceKey("/Resources", page.getKey("/Resources"));
+    QPDFObjectHandle note = QPDFObjectHandle::parse("<< /Subtype /Stamp /Rect [0 0 99 99] /AP << >> >>");
+    note.replaceKey("/F", QPDFObjectHandle::newInteger(flags));
+    note.getKey("/AP").replaceKey("/N", look);
+    page.replaceKey("/Annots", QPDFObjectHandle::newArray({pdf.makeIndirectObject(note)}));
+}
+
+}  // namespace
+
+std::string MakePdf(const std::vector<PdfPage>& pages)
+{
+    QPDF pdf;
+    pdf.emptyPDF();
+    for (const PdfPage& row : pages) {
+        QPDFObjectHandle page = QPDFObjectHandle::parse(
+            "<< /Type /Page /Resources << /Font << /F1 << /Type /Font /Subtype /Type1 /BaseFont /Helvetica >> >> >> "
+            "/MediaBox [" +
+            row.box + "] " + row.more + " >>");
+        std::vector<QPDFObjectHandle> streams;
+        for (const std::string& content : row.contents) streams.push_back(pdf.newStream(content));
+        page.replaceKey("/Contents", streams.size() == 1 ? streams[0] : QPDFObjectHandle::newArray(streams));
+        if (row.noteFlags >= 0) AddNote(pdf, page, row.noteFlags);
+        pdf.addPage(pdf.makeIndirectObject(page), false);
+    }
+    return Written(
+        pdf, [](QPDFWriter& writer, const std::string&, bool) { writer.setStaticID(true); }, "", true);
+}
+
+std::string Encrypted(const std::string& bytes, const std::string& password, bool mayPrint)
+{
+    QPDF pdf;
+    pdf.processMemoryFile("plain", bytes.data(), bytes.size());
+    return Written(
+        pdf,
+        [](QPDFWriter& writer, const std::string& user, bool print) {
+            writer.setR6EncryptionParameters(user.c_str(), "owner", true, true, true, true, true, true,
+                                             print ? qpdf_r3p_full : qpdf_r3p_none, true);
+        },
+        password, mayPrint);
+}
+
+Pdf::Pdf(const std::string& bytes) : bytes_(bytes)
+{
+    pdf_.setAttemptRecovery(false);
+    pdf_.processMemoryFile("output", bytes_.data(), bytes_.size());
+    pages_ = pdf_.getAllPages();
+}
+
+std::string Pdf::Contents(std::size_t page)
+{
+    QPDFObjectHandle contents = pages_.at(page).getKey("/Contents");
+    if (!contents.isStream()) return "";
+    const auto buffer = contents.getStreamData();
+    return {reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize()};
+}
+
+QPDFObjectHandle Pdf::Object(std::size_t page, const std::string& name)
+{
+    return pages_.at(page).getKey("/Resources").getKeyIfDict("/XObject").getKeyIfDict(name);
+}
+
+std::string OutputOf(const std::string& command)
+{
+    std::string output;
+    FILE* pipe = ::popen((command + " 2>&1").c_str(), "r");
+    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) output += static_cast<char>(c);
+    ::pclose(pipe);
+    return output;
+}

@@ -1,0 +1,387 @@
+// qd480 print
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "tests/program/pdf.h"
+#include "tests/program/program.h"
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+constexpr char Printer[] = "Ordana Quillet 4820E";
+
+Result Print(const Program& run, std::vector<std::string> more)
+{
+    std::vector<std::string> words = {"print",      Printer,         "-o",         "out.pdf",
+                                      "--platform", "country=1",     "--platform", "user=anna",
+                                      "--platform", "language=0409", "--platform", "time=2005-12-31T17:45:00"};
+    words.insert(words.end(), more.begin(), more.end());
+    return run(words);
+}
+
+// The default record with these fields changed, as the file r.
+void PutRecord(const Program& run, const std::vector<std::string>& fields)
+{
+    run({"document-properties", Printer, "--mode", "2", "-o", "r", "--platform", "country=1"});
+    std::vector<std::string> words = {"record", "set", "r"};
+    words.insert(words.end(), fields.begin(), fields.end());
+    words.insert(words.end(), {"-o", "r"});
+    ASSERT_EQ(run(words), Done());
+}
+
+const std::vector<std::string> Watermark = {"dmWatermarkOn=1", "dmWatermark.wmText=DRAFT",
+                                            "dmWatermark.wmFaceName=Arial", "dmWatermark.wmSize=72"};
+
+std::vector<std::string> And(std::vector<std::string> fields, std::vector<std::string> more)
+{
+    fields.insert(fields.end(), more.begin(), more.end());
+    return fields;
+}
+
+std::vector<std::string> Names(const Program& run)
+{
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(run.Path(""))) {
+        const std::string name = entry.path().filename().string();
+        if (name.starts_with("out")) names.push_back(name);
+    }
+    return names;
+}
+
+struct LayRow {
+    PdfPage page;
+    const char* contents;
+};
+
+class Lay : public testing::TestWithParam<LayRow> {};
+
+TEST_P(Lay, CentresThePageInWhatThePrinterReaches)
+{
+    Program run;
+    run.Put("in.pdf", MakePdf({GetParam().page}));
+    ASSERT_EQ(Print(run, {"in.pdf"}), Done());
+    Pdf out(run.Contents("out.pdf"));
+    EXPECT_EQ(out.Box(0), "[ 0 0 612 792 ]");
+    EXPECT_EQ(out.Contents(0), GetParam().contents);
+}
+
+INSTANTIATE_TEST_SUITE_P(Program, Lay,
+                         testing::Values(
+                             LayRow{
+                                 {"0 0 200 300"},
+                                 "q 1 0 0 1 206 246 cm /Page Do Q\n"
+},
+                             LayRow{{"0 0 612 792"}, "q 0.960784 0 0 0.960784 12 15.529412 cm /Page Do Q\n"},
+                             LayRow{{"300 -100 0 -50"}, "q 1 0 0 1 156 471 cm /Page Do Q\n"},
+                             LayRow{{"0 0 1176 100"}, "q 0.5 0 0 0.5 12 371 cm /Page Do Q\n"},
+                             LayRow{{"0 0 300 100", "/Rotate 90"}, "q 0 -1 1 0 256 546 cm /Page Do Q\n"},
+                             LayRow{{"0 0 300 100", "/Rotate 180"}, "q -1 0 0 -1 456 446 cm /Page Do Q\n"},
+                             LayRow{{"0 0 300 100", "/Rotate -90"}, "q 0 1 -1 0 356 246 cm /Page Do Q\n"},
+                             LayRow{{"0 0 100 1176", "/Rotate 450"}, "q 0 -0.5 0.5 0 12 421 cm /Page Do Q\n"},
+                             LayRow{{"0 0 612 792", "/CropBox [100 200 700 400]"}, "q 1 0 0 1 -50 96 cm /Page Do Q\n"},
+                             LayRow{{"0 0 100 100", "/UserUnit 2"}, "q 2 0 0 2 206 296 cm /Page Do Q\n"},
+                             LayRow{{"0 0 100 100", "", {}}, ""}));
+
+TEST(Print, ShowsOfAPageWhatItsCropBoxShows)
+{
+    Program run;
+    run.Put("in.pdf", MakePdf({
+                          {"0 0 612 792", "/CropBox [100 200 400 900]"}
+    }));
+    Print(run, {"in.pdf"});
+    EXPECT_EQ(Pdf(run.Contents("out.pdf")).Object(0, "/Page").getDict().getKey("/BBox").unparse(),
+              "[ 100 200 400 792 ]");
+}
+
+TEST(Print, JoinsContentsThatAreCutAnywhere)
+{
+    Program run;
+    run.Put("in.pdf", MakePdf({
+                          {"0 0 612 792", "", {"BT /F1 12 Tf 72", "72 Td (Joined) Tj", "ET"}}
+    }));
+    EXPECT_EQ(Print(run, {"in.pdf"}), Done());
+    EXPECT_THAT(OutputOf("pdftotext " + run.Path("out.pdf").string() + " -"), HasSubstr("Joined"));
+}
+
+struct PaperRow {
+    std::vector<std::string> fields;
+    const char* box;
+};
+
+class Paper : public testing::TestWithParam<PaperRow> {};
+
+TEST_P(Paper, IsTheRecords)
+{
+    Program run;
+    // 100 x 200 mm under 257 and 300, then 8 8/16 x 5 inches under 300: of two with the same code the last one.
+    const std::string millimetres = "D007E803" + std::string(100, '0'),
+                      inches = "F4012003000008000100" + std::string(88, '0');
+    run({"printer", "data", Printer, "CustomPaperDataSize", "--dword", "168"});
+    run({"printer", "data", Printer, "CustomPaperData", "--hex",
+         "0101" + millimetres + "2C01" + millimetres + "2C01" + inches});
+    PutRecord(run, GetParam().fields);
+    ASSERT_EQ(Print(run, {"--record", "r"}), Done());
+    EXPECT_EQ(Pdf(run.Contents("out.pdf")).Box(0), GetParam().box);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Program, Paper,
+    testing::Values(
+        PaperRow{
+            {"dmPaperSize=1"},
+            "[ 0 0 612 792 ]"
+},
+        PaperRow{{"dmPaperSize=9"}, "[ 0 0 595.2 841.68 ]"},
+        PaperRow{{"dmPaperSize=9", "dmOrientation=2"}, "[ 0 0 841.68 595.2 ]"},
+        PaperRow{{"dmPaperSize=256", "dmFields=3", "dmPaperWidth=1000", "dmPaperLength=2000"}, "[ 0 0 283.44 566.88 ]"},
+        PaperRow{{"dmPaperSize=256", "dmFields=3", "dmPaperWidth=0", "dmPaperLength=-5"}, "[ 0 0 612 792 ]"},
+        PaperRow{{"dmPaperSize=257"}, "[ 0 0 283.44 566.88 ]"}, PaperRow{{"dmPaperSize=300"}, "[ 0 0 609.36 360 ]"},
+        PaperRow{{"dmPaperSize=300", "dmOrientation=2"}, "[ 0 0 360 609.36 ]"},
+        PaperRow{{"dmPaperSize=306"}, "[ 0 0 612 792 ]"}, PaperRow{{"dmPaperSize=250"}, "[ 0 0 612 792 ]"}));
+
+constexpr char Header[] =
+    "{\"event\": 1, \"result\": 1}\n"
+    "{\"event\": 2, \"result\": 1}\n"
+    "{\"escape\": 20736, \"size\": 20, \"text\": \"20051231\"}\n"
+    "{\"escape\": 20737, \"size\": 20, \"text\": \"1745\"}\n"
+    "{\"escape\": 20738, \"size\": 255, \"text\": \"OS: Microsoft Windows XP (5.1.2600.2) ENU\"}\n"
+    "{\"escape\": 20739, \"size\": 255, \"text\": \"Username: anna;App Filename: \"}\n"
+    "{\"escape\": 20740, \"size\": 255, \"text\": \";31/12/2005;17:45\"}\n"
+    "{\"event\": 5, \"result\": 1}\n";
+
+constexpr char BarePage[] =
+    "{\"event\": 6, \"result\": 1}\n"
+    "{\"escape\": 5001, \"size\": 0, \"text\": \"\"}\n"
+    "{\"event\": 7, \"result\": 1}\n";
+
+TEST(Print, RunsTheEventsOfARealJob)
+{
+    Program run;
+    ASSERT_EQ(Print(run, {"--pages", "2", "--reset-at", "2", "--events", "e"}), Done());
+    EXPECT_EQ(run.Contents("e"), std::string(Header) + BarePage +
+                                     "{\"event\": 3, \"result\": 1}\n"
+                                     "{\"event\": 4, \"result\": 1}\n" +
+                                     BarePage +
+                                     "{\"event\": 8, \"result\": 1}\n"
+                                     "{\"event\": 10, \"result\": 0}\n");
+}
+
+TEST(Print, MarksTheWatermarkForTheRenderingSide)
+{
+    Program run;
+    PutRecord(run, Watermark);
+    ASSERT_EQ(Print(run, {"--record", "r", "--events", "e", "--trace", "t"}), Done());
+    EXPECT_THAT(run.Contents("e"), HasSubstr("{\"escape\": 5001, \"size\": 0, \"text\": \"\"}\n"
+                                             "{\"escape\": -1465341784, \"size\": 4, \"text\": \"¨¨¨¨\"}\n"
+                                             "{\"escape\": -1465341784, \"size\": 4, \"text\": \"\"}\n"
+                                             "{\"event\": 7, \"result\": 1}\n"));
+    EXPECT_THAT(run.Contents("t"), HasSubstr("\"on\": \"job\", \"args\": [-1465341784, 4, \"a8a8a8a8\", 0, null], "
+                                             "\"result\": 1}\n{\"call\": \"ExtTextOutW\", "));
+}
+
+TEST(Print, StampsAllPagesWithOneObject)
+{
+    Program run;
+    run.Put("in.pdf", MakePdf({{}, {}, {}, {}}));
+    PutRecord(run, Watermark);
+    ASSERT_EQ(Print(run, {"in.pdf", "--record", "r"}), Done());
+    Pdf out(run.Contents("out.pdf"));
+    for (std::size_t page = 0; page < 4; ++page) {
+        EXPECT_EQ(out.Contents(page), "q 0.960784 0 0 0.960784 12 15.529412 cm /Page Do Q\nq /Stamp Do Q\n");
+        EXPECT_EQ(out.Object(page, "/Stamp").getObjGen(), out.Object(0, "/Stamp").getObjGen());
+    }
+    EXPECT_NE(out.Object(0, "/Page").getObjGen(), out.Object(1, "/Page").getObjGen());
+}
+
+TEST(Print, DrawsTheWatermarkAsTextWithItsFont)
+{
+    Program run;
+    run.Put("in.pdf", MakePdf({{}}));
+    PutRecord(run, Watermark);
+    Print(run, {"in.pdf", "--record", "r"});
+    const std::string out = run.Path("out.pdf").string();
+    EXPECT_THAT(OutputOf("qpdf --check " + out), HasSubstr("No syntax or stream encoding errors found"));
+    EXPECT_THAT(OutputOf("pdftotext " + out + " -"), AllOf(HasSubstr("DRAFT"), HasSubstr("Body")));
+    EXPECT_THAT(OutputOf("pdffonts " + out), HasSubstr("LiberationSans                       CID TrueType      "
+                                                       "Identity-H       yes"));
+    EXPECT_EQ(OutputOf("pdfimages -list " + out + " | tail -n +3"), "");
+}
+
+// Size 72 is 300 dots high and, by the fixed metrics, 5 * 150 wide; the printable area begins 12 points in.
+TEST(Print, PutsTheWatermarkWhereTheModuleDraws)
+{
+    Program run;
+    PutRecord(run, And(Watermark, {"dmPrintQuality=300", "dmWatermark.wmAngleMode=0"}));
+    Print(run, {"--record", "r", "--platform", "fonts=builtin", "--trace", "t"});
+    EXPECT_THAT(run.Contents("t"), HasSubstr("\"args\": [825, 1450, 0, null, \"DRAFT\", 5, null]"));
+    EXPECT_THAT(OutputOf("pdftotext -bbox " + run.Path("out.pdf").string() + " -"),
+                HasSubstr("<word xMin=\"210.000000\" yMin=\"3"));
+}
+
+TEST(Print, StampsTheFirstPageOnlyWhereTheRecordSaysSo)
+{
+    Program run;
+    PutRecord(run, And(Watermark, {"dmWatermark.wmFirstPageOnly=1"}));
+    Print(run, {"--pages", "3", "--record", "r", "--reset-at", "2"});
+    Pdf out(run.Contents("out.pdf"));
+    EXPECT_EQ(out.Contents(0), "q /Stamp Do Q\n");
+    EXPECT_EQ(out.Contents(1), "");
+    EXPECT_EQ(out.Contents(2), "");
+}
+
+// The sixth escape asks for the first page's settings.
+TEST(Print, LeavesAPageUnstampedWhoseSettingsAreNotToBeHad)
+{
+    Program run;
+    PutRecord(run, Watermark);
+    EXPECT_EQ(Print(run, {"--pages", "2", "--record", "r", "--platform", "fail=ExtEscape:6"}).status, 0);
+    Pdf out(run.Contents("out.pdf"));
+    EXPECT_EQ(out.Contents(0), "");
+    EXPECT_EQ(out.Contents(1), "q /Stamp Do Q\n");
+}
+
+TEST(Print, HandsOutAnUncheckedRecordAsItIs)
+{
+    Program run;
+    PutRecord(run, And(Watermark, {"dmPrintQuality=-3", "dmResolution=0", "dmWatermark.wmAngleMode=2"}));
+    const auto settings = [&run] {
+        const std::string trace = run.Contents("t"), answer = "[5001, 0, null, 1848], \"result\": \"";
+        return trace.substr(trace.find(answer) + answer.size(), 2 * 1848);
+    };
+    std::string hex;
+    for (const unsigned char byte : run.Contents("r"))
+        hex += {"0123456789abcdef"[byte >> 4], "0123456789abcdef"[byte & 15]};
+    ASSERT_EQ(Print(run, {"--record", "r", "--unchecked", "--trace", "t"}), Done());
+    EXPECT_EQ(settings(), hex);
+    ASSERT_EQ(Print(run, {"--record", "r", "--trace", "t"}), Done());
+    EXPECT_NE(settings(), hex);
+    run.Put("r", "short");
+    EXPECT_EQ(Print(run, {"--record", "r", "--unchecked"}), Done());
+}
+
+struct RefusedRow {
+    const char* name;
+    std::string input;
+    const char* why;
+};
+
+class Refused : public testing::TestWithParam<RefusedRow> {};
+
+TEST_P(Refused, InputsLeaveNoOutput)
+{
+    Program run;
+    run.Put("in.pdf", GetParam().input);
+    const Result result = Print(run, {"in.pdf"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_THAT(result.err, AllOf(HasSubstr("in.pdf: "), HasSubstr(GetParam().why)));
+    EXPECT_THAT(Names(run), ElementsAre());
+}
+
+std::string Damaged(std::string pdf, const std::string& old, const std::string& now)
+{
+    return pdf.replace(pdf.find(old), old.size(), now);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Program, Refused,
+    testing::Values(RefusedRow{"Encrypted", Encrypted(MakePdf({{}}), "secret"), "password"},
+                    RefusedRow{"Protected", Encrypted(MakePdf({{}}), "", false), "lets nobody print"},
+                    RefusedRow{"Empty", "", "it is empty"}, RefusedRow{"Foreign", "no PDF at all\n", "damaged"},
+                    RefusedRow{"Truncated", MakePdf({{}, {}}).substr(0, 500), "damaged"},
+                    RefusedRow{"WithoutItsEnd", MakePdf({{}}).substr(0, MakePdf({{}}).size() - 40), "damaged"},
+                    RefusedRow{"WithABrokenPage", Damaged(MakePdf({{}}), "/Type /Page ", "/Type (Pa"), "damaged"},
+                    RefusedRow{"WithoutPages", MakePdf({}), "no pages"},
+                    RefusedRow{"WithoutASize", MakePdf({{}, {"0 0 0 700"}}), "page 2 has no possible size"}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(Print, TakesAnInputThatAnybodyMayPrint)
+{
+    Program run;
+    run.Put("in.pdf", Encrypted(MakePdf({{}}), ""));
+    EXPECT_EQ(Print(run, {"in.pdf"}), Done());
+    EXPECT_THAT(OutputOf("pdftotext " + run.Path("out.pdf").string() + " -"), HasSubstr("Body"));
+}
+
+TEST(Print, LeavesAnOldOutputAsItWasWhenItFails)
+{
+    Program run;
+    run.Put("out.pdf", "old");
+    run.Put("in.pdf", "damaged");
+    EXPECT_EQ(Print(run, {"in.pdf"}).status, 3);
+    EXPECT_EQ(Print(run, {"none.pdf"}), (Result{3, "", "qd480: cannot read none.pdf: No such file or directory\n"}));
+    EXPECT_EQ(Print(run, {"--platform", "fail=GetPrinterW:1+"}).status, 3);
+    EXPECT_EQ(run.Contents("out.pdf"), "old");
+    EXPECT_THAT(Names(run), ElementsAre("out.pdf"));
+}
+
+TEST(Print, MayPutTheOutputInTheInputsPlace)
+{
+    Program run;
+    run.Put("out.pdf", MakePdf({{}, {}}));
+    EXPECT_EQ(Print(run, {"out.pdf"}), Done());
+    EXPECT_EQ(Pdf(run.Contents("out.pdf")).Count(), 2u);
+}
+
+TEST(Print, GoesThroughStandardInputAndOutput)
+{
+    Program run;
+    const Result result = run({"print", Printer, "-", "-o", "-"}, MakePdf({{}, {}, {}}));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(Pdf(result.out).Count(), 3u);
+}
+
+TEST(Print, TakesNotesThatAreForPaper)
+{
+    constexpr int ForScreen = 0, ForPaper = 4;
+    for (const int flags : {ForScreen, ForPaper}) {
+        Program run;
+        run.Put("in.pdf", MakePdf({
+                              {"0 0 612 792", "", {"BT /F1 9 Tf (Body) Tj ET\n"}, flags}
+        }));
+        ASSERT_EQ(Print(run, {"in.pdf"}), Done());
+        EXPECT_EQ(OutputOf("pdftotext " + run.Path("out.pdf").string() + " - | grep -c Note"),
+                  flags == ForPaper ? "1\n" : "0\n");
+    }
+}
+
+struct UsageRow {
+    std::vector<std::string> words;
+    const char* message;
+};
+
+class PrintUsage : public testing::TestWithParam<UsageRow> {};
+
+TEST_P(PrintUsage, IsRefused)
+{
+    Program run;
+    run.Put("in.pdf", MakePdf({{}}));
+    const Result result = Print(run, GetParam().words);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_THAT(result.err, HasSubstr(GetParam().message));
+    EXPECT_THAT(Names(run), ElementsAre());
+}
+
+INSTANTIATE_TEST_SUITE_P(Program, PrintUsage,
+                         testing::Values(
+                             UsageRow{
+                                 {"in.pdf", "--pages", "2"},
+                                 "--pages goes without an input"
+},
+                             UsageRow{{"--pages", "0"}, "--pages"},
+                             UsageRow{{"--unchecked"}, "--unchecked goes with --record"},
+                             UsageRow{{"in.pdf", "--reset-at", "2"}, "--reset-at 2 comes after"},
+                             UsageRow{{"-", "--record", "-"}, "standard input cannot be both"}));
+
+TEST(Print, SaysWhatIsNotDoneHere)
+{
+    EXPECT_THAT(Program()({"print", "--help"}).out, HasSubstr("N-up, booklet, scaling and toner"));
+}
+
+}  // namespace
