@@ -27,8 +27,17 @@ struct Picture {
     const char* way;
 };
 constexpr Picture Pictures[] = {
-    {"paper",   "page \"Paper\"\n"  },
-    {"quality", "page \"Quality\"\n"},
+    {"setup",              "page \"Setup\"\n"                                                                         },
+    {"setup-2-up",         "page \"Setup\"\nchoose IDC_NUP \"2-up\"\nclick IDC_BORDER_LINE\n"                         },
+    {"setup-booklet",
+     "page \"Setup\"\nchoose IDC_PAPER_SOURCE \"Tray1\"\nchoose IDC_DUPLEX \"Booklet Left Binding\"\n"                },
+    {"setup-transparency", "page \"Setup\"\nchoose IDC_MEDIA_TYPE \"Transparency\"\n"                                 },
+    {"setup-watermark",    "page \"Setup\"\nchoose IDC_WATERMARK \"CONFIDENTIAL\"\n"                                  },
+    {"setup-figure",       "page \"Setup\"\nclick IDC_SETUP_PRINTER_FIGURE\n"                                         },
+    {"nup-style",          "page \"Setup\"\nchoose IDC_NUP \"4-up\"\nclick IDC_NUP_STYLE\n"                           },
+    {"nup-style-vertical", "page \"Setup\"\nchoose IDC_NUP \"4-up\"\nclick IDC_NUP_STYLE\nclick IDC_VERT_DESCENDING\n"},
+    {"paper",              "page \"Paper\"\n"                                                                         },
+    {"quality",            "page \"Quality\"\n"                                                                       },
 };
 
 struct Options {

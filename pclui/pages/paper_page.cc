@@ -11,8 +11,7 @@
 #include "pages/paper_shift.h"
 #include "resources/control_numbers.h"
 #include "settings/list_rows.h"
-#include "watermark/watermark_list.h"
-#include "watermark/watermark_values.h"
+#include "watermark/watermark_load.h"
 
 namespace {
 
@@ -165,14 +164,6 @@ void ShowRotated(HWND dialog)
 void ShowPreviewMode(HWND dialog)
 {
     CheckPreviewMode(dialog, Panel, PreviewMode() != PreviewPageLayout ? PreviewPrinterFigure : PreviewPageLayout);
-}
-
-// A watermark that was edited since the record was made reaches the job as it is now.
-void RefreshJobWatermark()
-{
-    WatermarkOption = GetOption<WatermarkPayload>(JobWatermarkOption);
-    if (WatermarkOption.on != 0 && RefreshWatermark(WatermarkOption) == 1)
-        SetOption(JobWatermarkOption, WatermarkOption);
 }
 
 void Initialise(HWND dialog)

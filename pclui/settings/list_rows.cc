@@ -64,17 +64,23 @@ int LoadRowName(UINT stringId, WCHAR* buffer)
     return 1;
 }
 
-void RefreshMediaRows()
+void LoadMediaRows()
 {
     for (int number = 0; number < MediaRowCount; ++number) {
         ListRow& row = MediaRows[number];
+        if (row.name[0] != 0) continue;
         const MediaEntry& media = MediaTable[static_cast<std::size_t>(number)];
-        if (row.name[0] == 0) {
-            LoadRowName(media.nameString, row.name);
-            row.position = number;
-            row.code = static_cast<int>(media.index);
-        }
-        row.enabled = 1;
+        LoadRowName(media.nameString, row.name);
+        row.position = number;
+        row.code = static_cast<int>(media.index);
+    }
+}
+
+void RefreshMediaRows()
+{
+    LoadMediaRows();
+    for (int number = 0; number < MediaRowCount; ++number) {
+        MediaRows[number].enabled = 1;
         if (SelectedMedia == number) MediaIndex = number;
     }
 }

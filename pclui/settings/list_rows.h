@@ -37,7 +37,7 @@ inline constexpr int MediaRowCount = 5;
 inline constexpr int BuiltInPaperRows = 26;
 
 extern ListRow SourceRows[SourceRowCount];                     // one per bin; loaded by the source lists
-extern ListRow MediaRows[MediaRowCount];                       // one per media; loaded by RefreshMediaRows
+extern ListRow MediaRows[MediaRowCount];                       // one per media; loaded by LoadMediaRows
 extern PaperRow PaperRows[BuiltInPaperRows + 1];               // loaded by the paper lists and the custom paper store
 inline PaperRow& CustomHeadRow = PaperRows[BuiltInPaperRows];  // code 0: there are no custom sizes
 extern int PaperRowCount;     // 26 and the custom rows; written by the custom paper store
@@ -68,6 +68,9 @@ inline constexpr int FilterWhileMediaChanges = 2;
 // Loads a string of the module into the name of a row, RowNameChars characters with the terminator. Always 1;
 // a string that is missing leaves the empty name.
 int LoadRowName(UINT stringId, WCHAR* buffer);
+
+// Loads the media rows that have no name.
+void LoadMediaRows();
 
 // Loads the media rows that have no name, enables all, and makes SelectedMedia the selected row.
 void RefreshMediaRows();

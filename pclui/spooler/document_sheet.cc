@@ -6,6 +6,7 @@
 #include "module.h"
 #include "pages/paper_page.h"
 #include "pages/quality_page.h"
+#include "pages/setup_page.h"
 #include "resources/control_numbers.h"
 #include "settings/options.h"
 #include "spooler/document_properties.h"
@@ -19,8 +20,9 @@ UiContext* ParkedContexts = nullptr;
 namespace {
 
 constexpr SheetPageRow Pages[] = {
-    {IDD_PAPER,   Paper_DlgProc  },
-    {IDD_QUALITY, Quality_DlgProc},
+    {IDD_SETUP,   PageLayout_DlgProc},
+    {IDD_PAPER,   Paper_DlgProc     },
+    {IDD_QUALITY, Quality_DlgProc   },
 };
 static_assert(std::size(Pages) <= MostDocumentPages);
 

@@ -72,3 +72,10 @@ int LoadWatermarks(HWND dialog, bool forSetupPage)
         ShowInDialog(dialog);
     return 1;
 }
+
+void RefreshJobWatermark()
+{
+    GetOption(JobWatermarkOption.group, JobWatermarkOption.key, &WatermarkOption);
+    if (WatermarkOption.on != 0 && RefreshWatermark(WatermarkOption) == 1)
+        SetOption(JobWatermarkOption, WatermarkOption);
+}
