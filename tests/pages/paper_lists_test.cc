@@ -258,6 +258,30 @@ TEST(PaperLists, DropACustomSizeUnderTray2)
     EXPECT_EQ(sheet.Text(IDC_DOCUMENT_SIZE), u"A4 (210 x 297 mm)");
 }
 
+TEST(PaperLists, TakeComingToTheFrontForAChangeOfMedia)
+{
+    PaperSheet sheet(With(Auto, Plain, 257), Two, Germany);
+    sheet.ChangeElsewhere([](DriverDevMode&) { SelectedMedia = Transparency; });
+    EXPECT_EQ(sheet.Settings().dmPaperSize, 1);
+    EXPECT_EQ(MediaChanging, 1) << "for the Setup page to clear";
+}
+
+TEST(PaperLists, FollowTheSourceBetweenTimes)
+{
+    const std::function<void(PaperSheet&)> ways[] = {
+        [](PaperSheet&) {},
+        [](PaperSheet& sheet) { sheet.Click(IDC_DEFAULT); },
+        [](PaperSheet& sheet) { sheet.Click(IDC_EDIT_CUSTOM).Click(IDOK); },
+    };
+    for (const auto& way : ways) {
+        PaperSheet sheet(With(Auto, Plain, 1), Two);
+        way(sheet);
+        sheet.OnPage([](HWND) { SetOption(SourceOption, Tray2); });
+        EXPECT_EQ(PaperRows[4].enabled != 0, true);
+        EXPECT_EQ(PaperRows[5].enabled, 0u);
+    }
+}
+
 TEST(PaperLists, FindRowsByTheirPositions)
 {
     struct RowCase {
@@ -336,6 +360,13 @@ TEST(PaperLists, SendToThePapersThatTheSourceTakes)
         sheet.ChangeElsewhere([](DriverDevMode&) { SelectedMedia = Envelope; });
         EXPECT_EQ(sheet.ItemData(IDC_OUTPUT_SIZE), one.codes);
     }
+}
+
+TEST(PaperLists, SendToFewerPapersOnceTheSourceIsTheSecondTray)
+{
+    PaperSheet sheet(With(Auto, Plain, 1));
+    sheet.ChangeElsewhere([](DriverDevMode& record) { SelectedSource = record.dmDefaultSource = Tray2; });
+    EXPECT_EQ(sheet.ItemData(IDC_OUTPUT_SIZE).size(), 5u);
 }
 
 TEST(PaperLists, SelectTheOutputPaperOrThatOfTheCountry)

@@ -309,6 +309,29 @@ TEST(PaperPage, ThePictureModeIsLostWhenThePageComesBack)
     EXPECT_TRUE(sheet.Checked(IDC_PAPER_PAGE_LAYOUT));
 }
 
+TEST(PaperPage, BringsTheJobsWatermarkUpToDate)
+{
+    const auto store = [](TestMachine& machine) {
+        const auto put = [&](const char16_t* name, std::u16string_view text) {
+            platform::Bytes bytes(3000);
+            std::memcpy(bytes.data(), text.data(), text.size() * sizeof(char16_t));
+            machine.store->SetValue(TestPrinter, name, {3, bytes});
+        };
+        put(u"WatermarkText", u"1\r\nNew\r\n");
+        put(u"WatermarkTextName", u"1\r\nName\r\n");
+        put(u"WatermarkAttributes", u"1|20|72|0|0|0|0|0|0|Arial\r\n");
+    };
+    for (const DWORD on : {0u, 1u}) {
+        PaperSheet sheet(
+            [on](DriverDevMode& record) {
+                record.dmWatermarkOn = on;
+                record.dmWatermark.wmId = 1;
+            },
+            {}, UnitedStates, true, store);
+        EXPECT_EQ(std::u16string(sheet.Settings().dmWatermark.wmText), on ? u"New" : u"");
+    }
+}
+
 TEST(PaperPage, CancelPublishesNothing)
 {
     PaperSheet sheet;

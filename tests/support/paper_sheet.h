@@ -33,16 +33,17 @@ inline void StandInForSetup(const DriverDevMode& record)
 class PaperSheet : public Sheet {
   public:
     explicit PaperSheet(const Prepare& prepare = {}, const std::vector<CustomPaperEntry>& papers = {},
-                        int country = UnitedStates, bool mayChange = true)
+                        int country = UnitedStates, bool mayChange = true, const Furnish& furnish = {})
         : Sheet(
               [prepare](DriverDevMode& record) {
                   if (prepare) prepare(record);
                   StandInForSetup(record);
               },
-              [papers, mayChange](TestMachine& machine) {
+              [&](TestMachine& machine) {
                   machine.store->Remove(TestPrinter);
                   machine.store->Add({TestPrinter, TestPrinter, mayChange});
                   if (!papers.empty()) StorePapers(machine, papers, TestPrinter);
+                  if (furnish) furnish(machine);
               },
               testing_support::Machine::InCountry(country))
     {
