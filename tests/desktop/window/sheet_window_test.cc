@@ -28,6 +28,13 @@ class User {
     ~User() { thread_.join(); }
 
     void Press(const std::string& key) { Do("key " + key); }
+    // Types over what is in a field.
+    void Enter(int control, const std::string& text)
+    {
+        Click(control);
+        Press("ctrl+a");
+        Do("type " + text);
+    }
     void Click(int control)
     {
         ClickAt([control] { return ControlWidget(control); });
@@ -177,6 +184,7 @@ TEST_F(SheetWindow, EscapeCancels)
     DWORD result = 99;
     {
         const User user([](User& self) {
+            self.ShowPage("Quality");
             self.Click(IDC_SMOOTHTONE);
             self.Press("Escape");  // closes the list
             self.Press("Escape");
@@ -184,6 +192,43 @@ TEST_F(SheetWindow, EscapeCancels)
         Show(&result);
     }
     EXPECT_EQ(result, 0u);
+}
+
+TEST_F(SheetWindow, MakesACustomSizeInInchesAndFindsItAgain)
+{
+    DWORD result = 99;
+    DriverDevMode record{};
+    {
+        const User user([](User& self) {
+            self.ShowPage("Paper");
+            self.Click(IDC_EDIT_CUSTOM);
+            self.Click(IDC_CP_NEW);
+            self.Click(IDC_CP_UNIT_INCH);
+            self.Enter(IDC_CP_WIDTH_INCH, "5");
+            self.Enter(IDC_CP_WIDTH_SIXTEENTHS, "12");
+            self.Enter(IDC_CP_HEIGHT_INCH, "9");
+            self.Enter(IDC_CP_HEIGHT_SIXTEENTHS, "0");
+            self.Click(IDOK);
+            self.ClickButton("OK");
+        });
+        record = Show(&result);
+    }
+    EXPECT_EQ(result, 1u);
+    EXPECT_EQ(record.dmPaperSize, 257);
+    EXPECT_EQ(record.dmPaperWidth, 1725);
+    EXPECT_EQ(record.dmPaperLength, 2700);
+    {
+        const User user([](User& self) {
+            self.ShowPage("Paper");
+            self.Click(IDC_DOCUMENT_SIZE);
+            self.Press("End");
+            self.Press("Return");
+            self.ClickButton("OK");
+        });
+        record = Show(&result);
+    }
+    EXPECT_EQ(record.dmPaperSize, 257);
+    EXPECT_EQ(record.dmPaperWidth, 1725);
 }
 
 }  // namespace
