@@ -2,6 +2,7 @@
 
 #include <QEventLoop>
 
+#include "help_window.h"
 #include "platform/user.h"
 #include "qt_runtime.h"
 #include "qt_surface.h"
@@ -140,10 +141,14 @@ class QtDesktop : public platform::Desktop {
 
     void Help(const HelpRequest& request) override
     {
-        QMessageBox::information(ParentWidget(), QObject::tr("Help"),
-                                 QObject::tr("The help file %1 is not installed. Topic %2 was asked for.")
-                                     .arg(ToQString(request.file))
-                                     .arg(request.context));
+        // One window for each dialog that has asked: a dialog blocks the windows that are not its own.
+        QWidget* parent = ParentWidget();
+        HelpWindow* window = nullptr;
+        if (parent)
+            for (QObject* child : parent->children())
+                if (auto* open = dynamic_cast<HelpWindow*>(child)) window = open;
+        if (!window) window = new HelpWindow(parent);
+        window->ShowTopic(request.context);
     }
 
     void Beep(UINT) override { QApplication::beep(); }
