@@ -2,6 +2,18 @@
 find_package(GTest CONFIG QUIET)
 include(GoogleTest)
 
+# Gives a path of the build to the sources that mention it, alone: what holds no path compiles the same in every
+# folder, and a compiler cache knows it again. A fixture may mention the path for its users.
+function(qd_give_path target name value)
+  get_target_property(sources ${target} SOURCES)
+  foreach(source IN LISTS sources)
+    file(STRINGS ${source} mentions REGEX "${name}|printer_fixture\\.h")
+    if(mentions)
+      set_property(SOURCE ${source} APPEND PROPERTY COMPILE_DEFINITIONS ${name}=${value})
+    endif()
+  endforeach()
+endfunction()
+
 function(qd_add_test_program name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cc)
   foreach(library ${ARGN})
@@ -20,7 +32,9 @@ function(qd_add_test_program name)
   target_link_libraries(${name} PRIVATE qd_glue)
   target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <gmock/gmock.h> <string> <vector>)
   if(TARGET qd480ui)
-    target_compile_definitions(${name} PRIVATE QD_MODULE_PATH=u"$<TARGET_FILE:qd480ui>")
+    # At the end of the folder, when all sources are named.
+    cmake_language(EVAL CODE "cmake_language(DEFER CALL qd_give_path ${name} QD_MODULE_PATH
+                                                    [[u\"$<TARGET_FILE:qd480ui>\"]])")
     add_dependencies(${name} qd480ui)
   endif()
   if(QD_SANITIZE)
