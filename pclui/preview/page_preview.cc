@@ -20,22 +20,6 @@ constexpr COLORREF SavedInk = RGB(0x7F, 0x7F, 0x7F);
 constexpr BYTE ScaledByZoom = 1, FitToSheet = 2;
 constexpr LONG NormalWeight = 400;
 
-// A stock object for one drawing; it is not deleted.
-class SelectedStock {
-  public:
-    SelectedStock(HDC context, int index) : context_(context), before_(SelectObject(context, GetStockObject(index))) {}
-    ~SelectedStock()
-    {
-        if (before_) SelectObject(context_, before_);
-    }
-    SelectedStock(const SelectedStock&) = delete;
-    SelectedStock& operator=(const SelectedStock&) = delete;
-
-  private:
-    HDC context_;
-    HGDIOBJ before_;
-};
-
 void FillRectangle(HDC context, const RECT& box, COLORREF color)
 {
     const SelectedStock pen(context, NULL_PEN);
@@ -56,6 +40,23 @@ void DrawSheet(HDC context, const DriverDevMode& record, const RECT& sheet, cons
     FillRectangle(context, sheet, White);
     DrawBindingMarks(context, record, sheet);
 }
+
+// The decimals of a page's number, two at most: no sheet holds a hundred pages.
+class PageNumber {
+  public:
+    explicit PageNumber(int number)
+    {
+        while (number > 99) number /= 10;
+        if (number > 9) text_[length_++] = static_cast<WCHAR>(u'0' + number / 10);
+        text_[length_++] = static_cast<WCHAR>(u'0' + number % 10);
+    }
+    const WCHAR* Text() const { return text_; }
+    UINT Length() const { return length_; }
+
+  private:
+    WCHAR text_[2];
+    UINT length_ = 0;
+};
 
 // A page that is scaled above its cell is cut off there.
 struct CellClip {
@@ -79,11 +80,11 @@ class PageMapping {
     }
     ~PageMapping()
     {
-        if (viewportSet_) SetViewportExtEx(context_, viewport_.cx, viewport_.cy, nullptr);
-        if (windowSet_) SetWindowExtEx(context_, window_.cx, window_.cy, nullptr);
-        if (originSet_) SetWindowOrgEx(context_, origin_.x, origin_.y, nullptr);
-        if (mapMode_) SetMapMode(context_, mapMode_);
-        if (rasterMode_) SetROP2(context_, rasterMode_);
+        if (viewportSet_) PutBack([this] { return SetViewportExtEx(context_, viewport_.cx, viewport_.cy, nullptr); });
+        if (windowSet_) PutBack([this] { return SetWindowExtEx(context_, window_.cx, window_.cy, nullptr); });
+        if (originSet_) PutBack([this] { return SetWindowOrgEx(context_, origin_.x, origin_.y, nullptr); });
+        if (mapMode_) PutBack([this] { return SetMapMode(context_, mapMode_); });
+        if (rasterMode_) PutBack([this] { return SetROP2(context_, rasterMode_); });
     }
     PageMapping(const PageMapping&) = delete;
     PageMapping& operator=(const PageMapping&) = delete;
@@ -154,7 +155,7 @@ void PagePainter::DrawAll(const RECT& sheet)
     LoadStringW(ResourceHandle, IDS_DEFAULT_FACE, font.lfFaceName, LF_FACESIZE);
     const SelectedObject numbers(context_, CreateFontIndirectW(&font));
     for (int page = 0; page < grid.count; ++page) DrawPage(page, cells.Origin(grid, page), contents, grid.lines, clip);
-    if (clip) SelectClipRgn(context_, nullptr);
+    if (clip) PutBack([this] { return SelectClipRgn(context_, nullptr); });
 }
 
 void PagePainter::DrawPage(int page, POINT origin, const PageContents& contents, int lines,
@@ -172,18 +173,17 @@ void PagePainter::DrawPage(int page, POINT origin, const PageContents& contents,
     DrawWatermark(contents);
     DrawBars(contents, lines);
     DrawFrame(contents);
-    if (region) DeleteObject(region);
-    if (moved) SetViewportOrgEx(context_, before.x, before.y, nullptr);
+    if (region) PutBack([&] { return DeleteObject(region); });
+    if (moved) PutBack([&] { return SetViewportOrgEx(context_, before.x, before.y, nullptr); });
 }
 
 void PagePainter::DrawNumber(int page, const PageContents& contents)
 {
     const COLORREF color = SetTextColor(context_, InkColor());
-    WCHAR number[4];
-    const int length = wsprintfW(number, u"%d", page + 1);
-    ExtTextOutW(context_, contents.numberX, document_.my, ETO_CLIPPED, &contents.text, number,
-                static_cast<UINT>(length), nullptr);
-    if (color != CLR_INVALID) SetTextColor(context_, color);
+    const PageNumber number(page + 1);
+    ExtTextOutW(context_, contents.numberX, document_.my, ETO_CLIPPED, &contents.text, number.Text(), number.Length(),
+                nullptr);
+    PutTextColorBack(context_, color);
 }
 
 void PagePainter::DrawWatermark(const PageContents& contents)
@@ -234,5 +234,5 @@ void DrawPagePreview(HWND dialog, const DRAWITEMSTRUCT& drawItem)
     const int background = SetBkMode(context, TRANSPARENT);
     DrawSheet(context, record, sheet, client);
     PagePainter(context, record, document, marked ? std::optional(mark) : std::nullopt).DrawAll(sheet);
-    if (background) SetBkMode(context, background);
+    if (background) PutBack([&] { return SetBkMode(context, background); });
 }

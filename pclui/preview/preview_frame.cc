@@ -33,7 +33,7 @@ void DrawFrameEdges(HDC context, const RECT& rectangle, COLORREF first, COLORREF
     SetBkColor(context, second);
     FillStrip(context, {right - 1, top, right, bottom});
     FillStrip(context, {left, bottom - 1, right, bottom});
-    if (before != CLR_INVALID) SetBkColor(context, before);
+    PutBkColorBack(context, before);
 }
 
 void DrawSunkenFrame(HDC context, const RECT& rectangle, COLORREF fill)

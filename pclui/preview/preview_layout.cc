@@ -103,9 +103,10 @@ PageGrid GridOf(const DriverDevMode& record)
     if (record.dmNupOn != 1 || bookletRuns) return grid;
     grid.vertical = record.dmNupVertical != 0;
     grid.descending = record.dmNupDescending != 0;
+    // A count without a grid stacks its pages in the one column; all but the first leave the sheet.
+    grid.count = record.dmNupCount;
     for (const GridRow& row : GridRows)
         if (row.count == record.dmNupCount) {
-            grid.count = row.count;
             grid.columns = row.columns;
             grid.rows = row.rows;
             grid.lines = row.lines;
@@ -119,7 +120,9 @@ POINT PageCells::Origin(const PageGrid& grid, int page) const
     int column = grid.vertical ? page / grid.rows : page % grid.columns;
     const int row = grid.vertical ? page % grid.rows : page / grid.columns;
     if (grid.descending) column = grid.columns - 1 - column;
-    return {left + cellWidth * column + offsetX, top + cellHeight * row + offsetY};
+    // Rows that no grid has may lie any way off.
+    return {left + cellWidth * column + offsetX,
+            static_cast<LONG>(std::int64_t{top} + std::int64_t{cellHeight} * row + offsetY)};
 }
 
 PageCells CellsOf(const DriverDevMode& record, const RECT& sheet, const PageGrid& grid, const PageMeasures& document)

@@ -74,7 +74,7 @@ void FitWatermarkText(HDC context, const DriverDevMode& record, const PageMeasur
         mark.end.x = std::min(std::max(mark.end.x, document.mx), document.pw);
         mark.end.y = std::min(std::max(mark.end.y, document.my), document.ph);
     }
-    if (alignment != GDI_ERROR) SetTextAlign(context, alignment);
+    PutTextAlignBack(context, alignment);
 }
 
 void DrawWatermarkText(HDC context, const PreviewMark& mark, const RECT& rectangle)
@@ -87,8 +87,8 @@ void DrawWatermarkText(HDC context, const PreviewMark& mark, const RECT& rectang
     SetTextAlign(context, TA_LEFT | TA_TOP);
     ExtTextOutW(context, mark.origin.x, mark.origin.y, ETO_CLIPPED, &rectangle, mark.text.data(),
                 static_cast<UINT>(mark.text.size()), nullptr);
-    if (color != CLR_INVALID) SetTextColor(context, color);
-    if (alignment != GDI_ERROR) SetTextAlign(context, alignment);
+    PutTextColorBack(context, color);
+    PutTextAlignBack(context, alignment);
 }
 
 void DrawMark(HDC context, const PreviewMark& mark, const RECT& rectangle)

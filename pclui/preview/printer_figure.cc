@@ -15,9 +15,9 @@ void DrawPrinterFigure(int bitmapId, int frameId, HWND dialog)
         if (HGDIOBJ before = SelectObject(memory, bitmap)) {
             StretchBlt(frame.Get(), client.left, client.top, client.right, client.bottom, memory, 0, 0, size.bmWidth,
                        size.bmHeight, SRCCOPY);
-            SelectObject(memory, before);
+            PutBack([&] { return SelectObject(memory, before); });
         }
     }
-    if (memory) DeleteDC(memory);
-    if (bitmap) DeleteObject(bitmap);
+    if (memory) PutBack([&] { return DeleteDC(memory); });
+    if (bitmap) PutBack([&] { return DeleteObject(bitmap); });
 }
