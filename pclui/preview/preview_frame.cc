@@ -27,10 +27,11 @@ void FillStrip(HDC context, const RECT& strip)
 void DrawFrameEdges(HDC context, const RECT& rectangle, COLORREF first, COLORREF second)
 {
     const auto [left, top, right, bottom] = rectangle;
-    const COLORREF before = SetBkColor(context, first);
+    COLORREF before = SetBkColor(context, first);
     FillStrip(context, {left, top, right, top + 1});
     FillStrip(context, {left, top, left + 1, bottom});
-    SetBkColor(context, second);
+    const COLORREF replaced = SetBkColor(context, second);
+    if (before == CLR_INVALID) before = replaced;
     FillStrip(context, {right - 1, top, right, bottom});
     FillStrip(context, {left, bottom - 1, right, bottom});
     PutBkColorBack(context, before);

@@ -1,0 +1,217 @@
+// What is drawn for one sheet, shape by shape.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "preview_rig.h"
+#include "tests/support/custom_papers.h"
+
+namespace preview_test {
+namespace {
+
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+TEST(Page, HasANumberThreeBarsAndADottedFrame)
+{
+    Preview preview;
+    EXPECT_THAT(preview.Draw(A4()),
+                ElementsAre("box 11,0,119,154 null ffffff", "map 2480,-3507 to 106,-150 at 12,1",
+                            "text 205,50 \"1\" in 50,50,2409,3436 Times New Roman -1613/400 000000",
+                            "box 347,1894,2131,2177 null 000000", "box 347,2460,2131,2743 null 000000",
+                            "box 347,3026,2131,3309 null 000000", "box 50,50,2429,3456 dot1:000000 none"));
+}
+
+// Wider than high: the bars take nine tenths of the frame.
+TEST(Page, HasWiderBarsInLandscape)
+{
+    Preview preview;
+    EXPECT_THAT(preview.Draw(A4({
+                    {"dmOrientation", 2}
+    })),
+                ElementsAre("box 0,31,131,123 null ffffff", "map 3507,-2480 to 127,-90 at 1,32",
+                            "text 269,50 \"1\" in 50,50,3451,2424 Times New Roman -1142/400 000000",
+                            "box 220,1338,3285,1536 null 000000", "box 220,1734,3285,1932 null 000000",
+                            "box 220,2130,3285,2328 null 000000", "box 50,50,3456,2429 dot1:000000 none"));
+}
+
+TEST(Page, IsMeasuredInTheDotsOfTheJob)
+{
+    Preview preview;
+    EXPECT_THAT(preview.Draw(A4({
+                                 {"dmPrintQuality", 600}
+    }),
+                             {"map", "text", "box 6", "box 1"}),
+                ElementsAre("box 11,0,119,154 null ffffff", "map 4960,-7014 to 106,-150 at 12,1",
+                            "text 410,100 \"1\" in 100,100,4819,6873 Times New Roman -3225/400 000000",
+                            "box 695,3789,4264,4356 null 000000", "box 695,4923,4264,5490 null 000000",
+                            "box 695,6057,4264,6624 null 000000", "box 100,100,4859,6913 dot1:000000 none"));
+}
+
+// In a picture of 30 by 30 the margins of 50 dots are less than a pixel: they grow to 131 and 126.
+TEST(Page, KeepsItsMarginsVisible)
+{
+    Preview preview(30, 30);
+    EXPECT_THAT(preview.Draw(A4()),
+                ElementsAre("box 4,0,25,30 null ffffff", "map 2480,-3507 to 19,-28 at 5,1",
+                            "text 286,126 \"1\" in 131,126,2218,3256 Times New Roman -1619/400 000000",
+                            "box 408,1888,2070,2159 null 000000", "box 408,2430,2070,2701 null 000000",
+                            "box 408,2972,2070,3243 null 000000", "box 131,126,2348,3380 dot1:000000 none"));
+}
+
+// Two bars instead of three, and numbers of two digits.
+TEST(Page, IsSimplerWithSixteenOnASheet)
+{
+    Preview preview;
+    const Lines drawn = preview.Draw(A4({
+        {"dmNupOn",    1 },
+        {"dmNupCount", 16}
+    }));
+    ASSERT_EQ(drawn.size(), 1u + 16 * 5);
+    EXPECT_THAT(Lines(drawn.begin() + 1 + 9 * 5, drawn.begin() + 1 + 10 * 5),
+                ElementsAre("map 2480,-3507 to 26,-38 at 38,77",
+                            "text 251,93 \"10\" in 96,93,2289,3322 Times New Roman -1547/400 000000",
+                            "box 382,1960,2097,2375 null 000000", "box 382,2790,2097,3205 null 000000",
+                            "box 96,93,2383,3413 dot1:000000 none"));
+    EXPECT_THAT(drawn, Contains(StartsWith("text 251,93 \"9\" in")));
+    EXPECT_THAT(drawn, Contains(StartsWith("text 251,93 \"16\" in")));
+}
+
+TEST(Page, IsGreyInTonerSaveButForTheFrame)
+{
+    Preview preview;
+    const Lines drawn = preview.Draw(A4({
+        {"dmTonerSave", 1},
+        {"dmNupBorder", 1}
+    }));
+    ASSERT_EQ(drawn.size(), 7u);
+    EXPECT_THAT(Lines(drawn.begin() + 2, drawn.begin() + 6), Each(testing::EndsWith("7f7f7f")));
+    EXPECT_EQ(drawn.back(), "box 50,50,2429,3456 solid1:000000 none");
+}
+
+// Only 1 saves toner.
+TEST(Page, IsBlackForAnyOtherTonerSave)
+{
+    Preview preview;
+    EXPECT_THAT(preview.Draw(A4({
+                    {"dmTonerSave", 2}
+    })),
+                Each(Not(HasSubstr("7f7f7f"))));
+}
+
+struct ZoomRow {
+    int zoom;
+    Lines placed;  // mapping, clip and number
+};
+const ZoomRow ZoomRows[] = {
+    {100, {"map 2480,-3507 to 106,-150 at 12,1", "text 205,50 \"1\" in 50,50,2409,3436"}                     },
+    {50,  {"map 2480,-3507 to 53,-75 at 12,1", "text 205,50 \"1\" in 50,50,2386,3413"}                       },
+    {200, {"map 2480,-3507 to 212,-300 at 12,1", "clip 12,1,116,149", "text 205,50 \"1\" in 50,50,2421,3448"}},
+    {101, {"map 2480,-3507 to 107,-151 at 12,1", "clip 12,1,116,149", "text 205,50 \"1\" in 50,50,2410,3437"}},
+    {1,   {"map 2480,-3507 to 1,-1 at 12,1", "text 2531,50 \"1\" in 50,50,-1,-1"}                            },
+};
+
+TEST(Scaling, GrowsFromTheCornerAndIsCutOffAtTheCell)
+{
+    for (const ZoomRow& row : ZoomRows) {
+        Preview preview;
+        Lines drawn = preview.Draw(A4({
+                                       {"dmFitToPaper", 1       },
+                                       {"dmZoom",       row.zoom}
+        }),
+                                   {"map", "clip", "text"});
+        for (std::string& line : drawn) line = line.substr(0, line.find(" Times"));
+        EXPECT_EQ(drawn, row.placed) << row.zoom;
+    }
+}
+
+TEST(Scaling, CutsEachPageOffAtItsOwnCell)
+{
+    Preview preview;
+    EXPECT_THAT(preview.Draw(A4({
+                                 {"dmFitToPaper", 1  },
+                                 {"dmZoom",       150},
+                                 {"dmNupOn",      1  },
+                                 {"dmNupCount",   4  }
+    }),
+                             {"clip"}),
+                ElementsAre("clip 12,1,65,77", "clip 65,1,118,77", "clip 12,77,65,153", "clip 65,77,118,153"));
+}
+
+TEST(Scaling, IsForItsOwnModeAlone)
+{
+    Preview preview;
+    EXPECT_THAT(preview.Draw(A4({
+                                 {"dmZoom", 200}
+    }),
+                             {"map", "clip"}),
+                ElementsAre("map 2480,-3507 to 106,-150 at 12,1"));
+}
+
+TEST(Frame, BelongsToThePictureThatIsDrawn)
+{
+    Preview quality;
+    quality.Draw(A4());
+    EXPECT_THAT(quality.Frame(),
+                ElementsAre("box 0,0,137,160 solid1:ffffff f0f0f0", "strip 0,0,137,1 a0a0a0", "strip 0,0,1,160 a0a0a0",
+                            "strip 136,0,137,160 ffffff", "strip 0,159,137,160 ffffff", "strip 1,1,136,2 ffffff",
+                            "strip 1,1,2,159 ffffff", "strip 135,1,136,159 f0f0f0", "strip 1,158,136,159 f0f0f0"));
+    for (const int other : {IDC_SETUP_PREVIEW, IDC_PAPER_PREVIEW, IDC_DEVICE_PREVIEW}) {
+        Preview preview(131, 154, other);
+        EXPECT_FALSE(preview.Draw(A4()).empty()) << other;
+        EXPECT_THAT(preview.Frame(), IsEmpty()) << other;
+    }
+}
+
+// A stored size of 100 by 200 mm: 1181 by 2362 dots. Any other stored size is that of Letter, and so is each that
+// cannot be looked up; as the sheet a stored size is never looked up.
+TEST(CustomPaper, IsReadFromThePrinter)
+{
+    Preview preview;
+    preview.StorePaper(testing_support::Entry(260, u"Small", 0, 1000, 2000));
+    EXPECT_THAT(preview.Draw(A4({
+                                 {"dmPaperSize", 260}
+    }),
+                             {"map"}),
+                ElementsAre("map 1181,-2362 to 75,-150 at 28,1"));
+    EXPECT_THAT(preview.Draw(A4({
+                                 {"dmPaperSize", 270}
+    }),
+                             {"map"}),
+                ElementsAre(StartsWith("map 2550,-3300 ")));
+    EXPECT_THAT(preview.Draw(A4({
+                                 {"dmFitToPaper",  2  },
+                                 {"dmOutputPaper", 260}
+    }),
+                             {"box 6"}),
+                ElementsAre("box 6,0,131,77 null 404040", "box 6,0,125,154 null ffffff"));
+
+    testing_support::Machine::Fail("OpenPrinterW");
+    SetLastError(0);
+    EXPECT_THAT(preview.Draw(A4({
+                                 {"dmPaperSize", 260}
+    }),
+                             {"map"}),
+                ElementsAre(StartsWith("map 2550,-3300 ")));
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
+}
+
+// Its own size, 60 by 90 mm, comes with the record.
+TEST(CustomPaper, ComesWithTheRecord)
+{
+    Preview preview;
+    EXPECT_THAT(preview.Draw(A4({
+                                 {"dmPaperSize",   256},
+                                 {"dmPaperWidth",  600},
+                                 {"dmPaperLength", 900}
+    }),
+                             {"map"}),
+                ElementsAre(StartsWith("map 708,-1062 ")));
+}
+
+}  // namespace
+}  // namespace preview_test

@@ -1,0 +1,185 @@
+// Records that no page would write, windows of any size, and every call of the platform failing once at each
+// place. The rig expects that no object is left and that each context is given back as it came.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <random>
+
+#include "platform/seams/environment.h"
+#include "preview_rig.h"
+
+namespace preview_test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+const Fields FourUp = {
+    {"dmNupOn",    1},
+    {"dmNupCount", 4}
+};
+
+struct SizeRow {
+    int width, height;
+    Lines sheet;  // and the mapping of the first page
+};
+const SizeRow SizeRows[] = {
+    {0,      0,     {}                                                                    },
+    {1,      0,     {}                                                                    },
+    {0,      154,   {}                                                                    },
+    {1,      1,     {"box 0,0,0,1 null ffffff"}                                           },
+    {2,      2,     {"box 0,0,1,2 null ffffff"}                                           },
+    {10000,  10,    {"box 4996,0,5003,10 null ffffff", "map 2480,-3507 to 2,-4 at 4997,1"}},
+    {10,     10000, {"box 0,4993,10,5007 null ffffff", "map 2480,-3507 to 4,-6 at 1,4994"}},
+    {100000, 2,     {"box 49999,0,50000,2 null ffffff"}                                   },
+};
+
+TEST(AnySize, IsDrawnAsFarAsThereIsRoom)
+{
+    for (const SizeRow& row : SizeRows) {
+        SCOPED_TRACE(testing::Message() << row.width << " by " << row.height);
+        Preview preview(row.width, row.height);
+        Lines drawn = preview.Draw(Marked({}, FourUp), {"box", "map"});
+        if (drawn.size() > 2) drawn.resize(2);
+        EXPECT_EQ(drawn, row.sheet);
+    }
+}
+
+struct RecordRow {
+    Fields fields;
+    std::size_t pages;
+};
+const RecordRow RecordRows[] = {
+    {{{"dmFitToPaper", 1}, {"dmZoom", 0}},                                  0  },
+    {{{"dmFitToPaper", 1}, {"dmZoom", -100}},                               0  },
+    {{{"dmFitToPaper", 1}, {"dmZoom", -32768}},                             0  },
+    {{{"dmFitToPaper", 1}, {"dmZoom", 32767}},                              1  },
+    {{{"dmNupOn", 1}, {"dmNupCount", 0}},                                   0  },
+    {{{"dmNupOn", 1}, {"dmNupCount", -2}},                                  0  },
+    {{{"dmNupOn", 1}, {"dmNupCount", 12}},                                  12 },
+    {{{"dmNupOn", 1}, {"dmNupCount", 200}},                                 200},
+    {{{"dmNupOn", 2}, {"dmNupCount", 4}},                                   1  },
+    {{{"dmPaperSize", 12345}},                                              1  },
+    {{{"dmPaperSize", -1}},                                                 1  },
+    {{{"dmPaperSize", 300}},                                                1  },
+    {{{"dmBookletPaper", 12345}, {"dmDuplexOn", 1}},                        1  },
+    {{{"dmFitToPaper", 2}, {"dmOutputPaper", 0}},                           1  },
+    {{{"dmFitToPaper", 3}},                                                 1  },
+    {{{"dmOrientation", 0}, {"dmDuplexOn", 1}},                             1  },
+    {{{"dmPrintQuality", -1}, {"dmResolution", -1}, {"dmModelIndex", 99}},  1  },
+ // Metrics of 0: there is nothing to draw.
+    {{{"dmPaperSize", 256}},                                                0  },
+    {{{"dmPaperSize", 256}, {"dmPaperWidth", 1000}},                        0  },
+    {{{"dmFitToPaper", 2}, {"dmOutputPaper", 256}},                         0  },
+    {{{"dmBookletPaper", 256}},                                             0  },
+ // Less than its margins.
+    {{{"dmPaperSize", 256}, {"dmPaperWidth", 20}, {"dmPaperLength", 20}},   1  },
+    {{{"dmPaperSize", 256}, {"dmPaperWidth", 32767}, {"dmPaperLength", 1}}, 0  },
+};
+
+TEST(AnyRecord, IsDrawnOrLeftOut)
+{
+    for (const RecordRow& row : RecordRows) {
+        SCOPED_TRACE(row.fields.back().first + (' ' + std::to_string(row.fields.back().second)));
+        Preview preview;
+        EXPECT_THAT(preview.Draw(A4(row.fields), {"text"}), SizeIs(row.pages));
+    }
+}
+
+TEST(AnyRecord, DrawsNoSheetWithoutMetrics)
+{
+    Preview preview;
+    EXPECT_THAT(preview.Draw(A4({
+                    {"dmPaperSize", 256}
+    })),
+                IsEmpty());
+    EXPECT_FALSE(preview.Frame().empty());
+}
+
+TEST(AnyRecord, MayHaveTextsWithoutTerminator)
+{
+    DriverDevMode record = Marked({
+        {"wmSize", 20}
+    });
+    std::fill(std::begin(record.dmWatermark.wmText), std::end(record.dmWatermark.wmText), u'M');
+    Preview preview;
+    EXPECT_THAT(preview.Draw(record, {"text -"}), SizeIs(1));
+    std::fill(std::begin(record.dmWatermark.wmFaceName), std::end(record.dmWatermark.wmFaceName), u'F');
+    EXPECT_THAT(preview.Draw(record, {"text -"}), IsEmpty());
+}
+
+TEST(AnyRecord, OfRandomBytesIsDrawn)
+{
+    std::mt19937 random(4820);
+    for (int round = 0; round < 100; ++round) {
+        DriverDevMode record = Marked({});
+        auto* bytes = reinterpret_cast<std::uint8_t*>(&record);
+        for (std::size_t k = 0; k < sizeof record; ++k)
+            if (random() % 4 == 0) bytes[k] = static_cast<std::uint8_t>(random());
+        // Else most counts are in the thousands, and few records get as far as a watermark.
+        record.dmNupCount = static_cast<SHORT>(record.dmNupCount % 20);
+        record.dmNupOn &= 1;
+        const DriverDevMode font = Marked({});
+        std::memcpy(record.dmWatermark.wmFaceName, font.dmWatermark.wmFaceName, sizeof font.dmWatermark.wmFaceName);
+        Preview preview(static_cast<int>(random() % 400), static_cast<int>(random() % 400));
+        preview.Draw(record);
+    }
+}
+
+TEST(AnyWindow, MayBeGone)
+{
+    Preview preview;
+    preview.DrawOn(nullptr, A4());
+    EXPECT_EQ(preview.Calls("GetDC"), 0) << "the screen is nobody's picture";
+}
+
+// Records that between them go every way through the drawing.
+std::vector<DriverDevMode> EveryWay()
+{
+    return {
+        Marked({{"wmAngleMode", 2}  },
+        {{"dmNupOn", 1},       {"dmNupCount", 2}, {"dmDuplexOn", 1}}
+        ),
+        Marked({{"wmSize", 8},   {"wmFirstPageOnly", 1}},
+        {}),
+        Marked({    },
+        {{"dmBookletPaper", 9},                     {"dmDuplexOn", 1}}
+        ),
+        Marked({                                     },
+        {{"dmFitToPaper", 2},  {"dmOutputPaper", 11}}
+        ),
+        Marked({                    },
+        {{"dmFitToPaper", 1},     {"dmZoom", 200}}
+        ),
+        A4({{"dmPaperSize", 260}}
+        ),
+    };
+}
+
+TEST(AnyCall, MayFailOnceAtEachPlace)
+{
+    platform::FaultPlan& faults = platform::CurrentEnvironment().faults;
+    for (const DriverDevMode& record : EveryWay()) {
+        Preview preview;
+        faults.CountCalls(true);
+        const Lines whole = preview.Draw(record);
+        const auto calls = faults.Calls();
+        ASSERT_GT(calls.size(), 15u);
+        for (const auto& [function, count] : calls) {
+            for (std::uint64_t call = 1; call <= count; ++call) {
+                SCOPED_TRACE(testing::Message() << function << ", call " << call);
+                faults.Clear();
+                testing_support::Machine::Fail(function.c_str(), call);
+                preview.Draw(record);
+                preview.ExpectAllGivenBack();
+            }
+        }
+        faults.Clear();
+        EXPECT_EQ(preview.Draw(record), whole) << "nothing lasts";
+    }
+}
+
+}  // namespace
+}  // namespace preview_test

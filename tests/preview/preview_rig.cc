@@ -1,0 +1,249 @@
+#include "preview_rig.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/gdi/context.h"
+#include "platform/seams/environment.h"
+#include "platform/user/windows.h"
+#include "preview/page_preview.h"
+#include "settings/options.h"
+#include "spooler/printer_data.h"
+#include "tests/support/records.h"
+
+namespace preview_test {
+
+namespace {
+
+namespace gdi = platform::gdi;
+using testing_support::TraceText;
+
+constexpr int FrameControl = 1069;
+
+std::int64_t Number(const platform::TraceValue& value) { return std::get<std::int64_t>(value.value); }
+
+LONG Arg(const platform::TraceCall& call, std::size_t k) { return static_cast<LONG>(Number(call.args.at(k))); }
+
+std::string Joined(std::initializer_list<std::int64_t> numbers)
+{
+    std::string text;
+    for (const std::int64_t number : numbers) text += (text.empty() ? "" : ",") + std::to_string(number);
+    return text;
+}
+
+std::string Hex(COLORREF color)
+{
+    char text[9];
+    std::snprintf(text, sizeof text, "%06x", color);
+    return text;
+}
+
+std::string PenText(const gdi::Context& context)
+{
+    const gdi::Pen& pen = *context.pen->As<gdi::Pen>();
+    if (pen.style == PS_NULL) return "null";
+    return (pen.style == PS_DOT ? "dot" : "solid") + std::to_string(pen.width) + ":" + Hex(pen.color);
+}
+
+std::string BrushText(const gdi::Context& context)
+{
+    const auto& color = context.brush->As<gdi::Brush>()->color;
+    return color ? Hex(*color) : "none";
+}
+
+std::string FontText(const gdi::Context& context)
+{
+    const LOGFONTW& font = context.font->As<gdi::Font>()->description;
+    std::string text;
+    for (const char16_t* c = font.lfFaceName; *c; ++c) text += static_cast<char>(*c);
+    text += " " + std::to_string(font.lfHeight) + "/" + std::to_string(font.lfWeight);
+    return font.lfEscapement ? text + " turned " + std::to_string(font.lfEscapement) : text;
+}
+
+std::string ClipText(const gdi::Context& context)
+{
+    if (!context.clip) return "clip none";
+    return "clip " + Joined({context.clip->left, context.clip->top, context.clip->right, context.clip->bottom});
+}
+
+// All that a drawing may change and has to put back.
+std::string StateText(const gdi::Context& context)
+{
+    const auto mapping = context.mapping;
+    return PenText(context) + ' ' + BrushText(context) + ' ' + FontText(context) + ' ' + Hex(context.textColor) + ' ' +
+           Hex(context.backgroundColor) + ' ' + ClipText(context) + ' ' +
+           Joined({context.backgroundMode, context.rasterMode, context.textAlign, mapping.Mode(),
+                   mapping.WindowOrigin().x, mapping.WindowOrigin().y, mapping.ViewportOrigin().x,
+                   mapping.ViewportOrigin().y, mapping.WindowExtent().cx, mapping.WindowExtent().cy,
+                   mapping.ViewportExtent().cx, mapping.ViewportExtent().cy});
+}
+
+std::string ShapeText(const platform::TraceCall& call, const gdi::Context& context, POINT from)
+{
+    const std::string_view name = call.function;
+    const auto arg = [&](std::size_t k) { return Arg(call, k); };
+    if (name == "Rectangle")
+        return "box " + Joined({arg(0), arg(1), arg(2), arg(3)}) + ' ' + PenText(context) + ' ' + BrushText(context);
+    if (name == "LineTo") return "line " + Joined({from.x, from.y, arg(0), arg(1)}) + ' ' + PenText(context);
+    if (name == "Arc")
+        return "arc " + Joined({arg(0), arg(1), arg(2), arg(3)}) + " from " + Joined({arg(4), arg(5)}) + " to " +
+               Joined({arg(6), arg(7)}) + ' ' + PenText(context);
+    if (name == "Polygon")
+        return "polygon " + TraceText(call.args.at(0)) + ' ' + PenText(context) + ' ' + BrushText(context);
+    if (name != "ExtTextOutW") return {};
+    const std::string box = TraceText(call.args.at(3)), at = Joined({arg(0), arg(1)});
+    if (arg(2) == ETO_OPAQUE) return "strip " + box.substr(1, box.size() - 2) + ' ' + Hex(context.backgroundColor);
+    return "text " + at + ' ' + TraceText(call.args.at(4)) + (arg(2) == ETO_CLIPPED ? " in " : " near ") +
+           box.substr(1, box.size() - 2) + ' ' + FontText(context) + ' ' + Hex(context.textColor) +
+           (context.textAlign ? " aligned" : "") + (context.backgroundMode == TRANSPARENT ? "" : " opaque");
+}
+
+}  // namespace
+
+DriverDevMode A4(const Fields& fields)
+{
+    DriverDevMode record{};
+    record.dmOrientation = 1;
+    record.dmPaperSize = 9;
+    record.dmPrintQuality = record.dmResolution = 300;
+    record.dmZoom = 100;
+    for (const auto& [name, value] : fields) testing_support::SetField(record, name, value);
+    return record;
+}
+
+DriverDevMode Marked(const Fields& watermark, const Fields& fields)
+{
+    DriverDevMode record = A4(fields);
+    record.dmWatermarkOn = 1;
+    WatermarkRecord& mark = record.dmWatermark;
+    std::u16string_view(u"DRAFT").copy(mark.wmText, 72);
+    std::u16string_view(u"Times New Roman").copy(mark.wmFaceName, 31);
+    mark.wmSize = 72;
+    mark.wmShading = 20;
+    for (const auto& [name, value] : watermark) {
+        const auto field = std::ranges::find(WatermarkFields, std::string_view(name), &RecordField::name);
+        if (field == std::end(WatermarkFields)) throw std::invalid_argument(name);
+        std::memcpy(reinterpret_cast<std::uint8_t*>(&mark) + field->offset, &value, field->width);
+    }
+    return record;
+}
+
+void DrawingLog::Call(const platform::TraceCall& call)
+{
+    ++objects[call.function];
+    if (!std::holds_alternative<std::int64_t>(call.context.value)) return;
+    const std::int64_t number = Number(call.context);
+    const std::string_view name = call.function;
+    if (name == "ReleaseDC") {
+        const Opened& opened = open_[number];
+        if (opened.fresh != opened.now) disturbed.push_back("from " + opened.fresh + " to " + opened.now);
+        return;
+    }
+    const gdi::Context* context = gdi::PeekContext(reinterpret_cast<HDC>(static_cast<std::uintptr_t>(number) << 2 | 1));
+    ASSERT_NE(context, nullptr) << call.function;
+    Opened& opened = open_[number];
+    opened.now = StateText(*context);
+    if (name == "GetDC") opened.fresh = opened.now;
+    if (call.on.kind != platform::TraceOwner::Kind::Control) return;
+    if (name == "SetWindowExtEx") opened.window = {Arg(call, 0), Arg(call, 1)};
+    if (name == "SetViewportExtEx") opened.viewport = {Arg(call, 0), Arg(call, 1)};
+    Shape(call, *context, opened);
+    opened.position = context->position;
+}
+
+void DrawingLog::Shape(const platform::TraceCall& call, const gdi::Context& context, Opened& opened)
+{
+    const std::string shape = ShapeText(call, context, opened.position);
+    if (shape.empty()) return;
+    Lines& lines = drawn[call.on.control];
+    std::string mapped = "map pixels";
+    if (context.mapping.Mode() == MM_ISOTROPIC && opened.window && opened.viewport) {
+        const POINT origin = context.mapping.ViewportOrigin();
+        mapped = "map " + Joined({opened.window->cx, opened.window->cy}) + " to " +
+                 Joined({opened.viewport->cx, opened.viewport->cy}) + " at " + Joined({origin.x, origin.y});
+    }
+    if (mapped != opened.mapped) lines.push_back(opened.mapped = mapped);
+    if (const std::string clipped = ClipText(context); clipped != opened.clipped)
+        lines.push_back(opened.clipped = clipped);
+    lines.push_back(shape);
+}
+
+Preview::Preview(int width, int height, int picture, std::shared_ptr<platform::Surface> surface)
+    : picture_(picture), log_(std::make_shared<DrawingLog>())
+{
+    platform::user::DialogTemplate layout;
+    layout.width = width + 6;
+    layout.height = height + 6;
+    layout.controls.resize(2);
+    layout.controls[0].className = u"Static";
+    layout.controls[0].id = FrameControl;
+    layout.controls[0].style = WS_CHILD | WS_VISIBLE | SS_WHITEFRAME;
+    layout.controls[0].rect = {0, 0, width + 6, height + 6};
+    layout.controls[1].className = u"Button";
+    layout.controls[1].id = picture;
+    layout.controls[1].style = WS_CHILD | WS_VISIBLE | BS_OWNERDRAW;
+    layout.controls[1].rect = {3, 3, 3 + width, 3 + height};
+    dialog_ = platform::user::MakeDialog({}, layout);
+    if (!surface) surface = std::make_shared<platform::RecordingSurface>();
+    platform::user::Get(dialog_)->As<platform::user::DialogState>()->picture = surface;
+    platform::CurrentEnvironment().trace = log_;
+}
+
+Preview::~Preview()
+{
+    ExpectAllGivenBack();
+    platform::user::Destroy(dialog_);
+}
+
+void Preview::ExpectAllGivenBack() const
+{
+    EXPECT_EQ(gdi::ContextCount(), 0u) << "contexts that were not given back";
+    EXPECT_EQ(gdi::ObjectCount(), 0u) << "objects that were not deleted";
+    EXPECT_THAT(log_->disturbed, testing::IsEmpty());
+}
+
+Lines Preview::Draw(const DriverDevMode& record) { return DrawOn(platform::user::Control(dialog_, picture_), record); }
+
+Lines Preview::DrawOn(HWND window, const DriverDevMode& record)
+{
+    DriverDevMode settings = record;
+    log_->drawn.clear();
+    log_->disturbed.clear();
+    log_->objects.clear();
+    DRAWITEMSTRUCT item{};
+    item.CtlType = ODT_BUTTON;
+    item.CtlID = static_cast<UINT>(picture_);
+    item.hwndItem = window;
+    std::u16string_view(testing_support::TestPrinter).copy(PrinterName, PrinterNameChars - 1);
+    CurrentSettings = &settings;
+    DrawPagePreview(dialog_, item);
+    CurrentSettings = nullptr;
+    EXPECT_EQ(std::memcmp(&settings, &record, sizeof record), 0) << "drawing has changed the record";
+    return log_->drawn[picture_];
+}
+
+Lines Preview::Draw(const DriverDevMode& record, const std::vector<std::string>& words)
+{
+    Lines lines = Draw(record);
+    std::erase_if(lines, [&](const std::string& line) {
+        return std::ranges::none_of(words, [&](const std::string& word) { return line.starts_with(word); });
+    });
+    return lines;
+}
+
+void Preview::StorePaper(const CustomPaperEntry& entry)
+{
+    const platform::Bytes bytes = testing_support::BytesOf(entry);
+    const auto size = static_cast<DWORD>(bytes.size());
+    machine_.store->SetValue(testing_support::TestPrinter, u"CustomPaperDataSize", {4, testing_support::BytesOf(size)});
+    machine_.store->SetValue(testing_support::TestPrinter, u"CustomPaperData", {3, bytes});
+}
+
+Lines Preview::Frame() const { return log_->drawn[FrameControl]; }
+
+int Preview::Calls(const char* function) const { return log_->objects[function]; }
+
+}  // namespace preview_test

@@ -1,0 +1,88 @@
+// A dialog with one picture and the frame about it, of any size, and what is drawn on the picture as one line of
+// text a shape: coordinates as the module gives them, with the pen, brush, font and colour that were in force.
+// Where mapping or clip have changed, a line ahead of the shape says so:
+//
+//     box 11,0,119,154 null ffffff
+//     map 2480,-3507 to 106,-150 at 12,1
+//     text 205,50 "1" in 50,50,2409,3436 Times New Roman -1613/400 000000
+//     box 50,50,2429,3456 dot1:000000 none
+//
+// Fonts are the built-in ones: n characters at height h are n * (h / 2) wide and h * 9 / 8 high.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "driver_dev_mode.h"
+#include "platform/seams/trace.h"
+#include "resources/control_numbers.h"
+#include "spooler/stored_records.h"
+#include "tests/support/sheet_driver.h"
+
+namespace platform::gdi {
+struct Context;
+}
+
+namespace preview_test {
+
+using Lines = std::vector<std::string>;
+using Fields = std::vector<std::pair<const char*, int>>;  // by their names in the record
+
+// A page of A4 at 300 dots per inch: 2480 by 3507, with a margin of 50 on each side.
+DriverDevMode A4(const Fields& fields = {});
+// The same with the watermark DRAFT, 72 points, of shading 20; its fields by their names.
+DriverDevMode Marked(const Fields& watermark, const Fields& fields = {});
+
+class DrawingLog : public platform::TraceSink {
+  public:
+    void Call(const platform::TraceCall& call) override;
+
+    std::map<int, Lines> drawn;          // by control
+    Lines disturbed;                     // contexts that were given back in another state than they came in
+    std::map<std::string, int> objects;  // calls by function
+
+  private:
+    struct Opened {
+        std::string fresh, now;  // states
+        std::string mapped = "map pixels", clipped = "clip none";
+        POINT position{};
+        std::optional<SIZE> window, viewport;  // as they were asked for
+    };
+    void Shape(const platform::TraceCall& call, const platform::gdi::Context& context, Opened& opened);
+    std::map<std::int64_t, Opened> open_;
+};
+
+class Preview {
+  public:
+    explicit Preview(int width = 131, int height = 154, int picture = IDC_QUALITY_PREVIEW,
+                     std::shared_ptr<platform::Surface> surface = nullptr);
+    ~Preview();  // expects the same as ExpectAllGivenBack
+    Preview(const Preview&) = delete;
+    Preview& operator=(const Preview&) = delete;
+
+    // What a painting draws on the picture.
+    Lines Draw(const DriverDevMode& record);
+    // Only what begins with one of these words.
+    Lines Draw(const DriverDevMode& record, const std::vector<std::string>& words);
+    // The same for a window of another's.
+    Lines DrawOn(HWND window, const DriverDevMode& record);
+    // What the last painting has drawn on the frame.
+    Lines Frame() const;
+    int Calls(const char* function) const;
+    // All contexts, as they came, and no object alive.
+    void ExpectAllGivenBack() const;
+
+    void StorePaper(const CustomPaperEntry& entry);  // as the printer's only stored size
+
+  private:
+    testing_support::TestMachine machine_;
+    int picture_;
+    HWND dialog_;
+    std::shared_ptr<DrawingLog> log_;
+};
+
+}  // namespace preview_test
