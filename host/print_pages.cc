@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <qpdf/Pl_Discard.hh>
 #include <qpdf/QPDFAcroFormDocumentHelper.hh>
 #include <qpdf/QPDFExc.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
@@ -200,11 +201,19 @@ void PrintedPages::CheckWhole()
 
 // The page's contents as a form, or null for a page without any. One stream is taken over raw; several have to be
 // joined, since what they say may be cut anywhere.
-QPDFObjectHandle PrintedPages::ContentsOf(QPDFObjectHandle page)
+QPDFObjectHandle PrintedPages::ContentsOf(QPDFObjectHandle page, std::size_t number)
 {
     QPDFObjectHandle contents = page.getKey("/Contents");
     if (contents.isArray() && contents.getArrayNItems() == 1) contents = contents.getArrayItem(0);
-    if (contents.isStream()) return contents.copyStream();
+    if (contents.isStream()) {
+        // It goes to the output undecoded, so that nobody else would notice.
+        Pl_Discard nowhere;
+        bool decoded = false;
+        if (!contents.pipeStreamData(&nowhere, &decoded, 0, qpdf_dl_generalized, true))
+            throw std::runtime_error("it is damaged: the contents of page " + std::to_string(number + 1) +
+                                     " cannot be decoded");
+        return contents.copyStream();
+    }
     if (!contents.isArray() || contents.getArrayNItems() == 0) return QPDFObjectHandle::newNull();
     QPDFPageObjectHelper(page).coalesceContentStreams();
     return page.getKey("/Contents");
@@ -244,7 +253,7 @@ void PrintedPages::Lay(std::size_t number, const PaperSheet& sheet, std::size_t 
         QPDFObjectHandle objects = QPDFObjectHandle::newDictionary();
         std::string operators;
         if (!input_.empty()) {
-            if (QPDFObjectHandle form = ContentsOf(page); form.isStream()) {
+            if (QPDFObjectHandle form = ContentsOf(page, number); form.isStream()) {
                 const Box box = VisibleBox(QPDFPageObjectHelper(page), number);
                 MakeForm(form, page, box);
                 objects.replaceKey("/Page", form);

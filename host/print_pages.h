@@ -47,7 +47,7 @@ class PrintedPages {
     auto Guarded(Work work);
     void Open();
     void CheckWhole();
-    QPDFObjectHandle ContentsOf(QPDFObjectHandle page);
+    QPDFObjectHandle ContentsOf(QPDFObjectHandle page, std::size_t number);
     QPDFObjectHandle ContentStream(const std::string& operators);
 
     std::string input_;  // its name; empty: none

@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <functional>
 
 #include "host/errors.h"
@@ -59,6 +62,44 @@ TEST(Files, KeepTheirRightsAndTheirLinks)
     struct stat status;
     ASSERT_EQ(::stat((folder / "f").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0640u);
+}
+
+TEST(PendingFile, LeavesNothingWhenItIsDroppedOrTheProgramEnds)
+{
+    TemporaryFolder folder;
+    Put(folder / "f", "old");
+    {
+        host::PendingFile file(folder / "f");
+        file.Write(Bytes{'n'});
+    }
+    EXPECT_THAT(folder.Names(), ElementsAre("f"));
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            host::PendingFile file(folder / "f");
+            file.Write(Bytes{'n'});
+            ::raise(signal);
+            ::_exit(0);
+        }
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == signal) << signal;
+        EXPECT_THAT(folder.Names(), ElementsAre("f")) << signal;
+    }
+    EXPECT_EQ(Contents(folder / "f"), "old");
+}
+
+TEST(PendingFile, EndsNoLaterWork)
+{
+    TemporaryFolder folder;
+    {
+        host::PendingFile file(folder / "f");
+        file.Commit();
+    }
+    struct sigaction action;
+    ASSERT_EQ(::sigaction(SIGINT, nullptr, &action), 0);
+    EXPECT_EQ(action.sa_handler, SIG_DFL);
+    EXPECT_THAT(folder.Names(), ElementsAre("f"));
 }
 
 TEST(Files, ThatAreDevicesAreWrittenStraight)

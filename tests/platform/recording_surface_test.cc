@@ -50,6 +50,32 @@ TEST(RecordingSurface, TellsEachKindOfCallInOrder)
     EXPECT_THAT(Told(surface), ElementsAre("fill", "line", "rectangle", "polygon", "arc", "text", "image"));
 }
 
+TEST(RecordingSurface, IsTheSameOnlyWithTheSameCalls)
+{
+    const auto text = [](std::u16string words, LONG x, std::optional<RECT> clip = {}) {
+        TextSpec spec;
+        spec.text = std::move(words);
+        spec.origin = {x, 5};
+        spec.clip = clip;
+        return spec;
+    };
+    std::vector<RecordingSurface> different(8);
+    different[1].Text(text(u"A", 5));
+    different[2].Text(text(u"B", 5));
+    different[3].Text(text(u"A", 6));
+    different[4].Text(text(u"A", 5, Whole));
+    different[5].Line({}, {1, 1}, {5, 5});
+    different[6].Line({PS_DASH, 1, 0}, {1, 1}, {5, 5});
+    different[7].SetClip(Whole);
+    different[7].Line({}, {1, 1}, {5, 5});
+    for (std::size_t a = 0; a < different.size(); ++a) {
+        for (std::size_t b = 0; b < different.size(); ++b) {
+            const RecordingSurface copy = different[b];
+            EXPECT_EQ(different[a].Same(copy), a == b) << a << ' ' << b;
+        }
+    }
+}
+
 TEST(RecordingSurface, AnOpaqueCallForgetsWhatItHides)
 {
     RecordingSurface surface;

@@ -297,6 +297,8 @@ INSTANTIATE_TEST_SUITE_P(
                     RefusedRow{"Truncated", MakePdf({{}, {}}).substr(0, 500), "damaged"},
                     RefusedRow{"WithoutItsEnd", MakePdf({{}}).substr(0, MakePdf({{}}).size() - 40), "damaged"},
                     RefusedRow{"WithABrokenPage", Damaged(MakePdf({{}}), "/Type /Page ", "/Type (Pa"), "damaged"},
+                    RefusedRow{"WithAPageThatDoesNotDecode", Damaged(MakePdf({{}, {}}), "stream\nx\x9c", "stream\nxx"),
+                               "contents of page"},
                     RefusedRow{"WithoutPages", MakePdf({}), "no pages"},
                     RefusedRow{"WithoutASize", MakePdf({{}, {"0 0 0 700"}}), "page 2 has no possible size"}),
     [](const auto& row) { return std::string(row.param.name); });
