@@ -27,9 +27,11 @@ constexpr double LargestSide = 1e6;
 
 using Box = QPDFObjectHandle::Rectangle;
 
-// What a damaged or a foreign file says of itself is not always short.
+// What is said of a damaged or a foreign file may quote it: neither always short nor fit for a terminal.
 std::string Brief(std::string text)
 {
+    std::ranges::replace_if(
+        text, [](char c) { return c < ' ' || c > '~'; }, '?');
     constexpr std::size_t Most = 300;
     if (text.size() > Most) text = text.substr(0, Most) + "...";
     return text;
@@ -182,7 +184,8 @@ void PrintedPages::Open()
     CheckWhole();
     QPDFAcroFormDocumentHelper(document_).generateAppearancesIfNeeded();
     pages.flattenAnnotations(an_print, an_invisible | an_hidden | an_no_view);
-    for (const QPDFExc& remark : document_.getWarnings()) remarks_.push_back(input_ + ": " + remark.getMessageDetail());
+    for (const QPDFExc& remark : document_.getWarnings())
+        remarks_.push_back(input_ + ": " + Brief(remark.getMessageDetail()));
     pages_ = document_.getAllPages();
 
     QPDFObjectHandle root = document_.getRoot();
