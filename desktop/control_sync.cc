@@ -56,6 +56,28 @@ void SyncRows(const ListViewState& list, QTreeWidget& tree)
     }
 }
 
+void SyncRows(const TreeState& state, QTreeWidget& tree)
+{
+    QVector<QTreeWidgetItem*> items;
+    for (QTreeWidgetItemIterator item(&tree); *item; ++item) items << *item;
+    bool same = items.size() == qsizetype(state.rows.size());
+    for (qsizetype i = 0; same && i < items.size(); ++i)
+        same = items[i]->text(0) == ToQString(state.rows[std::size_t(i)].text);
+    if (!same) {
+        tree.clear();
+        items.clear();
+        QVector<QTreeWidgetItem*> above;  // the last item of each level
+        for (const TreeState::Row& row : state.rows) {
+            above.resize(std::min(above.size(), qsizetype(std::max(row.level, 0))));
+            const QStringList text{ToQString(row.text)};
+            above << (above.isEmpty() ? new QTreeWidgetItem(&tree, text) : new QTreeWidgetItem(above.last(), text));
+            items << above.last();
+        }
+        tree.expandAll();
+    }
+    if (state.selection >= 0 && state.selection < items.size()) tree.setCurrentItem(items[state.selection]);
+}
+
 void SyncText(const EditState& edit, const std::u16string& text, QLineEdit& field)
 {
     const QString wanted = ToQString(text);
@@ -96,6 +118,7 @@ void SyncWidget(const Window& window, QWidget* widget)
         if (const auto* list = window.As<ListState>()) SyncItems(*list, *box);
     } else if (auto* tree = qobject_cast<QTreeWidget*>(widget)) {
         if (const auto* list = window.As<ListViewState>()) SyncRows(*list, *tree);
+        if (const auto* rows = window.As<TreeState>()) SyncRows(*rows, *tree);
     } else if (auto* field = qobject_cast<QLineEdit*>(widget)) {
         if (const auto* edit = window.As<EditState>()) SyncText(*edit, window.text, *field);
     }

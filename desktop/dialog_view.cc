@@ -105,6 +105,8 @@ QWidget* DialogView::MakeWidget(const Window& window)
             return MakeUpDown(window);
         case Kind::ListView:
             return MakeListView(window);
+        case Kind::TreeView:
+            return MakeTreeView(window);
         default:
             return nullptr;
     }
@@ -207,6 +209,21 @@ QWidget* DialogView::MakeListView(const Window& window)
     return tree;
 }
 
+QWidget* DialogView::MakeTreeView(const Window& window)
+{
+    auto* tree = new QTreeWidget(this);
+    const HWND handle = window.handle;
+    tree->setHeaderHidden(true);
+    tree->setRootIsDecorated(false);  // the layer keeps every row open
+    tree->setItemsExpandable(false);
+    connect(tree, &QTreeWidget::itemClicked, this, [this, handle, tree](QTreeWidgetItem* clicked) {
+        int row = 0;
+        for (QTreeWidgetItemIterator item(tree); *item && *item != clicked; ++item) ++row;
+        act_([handle, row] { SelectRow(handle, row); });
+    });
+    return tree;
+}
+
 void DialogView::Place(const Window& window, QWidget* widget)
 {
     QRect rect(window.rect.left, window.rect.top, window.Width(), window.Height());
@@ -290,7 +307,8 @@ bool DialogView::HandleKey(HWND control, int key)
     const Window* window = Find(control);
     const HWND top = TopWindow();
     if (!window || !top) return false;
-    const bool list = window->kind == Kind::ComboBox || window->kind == Kind::ListBox || window->kind == Kind::ListView;
+    const bool list = window->kind == Kind::ComboBox || window->kind == Kind::ListBox ||
+                      window->kind == Kind::ListView || window->kind == Kind::TreeView;
     const auto press = [&](Key which) {
         act_([top, which] { Press(top, which); });
         return true;

@@ -39,6 +39,7 @@ class DialogView : public QWidget {
     QWidget* MakeListBox(const platform::user::Window& window);
     QWidget* MakeUpDown(const platform::user::Window& window);
     QWidget* MakeListView(const platform::user::Window& window);
+    QWidget* MakeTreeView(const platform::user::Window& window);
     void Place(const platform::user::Window& window, QWidget* widget);
     void LinkLabels();
     bool HandleKey(HWND control, int key);

@@ -54,6 +54,14 @@ void AddListView(const user::ListViewState& list, Json& json)
     json["mark"] = list.mark;
 }
 
+void AddTree(const user::TreeState& tree, Json& json)
+{
+    Json rows = Json::array();
+    for (const user::TreeState::Row& row : tree.rows) rows.push_back(Json::array({Text(row.text)}));
+    json["rows"] = std::move(rows);
+    json["selection"] = tree.selection;
+}
+
 // A combo box shows the text of what is selected in it.
 std::u16string ShownText(const user::Window& window)
 {
@@ -76,6 +84,7 @@ Json DumpControl(const user::Window& window)
     }
     if (const auto* list = window.As<user::ListState>()) AddList(window, *list, json);
     if (const auto* list = window.As<user::ListViewState>()) AddListView(*list, json);
+    if (const auto* tree = window.As<user::TreeState>()) AddTree(*tree, json);
     return json;
 }
 

@@ -16,10 +16,11 @@ namespace {
 using AddCommand = void (*)(CLI::App& program, host::Context& context);
 
 constexpr AddCommand Commands[] = {
-    host::AddPrinterCommand,      host::AddRecordCommand,  host::AddDocumentPropertiesCommand,
-    host::AddCapabilitiesCommand, host::AddConvertCommand, host::AddCanPrintCommand,
-    host::AddUpgradeCommand,      host::AddEventCommand,   host::AddSheetCommand,
-    host::AddSnapshotsCommand,    host::AddPrintCommand,   host::AddDocumentEventCommand,
+    host::AddPrinterCommand,       host::AddRecordCommand,    host::AddDocumentPropertiesCommand,
+    host::AddCapabilitiesCommand,  host::AddConvertCommand,   host::AddCanPrintCommand,
+    host::AddUpgradeCommand,       host::AddEventCommand,     host::AddSheetCommand,
+    host::AddDeviceSheetCommand,   host::AddSnapshotsCommand, host::AddPrintCommand,
+    host::AddDocumentEventCommand,
 };
 
 constexpr char About[] =

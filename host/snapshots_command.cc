@@ -38,6 +38,8 @@ constexpr Picture Pictures[] = {
     {"nup-style-vertical", "page \"Setup\"\nchoose IDC_NUP \"4-up\"\nclick IDC_NUP_STYLE\nclick IDC_VERT_DESCENDING\n"},
     {"paper",              "page \"Paper\"\n"                                                                         },
     {"quality",            "page \"Quality\"\n"                                                                       },
+    {"device-options",     "page \"Device Options Setting\"\n"                                                        },
+    {"about",              "page \"Device Options Setting\"\nclick IDC_ABOUT\n"                                       },
 };
 
 struct Options {

@@ -1,37 +1,12 @@
 #include "settings/defaults.h"
 
-#include <algorithm>
-#include <array>
-#include <string>
-
-#include "platform/registry.h"
 #include "settings/lengths.h"
 #include "settings/model_tables.h"
-#include "settings/narrow_number.h"
+#include "settings/tray2_value.h"
 #include "settings/user_locale.h"
 #include "settings/wide_text.h"
 
 namespace {
-
-constexpr std::u16string_view PrintersKey = u"SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\";
-constexpr std::u16string_view DataSubkey = u"\\PrinterDriverData";
-
-// The state that the device sheet keeps in the printer's key, a number of up to four bytes of text.
-bool Tray2IsInstalled(const WCHAR* printerName)
-{
-    std::array<CHAR, 4> text = {'0'};
-    std::u16string path(PrintersKey);
-    path.append(printerName).append(DataSubkey);
-    HKEY key = nullptr;
-    if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_ALL_ACCESS, &key) == 0) {
-        DWORD bytes = text.size();
-        RegQueryValueExW(key, u"tray2", nullptr, nullptr, reinterpret_cast<BYTE*>(text.data()), &bytes);
-        RegCloseKey(key);
-    }
-    const auto end = std::find(text.begin(), text.end(), '\0');
-    const int number = DecimalNumber(std::string_view(text.data(), static_cast<std::size_t>(end - text.begin())));
-    return (number & 0xFFFF) != 0;
-}
 
 void SetPublicPart(DriverDevMode& record, const ModelEntry& model)
 {
@@ -101,6 +76,6 @@ int BuildDefaultSettings(DriverDevMode* record, const WCHAR* deviceName, const W
     SetPublicPart(*record, model);
     SetPrivateSection(*record, model);
     record->dmModelIndex = static_cast<SHORT>(modelIndex);
-    if (Tray2IsInstalled(printerName)) record->dmDeviceFlags |= Tray2Flag;
+    if (ReadTray2(printerName)) record->dmDeviceFlags |= Tray2Flag;
     return 1;
 }

@@ -4,6 +4,7 @@
 
 #include "boundary.h"
 #include "module.h"
+#include "pages/device_options_page.h"
 #include "pages/paper_page.h"
 #include "pages/quality_page.h"
 #include "pages/setup_page.h"
@@ -20,9 +21,10 @@ UiContext* ParkedContexts = nullptr;
 namespace {
 
 constexpr SheetPageRow Pages[] = {
-    {IDD_SETUP,   PageLayout_DlgProc},
-    {IDD_PAPER,   Paper_DlgProc     },
-    {IDD_QUALITY, Quality_DlgProc   },
+    {IDD_SETUP,          PageLayout_DlgProc  },
+    {IDD_PAPER,          Paper_DlgProc       },
+    {IDD_QUALITY,        Quality_DlgProc     },
+    {IDD_DEVICE_OPTIONS, DeviceOption_DlgProc},
 };
 static_assert(std::size(Pages) <= MostDocumentPages);
 

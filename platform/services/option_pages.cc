@@ -23,10 +23,11 @@ constexpr ServiceString ServiceStrings[] = {
 };
 
 constexpr char16_t PageTitle[] = u"Device Settings";
-constexpr int FirstButton = 100;  // number of the first option's button; the others follow
+constexpr int Tree = 99, Button = 100, Frame = 101;
 
 // Pixels.
-constexpr int PageWidth = 378, PageHeight = 300, Margin = 11, LineHeight = 23, LineStep = 30, ButtonLeft = 220;
+constexpr int PageWidth = 378, PageHeight = 177;
+constexpr RECT TreePlace = {11, 11, 367, 101}, FramePlace = {11, 111, 367, 166}, ButtonPlace = {22, 132, 120, 155};
 
 std::u16string TextOf(const WCHAR* text)
 {
@@ -42,7 +43,8 @@ bool IsOffered(const OPTITEM& item)
            item.pOptType->pOptParam;
 }
 
-user::DialogTemplate Layout(const COMPROPSHEETUI& sheet)
+// A tree with every option, and a frame with the button of the selected one.
+user::DialogTemplate Layout()
 {
     user::DialogTemplate layout;
     layout.title = PageTitle;
@@ -51,19 +53,37 @@ user::DialogTemplate Layout(const COMPROPSHEETUI& sheet)
     layout.height = PageHeight;
     layout.font = u"MS Shell Dlg";
     layout.pointSize = 8;
-    int top = Margin;
-    const auto place = [&](int left, int right) { return RECT{left, top, right, top + LineHeight}; };
     const DWORD visible = WS_CHILD | WS_VISIBLE;
+    layout.controls.push_back({u"SysTreeView32", u"", 0, Tree, visible | WS_TABSTOP, 0, TreePlace});
+    layout.controls.push_back({u"Button", u"", 0, Frame, visible | BS_GROUPBOX, 0, FramePlace});
     layout.controls.push_back(
-        {u"Static", TextOf(sheet.pOptItemName), 0, -1, visible, 0, place(Margin, PageWidth - Margin)});
-    for (int i = 0; i < sheet.cOptItem; ++i) {
-        top += LineStep;
-        const std::u16string name = TextOf(sheet.pOptItem[i].pName);
-        layout.controls.push_back({u"Static", name + u":", 0, -1, visible, 0, place(2 * Margin, ButtonLeft)});
-        layout.controls.push_back({u"Button", u"Show...", 0, FirstButton + i, visible | WS_TABSTOP | BS_PUSHBUTTON, 0,
-                                   place(ButtonLeft, PageWidth - Margin)});
-    }
+        {u"Button", u"&Show...", 0, Button, visible | WS_TABSTOP | BS_PUSHBUTTON, 0, ButtonPlace});
     return layout;
+}
+
+// The caller's name for the options is the root of the tree.
+void FillTree(const COMPROPSHEETUI& sheet, HWND page)
+{
+    const HWND tree = user::Control(page, Tree);
+    user::AppendTreeRow(tree, TextOf(sheet.pOptItemName), 0);
+    for (int i = 0; i < sheet.cOptItem; ++i)
+        user::AppendTreeRow(tree, TextOf(sheet.pOptItem[i].pName), std::max<int>(sheet.pOptItem[i].Level, 1));
+    user::SelectTreeRow(tree, 1);
+}
+
+// Null while the root is selected.
+OPTITEM* SelectedItem(const COMPROPSHEETUI& sheet, HWND page)
+{
+    const user::Window* tree = user::Find(user::Control(page, Tree));
+    const int place = tree->As<user::TreeState>()->selection - 1;
+    return place >= 0 && place < sheet.cOptItem ? &sheet.pOptItem[place] : nullptr;
+}
+
+void ShowSelection(const COMPROPSHEETUI& sheet, HWND page)
+{
+    const OPTITEM* item = SelectedItem(sheet, page);
+    user::SetText(user::Control(page, Frame), item ? TextOf(item->pName) : std::u16string());
+    user::Enable(user::Control(page, Button), item != nullptr);
 }
 
 void Call(const COMPROPSHEETUI& sheet, HWND page, WORD reason, OPTITEM* item)
@@ -104,13 +124,12 @@ void ShowAdjustment(HWND page, const OPTITEM& item)
     CurrentEnvironment().desktop->MessageBox({page, text, TextOf(item.pName), MB_OK | MB_ICONINFORMATION});
 }
 
-void OnButton(const COMPROPSHEETUI& sheet, HWND page, int number)
+void OnButton(const COMPROPSHEETUI& sheet, HWND page)
 {
-    const int place = number - FirstButton;
-    if (place < 0 || place >= sheet.cOptItem) return;
-    OPTITEM& item = sheet.pOptItem[place];
-    if (item.Flags & OPTIF_CALLBACK) Call(sheet, page, CPSUICB_REASON_PUSHBUTTON, &item);
-    ShowAdjustment(page, item);
+    OPTITEM* item = SelectedItem(sheet, page);
+    if (!item) return;
+    if (item->Flags & OPTIF_CALLBACK) Call(sheet, page, CPSUICB_REASON_PUSHBUTTON, item);
+    ShowAdjustment(page, *item);
 }
 
 INT_PTR OptionPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
@@ -118,19 +137,18 @@ INT_PTR OptionPageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
     user::Window* window = user::Get(page);
     user::DialogState* state = window ? window->As<user::DialogState>() : nullptr;
     if (!state) return FALSE;
-    if (message == WM_INITDIALOG) {
-        state->user = lParam;
-        return FALSE;
-    }
+    if (message == WM_INITDIALOG) state->user = lParam;
     const auto* sheet = reinterpret_cast<const COMPROPSHEETUI*>(state->user);
     if (!sheet) return FALSE;
-    if (message == WM_COMMAND && HighWord(wParam) == BN_CLICKED) {
-        OnButton(*sheet, page, LowWord(wParam));
+    if (message == WM_INITDIALOG) FillTree(*sheet, page);
+    if (message == WM_COMMAND && LowWord(wParam) == Button && HighWord(wParam) == BN_CLICKED) {
+        OnButton(*sheet, page);
         return TRUE;
     }
-    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == PSN_APPLY) {
-        Call(*sheet, page, CPSUICB_REASON_APPLYNOW, sheet->pOptItem);
-    }
+    if (message != WM_NOTIFY) return FALSE;
+    const UINT code = reinterpret_cast<const NMHDR*>(lParam)->code;
+    if (code == TVN_SELCHANGEDW) ShowSelection(*sheet, page);
+    if (code == PSN_APPLY) Call(*sheet, page, CPSUICB_REASON_APPLYNOW, sheet->pOptItem);
     return FALSE;
 }
 
@@ -139,8 +157,7 @@ controls::SheetPagePlan PlanOptions(const COMPROPSHEETUI& sheet)
     controls::SheetPagePlan plan;
     plan.title = PageTitle;
     plan.make = [copy = std::make_shared<COMPROPSHEETUI>(sheet)](HWND window) {
-        return user::MakeDialog({nullptr, 0, window, OptionPageProc, reinterpret_cast<LPARAM>(copy.get())},
-                                Layout(*copy));
+        return user::MakeDialog({nullptr, 0, window, OptionPageProc, reinterpret_cast<LPARAM>(copy.get())}, Layout());
     };
     return plan;
 }

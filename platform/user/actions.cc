@@ -32,15 +32,20 @@ Outcome Check(HWND control, bool (*suits)(const Window&))
     return suits(*Find(control)) ? Outcome::Done : Outcome::Unsuited;
 }
 
-bool IsClickable(const Window& window)
-{
-    return (window.kind == Kind::Button || window.kind == Kind::TreeView) && TakesFocus(window);
-}
+bool IsClickable(const Window& window) { return window.kind == Kind::Button && TakesFocus(window); }
 bool IsList(const Window& window) { return window.As<ListState>() != nullptr; }
-bool IsListView(const Window& window) { return window.As<ListViewState>() != nullptr; }
+bool HasRows(const Window& window)
+{
+    return window.As<ListViewState>() != nullptr || window.As<TreeState>() != nullptr;
+}
 bool IsUpDown(const Window& window) { return window.As<UpDownState>() != nullptr; }
 bool IsEdit(const Window& window) { return window.As<EditState>() != nullptr; }
 
+std::size_t RowCount(const Window& view)
+{
+    const TreeState* tree = view.As<TreeState>();
+    return tree ? tree->rows.size() : view.As<ListViewState>()->rows.size();
+}
 bool HasRow(std::size_t rows, int row) { return row >= 0 && static_cast<std::size_t>(row) < rows; }
 
 Outcome ApproachEdit(HWND edit)
@@ -89,14 +94,17 @@ Outcome Pick(HWND list, int row)
     return Outcome::Done;
 }
 
-Outcome SelectRow(HWND listView, int row)
+Outcome SelectRow(HWND view, int row)
 {
-    if (const Outcome outcome = Check(listView, IsListView); outcome != Outcome::Done) return outcome;
-    if (!HasRow(Find(listView)->As<ListViewState>()->rows.size(), row)) return Outcome::NoRow;
+    if (const Outcome outcome = Check(view, HasRows); outcome != Outcome::Done) return outcome;
+    if (!HasRow(RowCount(*Find(view)), row)) return Outcome::NoRow;
     Painted painted;
-    if (const Outcome outcome = Approach(listView); outcome != Outcome::Done) return outcome;
-    if (!HasRow(Find(listView)->As<ListViewState>()->rows.size(), row)) return Outcome::NoRow;
-    PickRow(listView, row);
+    if (const Outcome outcome = Approach(view); outcome != Outcome::Done) return outcome;
+    if (!HasRow(RowCount(*Find(view)), row)) return Outcome::NoRow;
+    if (Find(view)->kind == Kind::TreeView)
+        SelectTreeRow(view, row);
+    else
+        PickRow(view, row);
     return Outcome::Done;
 }
 

@@ -24,8 +24,8 @@ enum class SheetButton { Ok, Cancel, Apply, Help };
 
 QD_API Outcome Focus(HWND control);
 QD_API Outcome Click(HWND button);
-QD_API Outcome Pick(HWND list, int row);  // combo box or list box
-QD_API Outcome SelectRow(HWND listView, int row);
+QD_API Outcome Pick(HWND list, int row);                     // combo box or list box
+QD_API Outcome SelectRow(HWND view, int row);                // list view or tree view
 QD_API Outcome Type(HWND edit, std::u16string_view text);    // over what is there, character by character
 QD_API Outcome Append(HWND edit, std::u16string_view text);  // at the end, character by character
 QD_API Outcome Paste(HWND edit, std::u16string_view text);   // over what is there, one change notice

@@ -131,6 +131,12 @@ Outcome Arrow(HWND dialog, Key key)
             if (row != state.mark) PickRow(control, row);
             return Outcome::Done;
         }
+        case Kind::TreeView: {
+            if (key == Key::Left || key == Key::Right) return Outcome::Done;
+            const TreeState& state = *focus->As<TreeState>();
+            SelectTreeRow(control, next(state.selection, state.rows.size()));
+            return Outcome::Done;
+        }
         case Kind::Button: {
             const HWND neighbour = Neighbour(*focus, back);
             if (!neighbour) return Outcome::Done;

@@ -58,8 +58,12 @@ struct ListViewState {
     DWORD extendedStyle = 0;
 };
 struct TreeState {  // the option tree of the common property sheet
-    std::u16string caption;
-    std::u16string pushButton;
+    struct Row {
+        std::u16string text;
+        int level = 0;  // 0: at the root; a row lies below the last one before it of a lower level
+    };
+    std::vector<Row> rows;
+    int selection = -1;
 };
 struct DialogState {
     HMODULE module = nullptr;  // where its template, and the pictures of its controls, come from

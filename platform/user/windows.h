@@ -65,6 +65,8 @@ QD_API void SetText(HWND window, std::u16string_view text);  // an edit sends it
 QD_API void Invalidate(HWND window, bool erase);             // a dialog: with all its controls
 QD_API void Changed(HWND window);                            // only tells the desktop
 QD_API void AppendItem(HWND list, std::u16string_view text, LPARAM data);
+QD_API void AppendTreeRow(HWND tree, std::u16string_view text, int level);
+QD_API void SelectTreeRow(HWND tree, int row);  // the dialog hears of a new selection
 QD_API void SetCheck(HWND button, UINT check);
 
 // Focus. The field that had it gets its kill-focus notice; null takes it away. Giving it to a dialog or

@@ -11,7 +11,7 @@ using testing::IsEmpty;
 using user::Outcome;
 using user::SheetButton;
 
-constexpr int ShowButton = 100;  // of the first option
+constexpr int OptionTree = 99, ShowButton = 100;
 
 // A device sheet with one option, as a module describes it, and what the service asked of it.
 struct Caller {

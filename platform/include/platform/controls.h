@@ -35,6 +35,9 @@ inline constexpr DWORD LVS_SHOWSELALWAYS = 0x0008;
 inline constexpr DWORD LVS_EX_FULLROWSELECT = 0x20;
 inline constexpr UINT LVN_ITEMCHANGED = static_cast<UINT>(-101);
 
+// Tree view.
+inline constexpr UINT TVN_SELCHANGEDW = static_cast<UINT>(-451);
+
 struct LVITEMW {
     UINT mask;
     int iItem;
