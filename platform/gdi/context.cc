@@ -2,8 +2,10 @@
 
 #include <map>
 
+#include "platform/gdi/system_colors.h"
 #include "platform/gdi/window_area.h"
 #include "platform/kernel/last_error.h"
+#include "platform/user.h"
 #include "platform/user/windows.h"
 
 namespace platform::gdi {
@@ -106,6 +108,7 @@ HDC OpenContext(HWND window)
     auto context = std::make_unique<Context>(ContextKind::Window, Device{});
     context->window = window;
     context->control = *control;
+    context->textColor = SystemColor(COLOR_BTNTEXT);  // readable on a dark desktop too
     return AddContext(std::move(context));
 }
 

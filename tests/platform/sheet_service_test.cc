@@ -202,6 +202,31 @@ TEST_F(SheetService, TellsTheCallbackOfTheButtonAndOfApply)
     EXPECT_NE(desktop_->boxes[0].text.find(u"Blue gamma 2.5000"), std::u16string::npos);
 }
 
+TEST_F(SheetService, ShowsTheOptionsAsATreeAndServesTheSelectedOne)
+{
+    std::vector<std::pair<std::u16string, int>> rows;
+    Run([&](HWND sheet) {
+        const HWND page = user::DialogOf(sheet), tree = user::Control(page, OptionTree);
+        const auto selection = [&] { return user::Find(tree)->As<user::TreeState>()->selection; };
+        const auto button = [&] { return user::Find(user::Control(page, ShowButton))->enabled; };
+        for (const auto& row : user::Find(tree)->As<user::TreeState>()->rows) rows.emplace_back(row.text, row.level);
+        EXPECT_EQ(selection(), 1);
+        EXPECT_TRUE(button());
+        EXPECT_EQ(user::SelectRow(tree, 2), Outcome::NoRow);
+        EXPECT_EQ(user::SelectRow(tree, 0), Outcome::Done);
+        EXPECT_FALSE(button());
+        user::Press(sheet, user::Key::Up);
+        EXPECT_EQ(selection(), 0);
+        user::Press(sheet, user::Key::Down);
+        user::Press(sheet, user::Key::Down);
+        EXPECT_EQ(selection(), 1);
+        user::Press(sheet, user::Key::Tab);
+        user::Press(sheet, user::Key::Space);
+    });
+    EXPECT_THAT(rows, ElementsAre(std::pair{u"A driver", 0}, std::pair{u"Halftone Color Adjustment", 1}));
+    EXPECT_THAT(caller_.callbacks, ElementsAre(CPSUICB_REASON_PUSHBUTTON));
+}
+
 TEST_F(SheetService, TellsTheCallbackNothingOnCancel)
 {
     Run([](HWND sheet) { user::PressButton(sheet, SheetButton::Cancel); });
