@@ -26,8 +26,8 @@ constexpr char16_t PageTitle[] = u"Device Settings";
 constexpr int Tree = 99, Button = 100, Frame = 101;
 
 // Pixels.
-constexpr int PageWidth = 378, PageHeight = 186;
-constexpr RECT TreePlace = {11, 11, 367, 101}, FramePlace = {11, 111, 367, 175}, ButtonPlace = {22, 141, 120, 164};
+constexpr int PageWidth = 399, PageHeight = 186;
+constexpr RECT TreePlace = {11, 11, 388, 101}, FramePlace = {11, 111, 388, 175}, ButtonPlace = {22, 141, 120, 164};
 
 std::u16string TextOf(const WCHAR* text)
 {

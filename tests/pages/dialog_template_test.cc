@@ -75,6 +75,13 @@ char16_t Mnemonic(std::u16string_view text)
     return 0;
 }
 
+int LongestLine(std::u16string_view text)
+{
+    const std::size_t end = text.find(u'\n');
+    if (end == text.npos) return static_cast<int>(text.size());
+    return std::max(static_cast<int>(end), LongestLine(text.substr(end + 1)));
+}
+
 std::string NameOf(const ControlTemplate& control)
 {
     return std::to_string(control.id) + " \"" + platform::ToUtf8(control.text) + '"';
@@ -106,7 +113,7 @@ TEST(DialogTemplates, StandUnderTheirNumbers)
     std::vector<int> numbers;
     for (const Dialog& dialog : Dialogs()) numbers.push_back(dialog.number);
     EXPECT_EQ(numbers, (std::vector{IDD_SETUP, IDD_NUP_STYLE, IDD_QUALITY, IDD_PAPER, IDD_CUSTOM_PAPER,
-                                    IDD_OVERLAY_LIST, IDD_OVERLAY_EDIT}));
+                                    IDD_DEVICE_OPTIONS, DLG_ABOUT, IDD_OVERLAY_LIST, IDD_OVERLAY_EDIT}));
 }
 
 TEST(DialogTemplates, KeepTheirControlsInside)
@@ -152,7 +159,7 @@ TEST(DialogTemplates, LeadFromLabelsToControls)
     for (const auto& [number, layout] : Dialogs()) {
         for (std::size_t i = 0; i < layout.controls.size(); ++i) {
             const ControlTemplate& label = layout.controls[i];
-            if (!Mnemonic(label.text) || TakesFocus(label)) continue;
+            if (!Mnemonic(label.text) || TakesFocus(label) || IsButton(label, BS_AUTOCHECKBOX)) continue;
             std::size_t next = i + 1;
             while (next < layout.controls.size() && IsStatic(layout.controls[next], SS_ICON)) ++next;
             EXPECT_TRUE(next < layout.controls.size() && TakesFocus(layout.controls[next]))
@@ -166,7 +173,7 @@ TEST(DialogTemplates, GiveTextsRoom)
     for (const auto& [number, layout] : Dialogs()) {
         for (const ControlTemplate& control : layout.controls) {
             if (control.text.empty() || IsA(control, u"ComboBox")) continue;
-            const int characters = static_cast<int>(control.text.size()) - (Mnemonic(control.text) ? 1 : 0);
+            const int characters = LongestLine(control.text) - (Mnemonic(control.text) ? 1 : 0);
             int room = control.rect.right - control.rect.left;
             if (IsRadio(control) || IsButton(control, BS_AUTOCHECKBOX)) room -= CheckMarkWidth;
             if (IsButton(control, BS_PUSHBUTTON) || IsButton(control, BS_GROUPBOX)) room -= 2 * ButtonMargin;

@@ -87,14 +87,30 @@ constexpr ControlHelp PaperHelp[] = {
     {IDC_SHIFT_UNIT,           1217},
 };
 
+constexpr ControlHelp DeviceHelp[] = {
+    {IDC_EASY_SET,              1111},
+    {IDC_DEFAULT,               1111},
+    {IDC_DEVICE_FRAME,          1112},
+    {IDC_DEVICE_PREVIEW,        1112},
+    {IDC_DEVICE_PAGE_LAYOUT,    1112},
+    {IDC_DEVICE_PRINTER_FIGURE, 1112},
+    {IDC_DEVICE_OPTIONS_GROUP,  1407},
+    {IDC_TRAY2,                 1407},
+    {IDC_TOTAL_MEMORY,          1408},
+    {IDC_TOTAL_MEMORY_LABEL,    1408},
+    {IDC_TOTAL_MEMORY_UNIT,     1408},
+    {IDC_ABOUT,                 5315},
+};
+
 struct PageHelpRow {
     const char16_t* title;
     DWORD context;
     std::span<const ControlHelp> controls;
 };
 constexpr PageHelpRow PageRows[] = {
-    {u"Paper",   1201, PaperHelp  },
-    {u"Quality", 1301, QualityHelp},
+    {u"Paper",                  1201, PaperHelp  },
+    {u"Quality",                1301, QualityHelp},
+    {u"Device Options Setting", 1401, DeviceHelp },
 };
 
 bool IsHelpFile(const std::u16string& file) { return file.ends_with(u"\\3\\4820drv.HLP") && file.size() > 14; }

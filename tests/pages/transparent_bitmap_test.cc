@@ -4,8 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "module.h"
-#include "platform/gdi/context.h"
-#include "platform/gdi/objects.h"
+#include "platform/gdi/job.h"
 #include "platform/seams/environment.h"
 #include "platform/user.h"
 #include "resources/control_numbers.h"
@@ -63,10 +62,7 @@ class TransparentBitmap : public testing::Test {
         for (HDC context : {target, original}) DeleteDC(context);
         for (HBITMAP used : {bitmap, picture}) DeleteObject(used);
     }
-    static void Face(COLORREF face)
-    {
-        platform::CurrentEnvironment().desktop = std::make_shared<Colored>(face);
-    }
+    static void Face(COLORREF face) { platform::CurrentEnvironment().desktop = std::make_shared<Colored>(face); }
 
     // Compares every pixel; times: how often each pixel of the picture repeats.
     void ExpectPicture(int times, const std::function<COLORREF(int x, int y)>& background)

@@ -38,11 +38,10 @@ TEST(DeviceSheetCommand, TellsOkFromCancelAndWritesTray2ForBoth)
 TEST(DeviceSheetCommand, PlaysTheOptionAndAbout)
 {
     Program run;
-    const Result result = run(DeviceSheet({"--strict"}),
-                              "choose 99 0 # no list\n");
+    const Result result = run(DeviceSheet({"--strict"}), "choose 99 0 # no list\n");
     EXPECT_EQ(result.status, 3);
-    const Result played = run(DeviceSheet({"--strict"}),
-                              "click 100\nanswer ok\nrow 99 0\ndump\npage \"About\"\ndump\nrecord\nok");
+    const Result played =
+        run(DeviceSheet({"--strict"}), "click 100\nanswer ok\nrow 99 0\ndump\npage \"About\"\ndump\nrecord\nok");
     EXPECT_EQ(played.status, 0) << played.err;
     EXPECT_THAT(played.out, HasSubstr("{\"message\": {\"caption\": \"Halftone Color Adjustment\""));
     EXPECT_THAT(played.out, HasSubstr("\"rows\": [[\"Ordana Quillet 4820E\"], [\"Halftone Color Adjustment\"]], "

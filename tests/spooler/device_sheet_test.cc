@@ -87,16 +87,16 @@ struct Tray2Row {
 };
 
 const Tray2Row Tray2Rows[] = {
-    {"none",                  std::nullopt,                                          false},
-    {"wide 1",                StoredValue{REG_BINARY, {'1', 0, 0, 0}},               true },
-    {"wide 0",                StoredValue{REG_BINARY, {'0', 0, 0, 0}},               false},
-    {"one byte",              StoredValue{REG_BINARY, {'1'}},                        true },
-    {"no bytes",              StoredValue{REG_BINARY, {}},                           false},
-    {"four digits",           StoredValue{REG_BINARY, {'0', '0', '1', '0'}},         true },
-    {"below zero",            StoredValue{REG_BINARY, {'-', '1'}},                   true },
-    {"more than four bytes",  StoredValue{REG_BINARY, {'1', 0, 0, 0, 0}},            false},
-    {"text of another type",  StoredValue{1, {'1', 0, 0, 0}},                        true },
-    {"number of another type", StoredValue{REG_DWORD, {1, 0, 0, 0}},                 false},
+    {"none",                   std::nullopt,                                  false},
+    {"wide 1",                 StoredValue{REG_BINARY, {'1', 0, 0, 0}},       true },
+    {"wide 0",                 StoredValue{REG_BINARY, {'0', 0, 0, 0}},       false},
+    {"one byte",               StoredValue{REG_BINARY, {'1'}},                true },
+    {"no bytes",               StoredValue{REG_BINARY, {}},                   false},
+    {"four digits",            StoredValue{REG_BINARY, {'0', '0', '1', '0'}}, true },
+    {"below zero",             StoredValue{REG_BINARY, {'-', '1'}},           true },
+    {"more than four bytes",   StoredValue{REG_BINARY, {'1', 0, 0, 0, 0}},    false},
+    {"text of another type",   StoredValue{1, {'1', 0, 0, 0}},                true },
+    {"number of another type", StoredValue{REG_DWORD, {1, 0, 0, 0}},          false},
 };
 
 TEST_F(DeviceSheet, ReadsTray2AndWritesItBackForEveryResult)
@@ -211,7 +211,10 @@ struct PermissionRow {
 
 TEST_F(DeviceSheet, StoresThePrinterDataOnOkForThoseWhoMay)
 {
-    for (const PermissionRow& row : {PermissionRow{DPS_NOPERMISSION, false}, PermissionRow{0, true}}) {
+    for (const PermissionRow& row : {
+             PermissionRow{DPS_NOPERMISSION, false},
+             PermissionRow{0,                true }
+    }) {
         header.Flags = row.flags;
         Play([](HWND sheet) {
             EXPECT_EQ(user::Click(user::Control(user::DialogOf(sheet), ShowButton)), user::Outcome::Done);
@@ -286,8 +289,7 @@ TEST_F(DeviceSheetPhases, DescribeTheSheet)
     const OPTTYPE& type = *item.pOptType;
     EXPECT_THAT((std::vector<DWORD_PTR>{type.cbSize, type.Type, type.Count}), ElementsAre(sizeof type, 8, 1));
     const OPTPARAM& param = *type.pOptParam;
-    EXPECT_THAT((std::vector<DWORD_PTR>{param.cbSize, param.Style, param.IconID}),
-                ElementsAre(sizeof param, 2, 64047));
+    EXPECT_THAT((std::vector<DWORD_PTR>{param.cbSize, param.Style, param.IconID}), ElementsAre(sizeof param, 2, 64047));
     WORD adjustment[12];
     std::memcpy(adjustment, param.pData, sizeof adjustment);
     EXPECT_THAT(adjustment, ElementsAre(24, 0, 0, 10000, 10000, 10000, 0, 10000, 0, 0, 0, 0));
@@ -392,14 +394,13 @@ TEST_F(DeviceSheet, PrinterPropertiesTestsTheRightsAndSaysHowItEnded)
     };
     StoreTray2({REG_BINARY, Installed});
     for (const PropertiesRow& row : rows) {
-        for (const char16_t* value : {u"Permission", u"PrinterData"})
-            machine.store->DeleteValue(OfficePrinter, value);
+        for (const char16_t* value : {u"Permission", u"PrinterData"}) machine.store->DeleteValue(OfficePrinter, value);
         platform::CurrentEnvironment().faults.Clear();
         if (row.fault) Machine::Fail(row.fault);
         Play([&](HWND sheet) { user::PressButton(sheet, row.button); });
         EXPECT_EQ(PrinterProperties(nullptr, printer) != FALSE, row.answer);
         EXPECT_EQ(!Stored(u"PrinterData").empty(), row.stores);
-        const bool refused = row.fault == std::string("SetPrinterDataW");
+        const bool refused = row.fault && std::string_view(row.fault) == "SetPrinterDataW";
         EXPECT_EQ(machine.store->Value(OfficePrinter, u"Permission"),
                   refused ? std::nullopt : std::optional(StoredValue{REG_DWORD, LittleEndian(1)}));
     }

@@ -20,6 +20,7 @@
 namespace {
 
 constexpr char16_t Printer[] = u"Ordana Quillet 4820E";
+constexpr int OptionTree = 99, OptionButton = 100;  // of the option page of the common sheet
 
 // What the user does goes through the X server, from a thread of its own, while the windows run.
 class User {
@@ -58,6 +59,22 @@ class User {
                     for (int tab = 0; tab < bar->count(); ++tab)
                         if (bar->tabText(tab) == title) return bar->mapToGlobal(bar->tabRect(tab).center());
             return QPoint();
+        });
+    }
+
+    bool IsEnabled(int control)
+    {
+        return InWindows<bool>([control] {
+            const QWidget* widget = ControlWidget(control);
+            return widget && widget->isEnabled();
+        });
+    }
+    bool IsUp(const QString& title)
+    {
+        return InWindows<bool>([title] {
+            const auto windows = QApplication::topLevelWidgets();
+            return std::ranges::any_of(
+                windows, [&](const QWidget* widget) { return widget->isVisible() && widget->windowTitle() == title; });
         });
     }
 
@@ -229,6 +246,37 @@ TEST_F(SheetWindow, MakesACustomSizeInInchesAndFindsItAgain)
     }
     EXPECT_EQ(record.dmPaperSize, 257);
     EXPECT_EQ(record.dmPaperWidth, 1725);
+}
+
+TEST_F(SheetWindow, TheDeviceSheetIsWorkedByKeyboardAlone)
+{
+    DEVICEPROPERTYHEADER header{};
+    header.cbSize = sizeof header;
+    header.hPrinter = platform::spooler::Open(Printer, 0);
+    header.pszPrinterName = const_cast<WCHAR*>(Printer);
+    const auto sheet = reinterpret_cast<PFNPROPSHEETUI>(platform::modules::Entry(module, "DrvDevicePropertySheets"));
+    DWORD result = 99;
+    bool rootHasNoButton = false, boxShown = false;
+    {
+        const User user([&](User& self) {
+            self.Click(OptionTree);
+            self.Press("Up");
+            rootHasNoButton = !self.IsEnabled(OptionButton);
+            self.Press("Down");
+            self.Press("Tab");
+            self.Press("space");
+            boxShown = self.IsUp("Halftone Color Adjustment");
+            self.Press("Return");
+            self.ShowPage("About");
+            self.Press("Return");
+        });
+        platform::services::RunCommonSheet(nullptr, sheet, reinterpret_cast<LPARAM>(&header), &result);
+    }
+    platform::spooler::Close(header.hPrinter);
+    EXPECT_TRUE(rootHasNoButton);
+    EXPECT_TRUE(boxShown);
+    EXPECT_EQ(result, 1u);
+    EXPECT_TRUE(store->Value(Printer, u"PrinterData"));
 }
 
 }  // namespace
