@@ -157,9 +157,9 @@ TEST(Frame, BelongsToThePictureThatIsDrawn)
     Preview quality;
     quality.Draw(A4());
     EXPECT_THAT(quality.Frame(),
-                ElementsAre("box 0,0,137,160 solid1:ffffff f0f0f0", "strip 0,0,137,1 a0a0a0", "strip 0,0,1,160 a0a0a0",
-                            "strip 136,0,137,160 ffffff", "strip 0,159,137,160 ffffff", "strip 1,1,136,2 ffffff",
-                            "strip 1,1,2,159 ffffff", "strip 135,1,136,159 f0f0f0", "strip 1,158,136,159 f0f0f0"));
+                ElementsAre("box 0,0,137,161 solid1:ffffff f0f0f0", "strip 0,0,137,1 a0a0a0", "strip 0,0,1,161 a0a0a0",
+                            "strip 136,0,137,161 ffffff", "strip 0,160,137,161 ffffff", "strip 1,1,136,2 ffffff",
+                            "strip 1,1,2,160 ffffff", "strip 135,1,136,160 f0f0f0", "strip 1,159,136,160 f0f0f0"));
     for (const int other : {IDC_SETUP_PREVIEW, IDC_PAPER_PREVIEW, IDC_DEVICE_PREVIEW}) {
         Preview preview(131, 154, other);
         EXPECT_FALSE(preview.Draw(A4()).empty()) << other;

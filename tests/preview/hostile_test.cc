@@ -138,23 +138,25 @@ TEST(AnyWindow, MayBeGone)
 // Records that between them go every way through the drawing.
 std::vector<DriverDevMode> EveryWay()
 {
+    DriverDevMode turned = Marked({
+        {"wmAngleMode", 2}
+    });
+    turned.dmNupOn = 1;
+    turned.dmNupCount = 2;
+    turned.dmDuplexOn = 1;
+    DriverDevMode booklet = A4();
+    booklet.dmBookletPaper = 9;
+    booklet.dmDuplexOn = 1;
+    DriverDevMode fitted = A4();
+    fitted.dmFitToPaper = 2;
+    fitted.dmOutputPaper = 11;
+    DriverDevMode zoomed = A4();
+    zoomed.dmFitToPaper = 1;
+    zoomed.dmZoom = 200;
     return {
-        Marked({{"wmAngleMode", 2}  },
-        {{"dmNupOn", 1},       {"dmNupCount", 2}, {"dmDuplexOn", 1}}
-        ),
-        Marked({{"wmSize", 8},   {"wmFirstPageOnly", 1}},
-        {}),
-        Marked({    },
-        {{"dmBookletPaper", 9},                     {"dmDuplexOn", 1}}
-        ),
-        Marked({                                     },
-        {{"dmFitToPaper", 2},  {"dmOutputPaper", 11}}
-        ),
-        Marked({                    },
-        {{"dmFitToPaper", 1},     {"dmZoom", 200}}
-        ),
-        A4({{"dmPaperSize", 260}}
-        ),
+        turned, booklet, fitted, zoomed, Marked({{"wmSize", 8}       }
+            ), A4({{"dmPaperSize", 260}}
+            )
     };
 }
 

@@ -176,12 +176,12 @@ Preview::Preview(int width, int height, int picture, std::shared_ptr<platform::S
 {
     platform::user::DialogTemplate layout;
     layout.width = width + 6;
-    layout.height = height + 6;
+    layout.height = height + 7;
     layout.controls.resize(2);
     layout.controls[0].className = u"Static";
     layout.controls[0].id = FrameControl;
     layout.controls[0].style = WS_CHILD | WS_VISIBLE | SS_WHITEFRAME;
-    layout.controls[0].rect = {0, 0, width + 6, height + 6};
+    layout.controls[0].rect = {0, 0, width + 6, height + 7};
     layout.controls[1].className = u"Button";
     layout.controls[1].id = picture;
     layout.controls[1].style = WS_CHILD | WS_VISIBLE | BS_OWNERDRAW;
