@@ -37,6 +37,7 @@ constexpr Picture Pictures[] = {
     {"nup-style",          "page \"Setup\"\nchoose IDC_NUP \"4-up\"\nclick IDC_NUP_STYLE\n"                           },
     {"nup-style-vertical", "page \"Setup\"\nchoose IDC_NUP \"4-up\"\nclick IDC_NUP_STYLE\nclick IDC_VERT_DESCENDING\n"},
     {"paper",              "page \"Paper\"\n"                                                                         },
+    {"paper-fitted",       "page \"Paper\"\nclick IDC_FIT_TO_PAPER\nclick IDC_LANDSCAPE\nclick IDC_SHIFT_ON\n"        },
     {"quality",            "page \"Quality\"\n"                                                                       },
     {"device-options",     "page \"Device Options Setting\"\n"                                                        },
     {"about",              "page \"Device Options Setting\"\nclick IDC_ABOUT\n"                                       },
