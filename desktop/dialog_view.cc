@@ -135,7 +135,9 @@ QWidget* DialogView::MakeButton(const Window& window)
         default: {
             auto* push = new QPushButton(this);
             push->setAutoDefault(false);
-            push->setDefault((window.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON);
+            // A page's own default button would take Enter from the sheet's OK, also while it is hidden.
+            const DialogState* dialog = Find(dialog_)->As<DialogState>();
+            if (dialog && dialog->modal) push->setDefault((window.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON);
             button = push;
         }
     }
