@@ -127,7 +127,9 @@ class QtFonts : public platform::FontService {
 
 std::shared_ptr<platform::FontService> MakeQtFonts() { return std::make_shared<QtFonts>(); }
 
-QFont ToQFont(const LOGFONTW& description)
+namespace {
+
+QFont MakeQFont(const LOGFONTW& description)
 {
     QFont font(FamilyFor(ToQString(FaceOf(description))));
     font.setWeight(description.lfWeight >= 600 ? QFont::Bold : QFont::Normal);
@@ -143,6 +145,20 @@ QFont ToQFont(const LOGFONTW& description)
         if (cell > 0) font.setPixelSize(std::max(1, int(std::lround(height * height / cell))));
     }
     return font;
+}
+
+}  // namespace
+
+QFont ToQFont(const LOGFONTW& description)
+{
+    // A picture asks for the same few fonts again and again, and finding one takes longer than drawing with it.
+    constexpr std::size_t MostKept = 256;
+    thread_local std::map<std::u16string, QFont> fonts;
+    std::u16string key(reinterpret_cast<const char16_t*>(&description), sizeof description / sizeof(char16_t));
+    const auto known = fonts.find(key);
+    if (known != fonts.end()) return known->second;
+    if (fonts.size() >= MostKept) fonts.clear();
+    return fonts[std::move(key)] = MakeQFont(description);
 }
 
 }  // namespace desktop
