@@ -151,6 +151,17 @@ TEST(Booklet, ShowsOnePageAndAFlap)
     }
 }
 
+TEST(Booklet, HasItsPageInTheMiddleOfItsPaper)
+{
+    Preview preview;
+    const Fields onLegal = {
+        {"dmBookletPaper", 5},
+        {"dmDuplexOn",     1}
+    };
+    EXPECT_THAT(preview.Draw(A4(onLegal), {"box 19", "map"}),
+                ElementsAre("box 19,0,112,154 null ffffff", "map 2480,-3507 to 91,-128 at 20,13"));
+}
+
 TEST(Booklet, WithoutDuplexIsMarkedByNothing)
 {
     Preview preview;

@@ -146,6 +146,7 @@ const HeightRow HeightRows[] = {
     {11, 1, "text 1095,1728 \"DRAFT\" in 50,50,2409,3436 Times New Roman -45/400 cccccc"},
     {39, 4, "line 948,1669,1432,1738 solid92:cccccc"                                    },
     {40, 4, "text 943,1667 \"DRAFT\" in 50,50,2386,3414 Times New Roman -166/400 cccccc"},
+    {10, 2, "line 1100,1730,1280,1677 solid76:cccccc"                                   },
     {22, 2, "text 1038,1705 \"DRAFT\" in 50,50,2402,3429 Times New Roman -91/400 cccccc"},
 };
 
@@ -194,6 +195,25 @@ TEST(Watermark, EndsAsFarFromTheEdgeAsItsPositionSays)
     }
 }
 
+// 24 characters are 3600 dots, longer than the page: what is beyond its margins is cut off the line's end.
+TEST(Watermark, EndsWithinTheMargins)
+{
+    const Fields sixteen = {
+        {"dmNupOn",    1 },
+        {"dmNupCount", 16}
+    };
+    for (const auto& [angle, line] : {std::pair(0, "line -650,1600,2288,1721 solid184:cccccc"),
+                                      std::pair(-90, "line 1300,-50,988,3321 solid184:cccccc")}) {
+        const Fields turned = {
+            {"wmAngle",         angle},
+            {"wmFirstPageOnly", 1    }
+        };
+        Preview preview;
+        EXPECT_THAT(preview.Draw(WithText(Marked(turned, sixteen), u"ABCDEFGHIJKLMNOPQRSTUVWX"), {"line"}),
+                    ElementsAre(line));
+    }
+}
+
 // Scaled up so far that a line has no width, the text is drawn however small it is.
 TEST(Watermark, IsATextWhereALineHadNoWidth)
 {
@@ -206,7 +226,7 @@ TEST(Watermark, IsATextWhereALineHadNoWidth)
 }
 
 // Down the left edge: 20 characters of 150 dots are 3000, and the room from 250 to 3157 is 2977 with a fifth of
-// what lies before its start. Off the page the room is as long as the text again.
+// what lies before its start. 29 characters are 4350, and the room from -425 to 3832 is 4356.
 TEST(Watermark, IsCutToTheRoomAlongThePage)
 {
     const DriverDevMode record = Marked({
@@ -215,8 +235,8 @@ TEST(Watermark, IsCutToTheRoomAlongThePage)
     });
     EXPECT_THAT(Marks(WithText(record, u"ABCDEFGHIJKLMNOPQRST")),
                 ElementsAre(HasSubstr("text 211,250 \"ABCDEFGHIJKLMNOPQRS\" in ")));
-    EXPECT_THAT(Marks(WithText(record, u"ABCDEFGHIJKLMNOPQRSTUVWXYZ0123")),
-                ElementsAre(HasSubstr("text 211,-500 \"ABCDEFGHIJKLMNOPQRSTUVWXYZ0123\" in ")));
+    EXPECT_THAT(Marks(WithText(record, u"ABCDEFGHIJKLMNOPQRSTUVWXYZ012")),
+                ElementsAre(HasSubstr("text 211,-425 \"ABCDEFGHIJKLMNOPQRSTUVWXYZ012\" in ")));
 }
 
 TEST(Watermark, IsNotThereWithoutTextOrFace)
