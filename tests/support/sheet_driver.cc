@@ -131,6 +131,7 @@ std::shared_ptr<platform::Surface> SteppedDesktop::MakePicture(HWND, int, int)
 int SteppedDesktop::MessageBox(const platform::MessageBoxRequest& request)
 {
     messagesSeen.push_back(request.text);
+    boxesSeen.push_back(request);
     if (boxAnswers.empty()) return IDOK;
     const int answer = boxAnswers.front();
     boxAnswers.pop_front();

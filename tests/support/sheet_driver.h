@@ -65,6 +65,7 @@ class SteppedDesktop : public platform::Desktop {
     // Read these between steps.
     std::vector<HelpSeen> helpSeen;
     std::vector<std::u16string> messagesSeen;
+    std::vector<platform::MessageBoxRequest> boxesSeen;
     std::vector<platform::FileDialogRequest> filesAsked;
     int beeps = 0;
     // Set these between steps: what the user says to the next boxes and file dialogs. A box without an answer

@@ -1,0 +1,229 @@
+// Which paper sources and media types are offered, and which paper a media brings.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "pages/source_lists.h"
+#include "settings/options.h"
+#include "tests/support/setup_sheet.h"
+
+namespace {
+
+using namespace testing_support;
+using testing::ElementsAre;
+
+constexpr DWORD Tray2Flag = 0x80;
+
+// The rules alone, on a record of their own.
+class SourceLists : public testing::Test {
+  protected:
+    SourceLists()
+    {
+        CurrentSettings = &record;
+        record.dmPaperSize = 1;
+        record.dmDefaultSource = 7;
+        record.dmDeviceFlags = Tray2Flag;
+        SelectedSource = 7;
+        SelectedMedia = 0;
+        SelectedPaperRow = 0;
+        FitChoice = {};
+        ListFilterMode = FilterByMedia;
+    }
+    ~SourceLists() override { CurrentSettings = nullptr; }
+
+    std::string Offered()
+    {
+        RefreshSourceRows();
+        std::string line;
+        for (const ListRow& row : SourceRows) line += row.enabled ? std::to_string(row.code) : "-";
+        return line;
+    }
+
+    TestMachine machine;
+    DriverDevMode record{};
+};
+
+struct Tray2Case {
+    SHORT media;
+    int paperRow, filterMode;
+    BYTE fit;
+    SHORT outputPaper;
+    DWORD flags;
+    const char* offered;
+};
+
+TEST_F(SourceLists, Tray2GoesByMediaPaperAndOutput)
+{
+    const Tray2Case cases[] = {
+        {0,  0, 1, 0, 11,  Tray2Flag, "7124"},
+        {0,  4, 1, 0, 11,  Tray2Flag, "7124"},
+        {0,  5, 1, 0, 11,  Tray2Flag, "71-4"}, // a paper that it does not take
+        {0,  5, 2, 0, 11,  Tray2Flag, "71-4"},
+        {0,  5, 0, 0, 11,  Tray2Flag, "7124"}, // lists by source know no media
+        {1,  0, 1, 0, 11,  Tray2Flag, "71-4"},
+        {4,  0, 2, 0, 11,  Tray2Flag, "71-4"},
+        {4,  0, 0, 0, 11,  Tray2Flag, "7124"},
+        {-1, 5, 1, 0, 11,  Tray2Flag, "7124"}, // neither plain nor another
+        {0,  0, 1, 0, 11,  0,         "71-4"}, // not installed
+        {0,  0, 0, 0, 11,  0x7F,      "71-4"},
+        {0,  0, 1, 0, 11,  0xFF,      "7124"},
+        {0,  0, 1, 2, 11,  Tray2Flag, "71-4"},
+        {0,  0, 1, 2, 15,  Tray2Flag, "71-4"},
+        {0,  0, 0, 2, 214, Tray2Flag, "71-4"},
+        {0,  0, 1, 2, 215, Tray2Flag, "71-4"},
+        {0,  0, 1, 2, 216, Tray2Flag, "7124"},
+        {0,  0, 1, 1, 11,  Tray2Flag, "7124"}, // scaled, not fitted
+    };
+    int number = 0;
+    for (const Tray2Case& one : cases) {
+        SelectedMedia = one.media;
+        SelectedPaperRow = one.paperRow;
+        ListFilterMode = one.filterMode;
+        FitChoice = {one.fit, 0, one.outputPaper};
+        record.dmDeviceFlags = one.flags;
+        EXPECT_EQ(Offered(), one.offered) << "case " << number;
+        ++number;
+    }
+}
+
+TEST_F(SourceLists, OtherSourcesGoByThePaper)
+{
+    for (const SHORT code : {SHORT{1}, SHORT{27}, SHORT{216}, SHORT{256}, SHORT{300}}) {
+        record.dmPaperSize = code;
+        EXPECT_EQ(Offered(), "7124") << code;
+    }
+    record.dmPaperSize = 100;  // no paper of ours
+    EXPECT_EQ(Offered(), "--2-") << "Tray2 has rules of its own";
+}
+
+TEST_F(SourceLists, TheCurrentSourceIsFoundByItsCode)
+{
+    for (const auto& [code, row] : {
+             std::pair{7, 0},
+             {1, 1},
+             {2, 2},
+             {4, 3}
+    }) {
+        record.dmDefaultSource = static_cast<SHORT>(code);
+        RefreshSourceRows();
+        EXPECT_EQ(SourceIndex, row);
+    }
+    record.dmDefaultSource = 99;
+    RefreshSourceRows();
+    EXPECT_EQ(SourceIndex, 3) << "a source that there is not leaves the last one";
+}
+
+TEST_F(SourceLists, Tray2TakesPlainPaperAlone)
+{
+    const auto offered = [] {
+        std::string line;
+        for (const ListRow& row : MediaRows) line += row.enabled ? "+" : "-";
+        return line;
+    };
+    record.dmMediaIndex = 3;
+    MediaIndex = 3;
+    RestrictMediaRows();
+    EXPECT_EQ(offered(), "+++++");
+    EXPECT_EQ(record.dmMediaIndex, 3);
+    SelectedSource = 2;
+    RestrictMediaRows();
+    EXPECT_EQ(offered(), "+----");
+    EXPECT_EQ(MediaIndex, 0);
+    EXPECT_EQ(record.dmMediaIndex, 0);
+    record.dmDeviceFlags = 0;
+    RestrictMediaRows();
+    EXPECT_EQ(offered(), "+++++") << "a tray that there is not restricts nothing";
+}
+
+struct MediaPaperCase {
+    SHORT media, orientation;
+    int country;
+    SHORT code, length, width;
+};
+
+TEST(MediaPapers, EveryMediaBringsItsPaper)
+{
+    const MediaPaperCase cases[] = {
+        {2, 1, 1,  27,  2598, 1299},
+        {2, 2, 1,  27,  1299, 2598},
+        {3, 1, 49, 216, 1748, 1181},
+        {3, 2, 49, 216, 1181, 1748},
+        {0, 1, 1,  1,   3300, 2550},
+        {1, 2, 1,  1,   2550, 3300},
+        {4, 1, 49, 9,   3507, 2480},
+        {0, 2, 49, 9,   2480, 3507},
+        {9, 1, 49, 9,   3507, 2480},
+    };
+    for (const MediaPaperCase& one : cases) {
+        const TestMachine machine(Machine::InCountry(one.country));
+        DriverDevMode record{};
+        CurrentSettings = &record;
+        record.dmOrientation = one.orientation;
+        SelectedMedia = one.media;
+        ForcePaperByMedia();
+        EXPECT_EQ(PaperChoice.code, one.code) << one.media;
+        EXPECT_EQ(PaperChoice.length, one.length) << one.media;
+        EXPECT_EQ(PaperChoice.width, one.width) << one.media;
+        EXPECT_EQ(record.dmPaperSize, 0) << "the record does not change";
+        CurrentSettings = nullptr;
+    }
+}
+
+void Tray2There(DriverDevMode& record) { record.dmDeviceFlags |= Tray2Flag; }
+
+TEST(SourceCombo, ShowsTheFirstRowForASourceThatHasDroppedOut)
+{
+    SetupSheet sheet([](DriverDevMode& record) {
+        record.dmDefaultSource = 2;
+        record.dmMediaIndex = 0;
+    });
+    EXPECT_EQ(sheet.Row(IDC_PAPER_SOURCE), "Auto");
+    EXPECT_EQ(sheet.Settings().dmDefaultSource, 2);
+    EXPECT_THAT(sheet.ItemData(IDC_PAPER_SOURCE), ElementsAre(7, 1, 4));
+}
+
+TEST(SourceCombo, Tray2OpensWithPlainPaperWhateverTheRecordHas)
+{
+    SetupSheet sheet([](DriverDevMode& record) {
+        Tray2There(record);
+        record.dmDefaultSource = 2;
+        record.dmMediaIndex = 3;
+    });
+    EXPECT_THAT(sheet.Items(IDC_MEDIA_TYPE), ElementsAre(u"Plain Paper"));
+    EXPECT_EQ(sheet.Settings().dmMediaIndex, 0);
+    EXPECT_EQ(SelectedMedia, 0);
+}
+
+TEST(SourceCombo, Tray2SendsShortOutputPaperAway)
+{
+    for (const auto& [country, before, after] : {
+             std::tuple{1,  11, 1 },
+             {49, 11, 9 },
+             {49, 15, 15}
+    }) {
+        SetupSheet sheet(
+            [before = before](DriverDevMode& record) {
+                Tray2There(record);
+                record.dmOutputPaper = static_cast<SHORT>(before);
+            },
+            {}, country);
+        sheet.Choose(IDC_PAPER_SOURCE, u"Manual Feed");
+        EXPECT_EQ(sheet.Settings().dmOutputPaper, before);
+        sheet.Choose(IDC_PAPER_SOURCE, u"Tray2");
+        EXPECT_EQ(sheet.Settings().dmOutputPaper, after);
+    }
+}
+
+TEST(SourceCombo, TellsThePaperPageHowToFilterItsPapers)
+{
+    SetupSheet sheet(Tray2There);
+    EXPECT_EQ(ListFilterMode, 1);
+    sheet.Choose(IDC_PAPER_SOURCE, u"Tray2");
+    EXPECT_EQ(ListFilterMode, 0);
+    sheet.Choose(IDC_PAPER_SOURCE, u"Auto").Choose(IDC_MEDIA_TYPE, u"Envelope");
+    EXPECT_EQ(ListFilterMode, 0);
+    EXPECT_EQ(MediaChanging, 0);
+    sheet.ChangeElsewhere([](DriverDevMode&) {});
+    EXPECT_EQ(ListFilterMode, 1);
+}
+
+}  // namespace
