@@ -102,12 +102,41 @@ constexpr ControlHelp DeviceHelp[] = {
     {IDC_ABOUT,                 5315},
 };
 
+constexpr ControlHelp SetupHelp[] = {
+    {IDC_EASY_SET,             1111},
+    {IDC_DEFAULT,              1111},
+    {IDC_SETUP_FRAME,          1112},
+    {IDC_SETUP_PREVIEW,        1112},
+    {IDC_SETUP_PAGE_LAYOUT,    1112},
+    {IDC_SETUP_PRINTER_FIGURE, 1112},
+    {IDC_NUP_GROUP,            1114},
+    {IDC_NUP,                  1114},
+    {IDC_BORDER_LINE,          1114},
+    {IDC_NUP_STYLE,            1114},
+    {IDC_WATERMARK_GROUP,      1115},
+    {IDC_WATERMARK,            1115},
+    {IDC_WATERMARK_FIRST_PAGE, 1115},
+    {IDC_EDIT_WATERMARK,       1115},
+    {IDC_DUPLEX_GROUP,         1116},
+    {IDC_DUPLEX_ICON,          1116},
+    {IDC_DUPLEX,               1116},
+    {IDC_GUIDE_PAPER,          1116},
+    {IDC_PAPER_SOURCE_GROUP,   1117},
+    {IDC_PAPER_SOURCE,         1117},
+    {IDC_MEDIA_TYPE,           5111},
+    {IDC_OVERLAY_GROUP,        5112},
+    {IDC_OVERLAY,              5112},
+    {IDC_OVERLAY_FIRST_PAGE,   5112},
+    {IDC_EDIT_OVERLAY,         5112},
+};
+
 struct PageHelpRow {
     const char16_t* title;
     DWORD context;
     std::span<const ControlHelp> controls;
 };
 constexpr PageHelpRow PageRows[] = {
+    {u"Setup",                  1101, SetupHelp  },
     {u"Paper",                  1201, PaperHelp  },
     {u"Quality",                1301, QualityHelp},
     {u"Device Options Setting", 1401, DeviceHelp },

@@ -157,7 +157,7 @@ TEST(SetupPage, DefaultRestoresThePage)
         sheet.Pick(IDC_DEFAULT, nullptr),
         "nup=Off +nup -border oborder duplex=Off -guide xguide watermark=<NONE> -watermarkFirst source=Auto "
         "dmDefaultSource=7 dmNupOn=0 dmNupCount=1 dmNupVertical=0 dmNupDescending=0 dmNupBorder=0 "
-        "dmWatermarkOn=0 dmBookletPaper=0 dmGuidePaper=1 dmDuplexOn=0 dmBookletRight=0 dmPreviewMode=0 told told");
+        "dmWatermarkOn=0 dmBookletPaper=0 dmDuplexOn=0 dmGuidePaper=1 dmBookletRight=0 dmPreviewMode=0 told told");
     EXPECT_TRUE(sheet.Checked(IDC_SETUP_PAGE_LAYOUT));
 }
 

@@ -431,8 +431,8 @@ INSTANTIATE_TEST_SUITE_P(
         ElsewhereRow{"CopiesOfABooklet", Booklet, TwoCopies, "duplex:3 duplex= dmCopies=2"},
         ElsewhereRow{"ShiftOfABooklet", Booklet,
                      [](DriverDevMode& record) { record.dmImageShiftX = record.dmImageShiftY = 5; }, ""},
-        ElsewhereRow{"MediaUnderDuplex", LongEdge, [](DriverDevMode& record) { record.dmMediaIndex = 1; },
-                     "-duplex -guide media=Plain Paper dmMediaIndex=0"},
+        // The media is this page's own: what it has told last goes back into the record.
+        ElsewhereRow{"MediaUnderDuplex", LongEdge, [](DriverDevMode& record) { record.dmMediaIndex = 1; }, ""},
         ElsewhereRow{"Tray2Gone", Tray2, [](DriverDevMode& record) { record.dmDeviceFlags = 0; },
                      "source:3 source=Auto media:5 dmDeviceFlags=0"},
         ElsewhereRow{"OutputPaperThatTray2DoesNotTake", Tray2There,

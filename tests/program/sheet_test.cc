@@ -90,6 +90,35 @@ TEST(SheetCommand, StoresTheDefaultAfterOkAlone)
     EXPECT_EQ(run.Contents("r"), run.Contents("s"));
 }
 
+TEST(SheetCommand, OpensOnTheSetupPageAndPublishesABooklet)
+{
+    Program run;
+    const Result result = run(Sheet({"--strict"}),
+                              "choose IDC_PAPER_SOURCE \"Tray1\"\nchoose IDC_DUPLEX \"Booklet Left Binding\"\n"
+                              "choose IDC_WATERMARK \"CONFIDENTIAL\"\ndump\nok\nrecord\n");
+    EXPECT_EQ(result.status, 0) << result.err;
+    for (const char* part : {
+             "{\"dump\": {\"template\": 1001, \"title\": \"Setup\"",
+             "\"applyEnabled\": true, \"changes\": 3",
+             "\"dmDefaultSource\": 1,",
+             "\"dmDuplexOn\": 1,",
+             "\"dmBookletPaper\": 1,",
+             "\"dmNupOn\": 1, \"dmNupCount\": 2,",
+             "\"wmText\": \"CONFIDENTIAL\"",
+         })
+        EXPECT_THAT(result.out, HasSubstr(part));
+}
+
+TEST(SheetCommand, TellsARefusedChoice)
+{
+    Program run;
+    const Result result = run(Sheet({}), "choose IDC_DUPLEX \"Long Edge Binding\"\nok\n");
+    EXPECT_EQ(result.out,
+              "{\"message\": {\"caption\": \"Warning\", \"text\": \"Selected paper source can't work with duplex "
+              "printing.\\nOnly Tray1 is supported.\", \"style\": 48, \"answer\": \"ok\"}}\n"
+              "{\"end\": {\"result\": 1}}\n");
+}
+
 struct RoomRow {
     const char* room;
     std::size_t published;

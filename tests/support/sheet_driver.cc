@@ -215,7 +215,11 @@ void Sheet::Run(const Prepare& prepare)
     call.header.fMode = DM_COPY | DM_PROMPT;
     call.prepare = &prepare;
     DWORD result = 0;
-    platform::services::RunCommonSheet(nullptr, RunDocumentSheet, reinterpret_cast<LPARAM>(&call.header), &result);
+    // Only an owner that a test has named counts; most sheets have none.
+    const bool owned = !platform::CurrentEnvironment().facts->OwnerModule().empty();
+    const HWND owner = owned ? platform::services::MakeOwnerWindow() : nullptr;
+    platform::services::RunCommonSheet(owner, RunDocumentSheet, reinterpret_cast<LPARAM>(&call.header), &result);
+    if (owner) platform::services::DestroyOwnerWindow(owner);
     platform::spooler::Close(printer);
 }
 

@@ -1,0 +1,129 @@
+// The watermark on the Setup page: choosing one for the job.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/setup_sheet.h"
+#include "watermark/watermark_list.h"
+
+namespace {
+
+using namespace testing_support;
+using testing::ElementsAre;
+
+void StoreText(TestMachine& machine, const char16_t* name, std::u16string_view text)
+{
+    platform::Bytes bytes(3000);
+    std::memcpy(bytes.data(), text.data(), 2 * text.size());
+    machine.store->SetValue(TestPrinter, name, {3, bytes});
+}
+
+void TwoStored(TestMachine& machine)
+{
+    StoreText(machine, u"WatermarkText", u"2\r\nFirst text\r\nSecond text\r\n");
+    StoreText(machine, u"WatermarkTextName", u"2\r\nFirst\r\nSecond\r\n");
+    StoreText(machine, u"WatermarkAttributes", u"1|20|72|0|0|0|0|0|0|Arial\r\n1|50|36|0|0|0|2|1|90|Courier New\r\n");
+}
+
+Sheet::Prepare Chosen(SHORT id, DWORD on = 1)
+{
+    return [=](DriverDevMode& record) {
+        record.dmWatermarkOn = on;
+        record.dmWatermark.wmId = id;
+        record.dmWatermark.wmFirstPageOnly = 1;
+        record.dmWatermark.wmText[0] = u'?';
+    };
+}
+
+TEST(SetupWatermark, ShowsThatOfTheRecord)
+{
+    struct Row {
+        SHORT id;
+        DWORD on;
+        const char* shown;
+        bool firstPageUsable;
+    };
+    for (const Row& row : {
+             Row{2, 1, "Second", true },
+             Row{1, 5, "First",  true },
+             Row{2, 0, "<NONE>", false},
+             Row{0, 1, "<NONE>", false},
+    }) {
+        SetupSheet sheet(Chosen(row.id, row.on), TwoStored);
+        EXPECT_EQ(sheet.Row(IDC_WATERMARK), row.shown) << row.id;
+        EXPECT_EQ(sheet.Enabled(IDC_WATERMARK_FIRST_PAGE), row.firstPageUsable) << row.id;
+        EXPECT_TRUE(sheet.Checked(IDC_WATERMARK_FIRST_PAGE)) << row.id;
+        EXPECT_EQ(sheet.Changes(), 0);
+    }
+}
+
+TEST(SetupWatermark, ARowThatWasEditedMeanwhileReachesTheJob)
+{
+    SetupSheet sheet(Chosen(2), TwoStored);
+    const DriverDevMode record = sheet.Settings();
+    EXPECT_EQ(std::u16string(record.dmWatermark.wmText), u"Second text");
+    EXPECT_EQ(record.dmWatermark.wmShading, 50);
+    EXPECT_EQ(record.dmWatermark.wmFirstPageOnly, 1);
+    SetupSheet off(Chosen(2, 0), TwoStored);
+    EXPECT_EQ(off.Settings().dmWatermark.wmText[0], u'?') << "nobody asks for one that is off";
+}
+
+TEST(SetupWatermark, APickIsCopiedWhole)
+{
+    SetupSheet sheet({}, TwoStored);
+    EXPECT_EQ(sheet.Pick(IDC_WATERMARK, u"Second"),
+              "watermark=Second +watermarkFirst dmWatermarkOn=1 dmWatermark told");
+    const WatermarkRecord row = sheet.Settings().dmWatermark;
+    EXPECT_EQ(row.wmId, 2);
+    EXPECT_EQ(std::u16string(row.wmName), u"Second");
+    EXPECT_EQ(std::u16string(row.wmText), u"Second text");
+    EXPECT_EQ(std::u16string(row.wmFaceName), u"Courier New");
+    EXPECT_EQ(row.wmSize, 36);
+    EXPECT_EQ(row.wmAngle, 90);
+    EXPECT_EQ(WatermarkIndex, 2);
+}
+
+TEST(SetupWatermark, FirstPageOnlyGoesWithTheChoice)
+{
+    SetupSheet sheet({}, TwoStored);
+    sheet.Choose(IDC_WATERMARK, u"First");
+    EXPECT_EQ(sheet.Pick(IDC_WATERMARK_FIRST_PAGE, nullptr), "xwatermarkFirst dmWatermark told");
+    EXPECT_EQ(sheet.Settings().dmWatermark.wmFirstPageOnly, 1);
+    EXPECT_EQ(sheet.Pick(IDC_WATERMARK, u"Second"), "watermark=Second owatermarkFirst dmWatermark told");
+    EXPECT_EQ(sheet.Settings().dmWatermark.wmFirstPageOnly, 0);
+    sheet.Click(IDC_WATERMARK_FIRST_PAGE);
+    EXPECT_EQ(sheet.Pick(IDC_WATERMARK, u"<NONE>"),
+              "watermark=<NONE> -watermarkFirst owatermarkFirst dmWatermarkOn=0 dmWatermark told");
+}
+
+TEST(SetupWatermark, DefaultKeepsTheRowAndTurnsItOff)
+{
+    SetupSheet sheet({}, TwoStored);
+    sheet.Choose(IDC_WATERMARK, u"Second").Click(IDC_DEFAULT);
+    EXPECT_EQ(sheet.Row(IDC_WATERMARK), "<NONE>");
+    EXPECT_FALSE(sheet.Enabled(IDC_WATERMARK_FIRST_PAGE));
+    const DriverDevMode record = sheet.Ok();
+    EXPECT_EQ(record.dmWatermarkOn, 0u);
+    EXPECT_EQ(record.dmWatermark.wmId, 2);
+}
+
+TEST(SetupWatermark, TheListGoesWithTheSheet)
+{
+    for (const bool ok : {true, false}) {
+        SetupSheet sheet({}, TwoStored);
+        EXPECT_NE(WatermarkHead, nullptr);
+        ok ? sheet.Ok() : sheet.Cancel();
+        EXPECT_EQ(WatermarkHead, nullptr);
+    }
+}
+
+TEST(SetupWatermark, WithoutAListThereIsNothingToChoose)
+{
+    SetupSheet sheet({}, [](TestMachine& machine) { TwoStored(machine); });
+    sheet.Try([](HWND) {
+        FreeWatermarkList();
+        return platform::user::Outcome::Done;
+    });
+    EXPECT_EQ(sheet.Pick(IDC_WATERMARK, u"Second"), "watermark=Second");
+}
+
+}  // namespace
