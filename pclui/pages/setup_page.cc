@@ -11,6 +11,7 @@
 #include "pages/setup_overlay.h"
 #include "pages/setup_source.h"
 #include "pages/setup_watermark.h"
+#include "pages/setup_watermark_edit.h"
 #include "pages/source_lists.h"
 #include "platform/kernel.h"
 #include "resources/control_numbers.h"
@@ -157,6 +158,7 @@ constexpr Command Commands[] = {
     {IDC_NUP_STYLE,            AnyCode,       OnNupStyle          },
     {IDC_WATERMARK,            CBN_SELCHANGE, OnWatermarkPicked   },
     {IDC_WATERMARK_FIRST_PAGE, AnyCode,       OnWatermarkFirstPage},
+    {IDC_EDIT_WATERMARK,       AnyCode,       OnEditWatermark     },
     {IDC_SETUP_PAGE_LAYOUT,    AnyCode,       OnPageLayout        },
     {IDC_SETUP_PRINTER_FIGURE, AnyCode,       OnPrinterFigure     },
     {IDC_DUPLEX,               CBN_SELCHANGE, OnDuplexPicked      },

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/kernel/memory.h"
 #include "tests/support/setup_sheet.h"
 #include "watermark/watermark_list.h"
 
@@ -104,6 +105,84 @@ TEST(SetupWatermark, DefaultKeepsTheRowAndTurnsItOff)
     const DriverDevMode record = sheet.Ok();
     EXPECT_EQ(record.dmWatermarkOn, 0u);
     EXPECT_EQ(record.dmWatermark.wmId, 2);
+}
+
+// What the page shows and stores after a walk through the dialog.
+std::string After(SetupSheet& sheet, const std::function<void(SetupSheet&)>& walk)
+{
+    return sheet.Difference([&](SetupSheet& self) {
+        self.Click(IDC_EDIT_WATERMARK);
+        EXPECT_EQ(self.Template(), IDD_WATERMARK);
+        walk(self);
+    });
+}
+
+TEST(SetupWatermark, ANewOneIsChosenAtOnce)
+{
+    SetupSheet sheet({}, TwoStored);
+    EXPECT_EQ(After(sheet, [](SetupSheet& self) { self.Click(IDC_WM_NEW).Type(IDC_WM_TEXT, u"MINE").Click(IDOK); }),
+              "watermark:4 watermark=Watermark +watermarkFirst dmWatermarkOn=1 dmWatermark told told");
+    const WatermarkRecord row = sheet.Ok().dmWatermark;
+    EXPECT_EQ(std::u16string(row.wmText), u"MINE");
+    EXPECT_EQ(row.wmId, 3);
+}
+
+TEST(SetupWatermark, OkTakesTheRowOfTheDialog)
+{
+    SetupSheet sheet(Chosen(1), TwoStored);
+    EXPECT_EQ(After(sheet, [](SetupSheet& self) { self.Choose(IDC_WM_LIST, 2).Click(IDC_WM_ITALIC).Click(IDOK); }),
+              "watermark=Second owatermarkFirst dmWatermark told told");
+    EXPECT_EQ(sheet.Settings().dmWatermark.wmItalic, 1);
+    EXPECT_EQ(After(sheet, [](SetupSheet& self) { self.Choose(IDC_WM_LIST, 0).Click(IDOK); }),
+              "watermark=<NONE> -watermarkFirst dmWatermarkOn=0 dmWatermark told told");
+}
+
+TEST(SetupWatermark, ADeletedRowIsGoneAfterOkAndBackAfterCancel)
+{
+    SetupSheet sheet(Chosen(1), TwoStored);
+    sheet.Click(IDC_EDIT_WATERMARK).Click(IDC_WM_DELETE).Click(IDC_WM_DELETE).Click(IDCANCEL);
+    EXPECT_THAT(sheet.Items(IDC_WATERMARK), ElementsAre(u"<NONE>", u"First", u"Second"));
+    EXPECT_EQ(sheet.Row(IDC_WATERMARK), "First");
+    EXPECT_EQ(std::u16string(sheet.Settings().dmWatermark.wmText), u"First text");
+    sheet.Click(IDC_EDIT_WATERMARK).Click(IDC_WM_DELETE).Click(IDOK);
+    EXPECT_THAT(sheet.Items(IDC_WATERMARK), ElementsAre(u"<NONE>", u"Second"));
+    EXPECT_EQ(sheet.Row(IDC_WATERMARK), "Second");
+    EXPECT_EQ(std::u16string(sheet.Settings().dmWatermark.wmText), u"Second text");
+}
+
+TEST(SetupWatermark, WithoutRightsTheDialogOnlyShows)
+{
+    SetupSheet sheet({}, [](TestMachine& machine) {
+        machine.store->Remove(TestPrinter);
+        machine.store->Add({TestPrinter, TestPrinter, false});
+    });
+    sheet.Click(IDC_EDIT_WATERMARK);
+    EXPECT_FALSE(sheet.Enabled(IDC_WM_NEW));
+    sheet.Choose(IDC_WM_LIST, 1).Click(IDOK);
+    EXPECT_EQ(sheet.Row(IDC_WATERMARK), "CONFIDENTIAL");
+}
+
+TEST(SetupWatermark, ADialogThatDoesNotComeUpChangesNothing)
+{
+    SetupSheet sheet(Chosen(2), TwoStored);
+    sheet.Machine().Fail("DialogBoxParamW");
+    sheet.Click(IDC_EDIT_WATERMARK);
+    EXPECT_THAT(sheet.Items(IDC_WATERMARK), ElementsAre(u"<NONE>", u"First", u"Second"));
+    EXPECT_EQ(sheet.Row(IDC_WATERMARK), "Second");
+}
+
+TEST(SetupWatermark, EveryListIsReleased)
+{
+    const auto walk = [] {
+        SetupSheet sheet(Chosen(2), TwoStored);
+        sheet.Click(IDC_EDIT_WATERMARK).Click(IDC_WM_NEW).Click(IDOK);
+        sheet.Click(IDC_EDIT_WATERMARK).Click(IDC_WM_DELETE).Click(IDCANCEL);
+        sheet.Ok();
+    };
+    walk();
+    const std::size_t blocks = platform::memory::BlockCount();
+    walk();
+    EXPECT_EQ(platform::memory::BlockCount(), blocks);
 }
 
 TEST(SetupWatermark, TheListGoesWithTheSheet)

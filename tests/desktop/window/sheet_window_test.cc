@@ -196,13 +196,65 @@ TEST_F(SheetWindow, ChoosesTheLowestResolutionAndTonerSaveByMouseAndKeyboard)
     EXPECT_EQ(record.dmTonerSave, 1);
 }
 
+// Rows of a list, from its top.
+void PickRow(User& user, int list, int row)
+{
+    user.Click(list);
+    user.Press("Home");
+    for (int k = 0; k < row; ++k) user.Press("Down");
+    user.Press("Return");
+}
+
+TEST_F(SheetWindow, PrintsABookletFromTray1UnderANewWatermark)
+{
+    DWORD result = 99;
+    DriverDevMode record{};
+    {
+        const User user([](User& self) {
+            PickRow(self, IDC_PAPER_SOURCE, 1);
+            PickRow(self, IDC_DUPLEX, 3);
+            self.Click(IDC_EDIT_WATERMARK);
+            self.Click(IDC_WM_NEW);
+            self.Click(IDC_WM_TEXT);
+            self.Press("ctrl+a");
+            self.Type("Mine alone");
+            self.ClickButton("OK");  // of the dialog on top
+            self.ClickButton("OK");
+        });
+        record = Show(&result);
+    }
+    EXPECT_EQ(result, 1u);
+    EXPECT_EQ(record.dmDefaultSource, 1);
+    EXPECT_EQ(record.dmDuplexOn, 1);
+    EXPECT_NE(record.dmBookletPaper, 0);
+    EXPECT_EQ(record.dmNupCount, 2);
+    EXPECT_EQ(record.dmWatermarkOn, 1u);
+    EXPECT_EQ(std::u16string(record.dmWatermark.wmText), u"Mine alone");
+}
+
+TEST_F(SheetWindow, ChoosesAWatermark)
+{
+    DWORD result = 99;
+    DriverDevMode record{};
+    {
+        const User user([](User& self) {
+            PickRow(self, IDC_WATERMARK, 5);
+            self.ClickButton("OK");
+        });
+        record = Show(&result);
+    }
+    EXPECT_EQ(result, 1u);
+    EXPECT_EQ(record.dmWatermarkOn, 1u);
+    EXPECT_EQ(std::u16string(record.dmWatermark.wmText), u"DRAFT");
+}
+
 TEST_F(SheetWindow, EscapeCancels)
 {
     DWORD result = 99;
     {
         const User user([](User& self) {
             self.ShowPage("Quality");
-            self.Click(IDC_SMOOTHTONE);
+            self.Click(IDC_NUP);
             self.Press("Escape");  // closes the list
             self.Press("Escape");
         });
