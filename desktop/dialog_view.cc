@@ -204,6 +204,7 @@ QWidget* DialogView::MakeListView(const Window& window)
     const HWND handle = window.handle;
     tree->setRootIsDecorated(false);
     tree->setUniformRowHeights(true);
+    tree->setHeaderHidden((window.style & LVS_NOCOLUMNHEADER) != 0);
     connect(tree, &QTreeWidget::itemClicked, this, [this, handle, tree](QTreeWidgetItem* item) {
         const int row = tree->indexOfTopLevelItem(item);
         act_([handle, row] { SelectRow(handle, row); });

@@ -32,6 +32,7 @@ inline constexpr int LVCFMT_LEFT = 0;
 inline constexpr DWORD LVS_REPORT = 0x0001;
 inline constexpr DWORD LVS_SINGLESEL = 0x0004;
 inline constexpr DWORD LVS_SHOWSELALWAYS = 0x0008;
+inline constexpr DWORD LVS_NOCOLUMNHEADER = 0x4000;
 inline constexpr DWORD LVS_EX_FULLROWSELECT = 0x20;
 inline constexpr UINT LVN_ITEMCHANGED = static_cast<UINT>(-101);
 
