@@ -13,6 +13,7 @@
 #include "host/printer_handle.h"
 #include "host/record_file.h"
 #include "host/sheet_session.h"
+#include "platform/registry.h"
 #include "platform/seams/environment.h"
 #include "platform/seams/memory_stores.h"
 #include "store/sqlite_store.h"
@@ -48,6 +49,11 @@ constexpr Picture Pictures[] = {
     {"device-options",          "page \"Device Options Setting\"\n"                                                        },
     {"about",                   "page \"Device Options Setting\"\nclick IDC_ABOUT\n"                                       },
 };
+
+// Pictures of custom sizes start without the printer's own, which may be as many as there can be.
+constexpr std::string_view WithoutSizes = "custom-paper";
+constexpr char16_t CustomSizes[] = u"CustomPaperDataSize";
+const platform::StoredValue NoSizes = {REG_DWORD, platform::Bytes(4)};
 
 struct Options {
     std::string printer, folder, record;
@@ -116,7 +122,10 @@ void Run(Context& context, const Options& options)
     platform::CurrentEnvironment().registry = copy;
     std::string failures;
     std::size_t done = 0;
+    const auto sizes = copy->Value(entry.name, CustomSizes);
     for (const Picture& picture : Pictures) {
+        const bool none = std::string_view(picture.name).starts_with(WithoutSizes);
+        if (sizes) copy->SetValue(entry.name, CustomSizes, none ? NoSizes : *sizes);
         const std::string file = (std::filesystem::path(options.folder) / picture.name).string() + ".png";
         std::string why = Take(context, entry.name, picture, file, record);
         // What a record locks is shown as it is without the record.
