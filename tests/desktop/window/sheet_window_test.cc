@@ -215,10 +215,8 @@ TEST_F(SheetWindow, PrintsABookletFromTray1UnderANewWatermark)
             PickRow(self, IDC_DUPLEX, 3);
             self.Click(IDC_EDIT_WATERMARK);
             self.Click(IDC_WM_NEW);
-            self.Click(IDC_WM_TEXT);
-            self.Press("ctrl+a");
-            self.Type("Mine alone");
-            self.ClickButton("OK");  // of the dialog on top
+            self.Enter(IDC_WM_TEXT, "Mine");
+            self.Click(IDOK);
             self.ClickButton("OK");
         });
         record = Show(&result);
@@ -229,7 +227,7 @@ TEST_F(SheetWindow, PrintsABookletFromTray1UnderANewWatermark)
     EXPECT_NE(record.dmBookletPaper, 0);
     EXPECT_EQ(record.dmNupCount, 2);
     EXPECT_EQ(record.dmWatermarkOn, 1u);
-    EXPECT_EQ(std::u16string(record.dmWatermark.wmText), u"Mine alone");
+    EXPECT_EQ(std::u16string(record.dmWatermark.wmText), u"Mine");
 }
 
 TEST_F(SheetWindow, ChoosesAWatermark)
@@ -254,7 +252,7 @@ TEST_F(SheetWindow, EscapeCancels)
     {
         const User user([](User& self) {
             self.ShowPage("Quality");
-            self.Click(IDC_NUP);
+            self.Click(IDC_SMOOTHTONE);
             self.Press("Escape");  // closes the list
             self.Press("Escape");
         });
