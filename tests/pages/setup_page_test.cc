@@ -296,6 +296,19 @@ TEST(SetupPage, APickDrawsItsIconAtOnce)
     EXPECT_LT(icon, picture) << "before the picture is painted";
 }
 
+TEST(SetupPage, ARefusedBindingIsNeverDrawn)
+{
+    for (const char16_t* binding : {u"Long Edge Binding", u"Booklet Right Binding"}) {
+        SetupSheet sheet;
+        sheet.Drawn();
+        sheet.Choose(IDC_DUPLEX, binding);
+        for (const std::string& line : sheet.Drawn())
+            if (line.starts_with("4014 DrawIcon")) {
+                EXPECT_THAT(line, HasSubstr("9514"));
+            }
+    }
+}
+
 TEST(SetupPage, ThePageLayoutIsDrawnForItsOwnItemAlone)
 {
     SetupSheet sheet;
