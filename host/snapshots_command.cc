@@ -35,6 +35,11 @@ constexpr Picture Pictures[] = {
     {"setup-transparency",      "page \"Setup\"\nchoose IDC_MEDIA_TYPE \"Transparency\"\n"                                 },
     {"setup-watermark",         "page \"Setup\"\nchoose IDC_WATERMARK \"CONFIDENTIAL\"\n"                                  },
     {"setup-figure",            "page \"Setup\"\nclick IDC_SETUP_PRINTER_FIGURE\n"                                         },
+    {"watermark-edit",          "page \"Setup\"\nclick IDC_EDIT_WATERMARK\n"                                               },
+    {"watermark-row",           "page \"Setup\"\nchoose IDC_WATERMARK \"CONFIDENTIAL\"\nclick IDC_EDIT_WATERMARK\n"        },
+    {"watermark-new",
+     "page \"Setup\"\nclick IDC_EDIT_WATERMARK\nclick IDC_WM_NEW\nchoose IDC_WM_ANGLE_MODE \"User Setting\"\nclick "
+     "IDC_WM_USER_POSITION\n"                                                                                              },
     {"nup-style",               "page \"Setup\"\nchoose IDC_NUP \"4-up\"\nclick IDC_NUP_STYLE\n"                           },
     {"nup-style-vertical",      "page \"Setup\"\nchoose IDC_NUP \"4-up\"\nclick IDC_NUP_STYLE\nclick IDC_VERT_DESCENDING\n"},
     {"overlay-list",            "page \"Setup\"\nclick IDC_EDIT_OVERLAY\n"                                                 },

@@ -75,6 +75,7 @@ void Initialise(HWND dialog, bool editable)
         EndDialog(dialog, 0);
         return;
     }
+    FillWatermarkList(dialog);
     if (WatermarkIndex == 0) SetEditorDisabled(dialog, true);
     const WindowContext preview(GetDlgItem(dialog, IDC_WM_PREVIEW));
     if (!preview) return;
@@ -170,30 +171,34 @@ void OnDelete(HWND dialog)
                  reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDC_WM_LIST)));
 }
 
-// What the printer has no room for is gone when the list is loaded again.
-void TellWhatIsLeftOut(HWND dialog)
+// What the printer has no room for is gone when the list is loaded again, so the user can go back and make room.
+bool StoreWithoutSome(HWND dialog)
 {
-    if (WatermarksLeftOut == 0) return;
+    const int rows = CountWatermarksWithoutRoom();
+    if (rows == 0) return true;
     WCHAR message[MessageChars] = {};
-    wsprintfW(message, LoadResString(IDS_WATERMARKS_LEFT_OUT, 0), WatermarksLeftOut);
-    MessageBoxW(dialog, message, LoadResString(IDS_WATERMARK_WARNING, 1), MB_OK | MB_ICONEXCLAMATION);
+    wsprintfW(message, LoadResString(IDS_WATERMARKS_WITHOUT_ROOM, 0), rows);
+    return MessageBoxW(dialog, message, LoadResString(IDS_WATERMARK_WARNING, 1), MB_OKCANCEL | MB_ICONEXCLAMATION) ==
+           IDOK;
 }
 
-void End(HWND dialog, INT_PTR result)
+bool End(HWND dialog, INT_PTR result)
 {
+    if (!EndDialog(dialog, result)) return false;
     FreeFaceList();
-    EndDialog(dialog, result);
+    return true;
 }
 
 void OnOk(HWND dialog)
 {
     if (ValidateWatermarkName(dialog, WatermarkIndex) != 0) return;
     TakeWatermarkName(dialog);
+    if (!StoreWithoutSome(dialog)) return;
     Focus(dialog, IDOK);
     SaveWatermarks();
-    TellWhatIsLeftOut(dialog);
     WatermarkCurrent = &WatermarkEdit;
-    End(dialog, 1);
+    // A dialog that cannot be ended goes on with its row.
+    if (!End(dialog, 1)) SelectWatermarkRow(WatermarkIndex);
 }
 
 void OnCancel(HWND dialog) { End(dialog, 0); }

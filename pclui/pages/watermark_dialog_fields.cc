@@ -68,10 +68,12 @@ void ShowNumber(HWND dialog, const NumberRow& field)
     SetDlgItemInt(dialog, field.control, static_cast<UINT>(INT{WatermarkEdit.*field.value}), field.isSigned);
 }
 
-// 0 for what is no number.
+// 0 for what is no number. A field that cannot be read looks like that, so it is asked twice.
 LONG TypedNumber(HWND dialog, const NumberRow& field)
 {
-    const UINT typed = GetDlgItemInt(dialog, field.control, nullptr, field.isSigned);
+    BOOL translated = FALSE;
+    UINT typed = GetDlgItemInt(dialog, field.control, &translated, field.isSigned);
+    if (!translated) typed = GetDlgItemInt(dialog, field.control, nullptr, field.isSigned);
     if (field.isSigned) return static_cast<LONG>(typed);
     return static_cast<LONG>(std::min<UINT>(typed, 0x7FFFFFFF));
 }
@@ -103,6 +105,15 @@ void SetChecked(HWND dialog, int control, LONG WatermarkRecord::*field)
     ChangeWatermark(dialog, [&](WatermarkRecord& row) { row.*field = checked; });
 }
 
+// A row that is refused is offered once more: without it all rows behind would stand for others.
+void AddRow(HWND dialog, int combo, UINT message, int row, const WCHAR* text)
+{
+    const auto add = [&] {
+        return SendDlgItemMessageW(dialog, combo, message, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text));
+    };
+    if (add() < 0) add();
+}
+
 }  // namespace
 
 bool LoadFaceList(HDC context)
@@ -123,10 +134,8 @@ void PrepareWatermarkFields(HWND dialog)
         SendDlgItemMessageW(dialog, field.spin, UDM_SETRANGE, 0, static_cast<LPARAM>(range));
     }
     for (int string = IDS_ANGLE_HORIZONTAL; string <= IDS_ANGLE_USER; ++string)
-        SendDlgItemMessageW(dialog, IDC_WM_ANGLE_MODE, CB_INSERTSTRING, static_cast<WPARAM>(-1),
-                            reinterpret_cast<LPARAM>(LoadResString(string, 0)));
-    for (const FaceName& face : FaceList)
-        SendDlgItemMessageW(dialog, IDC_WM_FACE, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(face.c_str()));
+        AddRow(dialog, IDC_WM_ANGLE_MODE, CB_INSERTSTRING, -1, LoadResString(string, 0));
+    for (const FaceName& face : FaceList) AddRow(dialog, IDC_WM_FACE, CB_ADDSTRING, 0, face.c_str());
     FindFaceIndex();
 }
 
@@ -198,7 +207,8 @@ void OnNumberLeft(HWND dialog, WatermarkNumber number)
 void OnWatermarkText(HWND dialog)
 {
     WCHAR text[TextChars] = {};
-    GetDlgItemTextW(dialog, IDC_WM_TEXT, text, TextChars);
+    if (GetDlgItemTextW(dialog, IDC_WM_TEXT, text, TextChars) == 0)
+        GetDlgItemTextW(dialog, IDC_WM_TEXT, text, TextChars);
     ChangeWatermark(
         dialog, [&](WatermarkRecord& row) { CopyToField(row.wmText, static_cast<int>(std::size(row.wmText)), text); });
 }

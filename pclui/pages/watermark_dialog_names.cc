@@ -18,11 +18,32 @@ struct Name {
     bool IsBlank() const { return std::u16string_view(text).find_first_not_of(u' ') == std::u16string_view::npos; }
 };
 
+// A field that cannot be read looks like an empty one, so that is asked twice.
 Name TypedName(HWND dialog)
 {
     Name name;
-    GetDlgItemTextW(dialog, IDC_WM_NAME, name.text, WatermarkNameChars);
+    if (GetDlgItemTextW(dialog, IDC_WM_NAME, name.text, WatermarkNameChars) == 0)
+        GetDlgItemTextW(dialog, IDC_WM_NAME, name.text, WatermarkNameChars);
     return name;
+}
+
+LRESULT AskList(HWND dialog, UINT message, int row = 0, const WCHAR* text = nullptr)
+{
+    return SendDlgItemMessageW(dialog, IDC_WM_LIST, message, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text));
+}
+
+// A row that the list box refuses to take or to give up is offered once more: without it all rows behind would
+// stand for others.
+void InsertListRow(HWND dialog, int row, const WCHAR* text)
+{
+    if (AskList(dialog, LB_INSERTSTRING, row, text) != row) AskList(dialog, LB_INSERTSTRING, row, text);
+}
+
+// rows is how many there are before.
+void DeleteListRow(HWND dialog, int row, int rows)
+{
+    if (rows > 1 && AskList(dialog, LB_DELETESTRING, row) == rows - 1) return;
+    if (AskList(dialog, LB_GETCOUNT) == rows) AskList(dialog, LB_DELETESTRING, row);
 }
 
 int Ask(HWND dialog, int message, UINT buttons)
@@ -73,12 +94,22 @@ void Overwrite(HWND dialog, int other)
     if (other < WatermarkIndex) --WatermarkIndex;
     LockEditorByRow(dialog);
     FocusName(dialog);
-    TakeWatermarkName(dialog);
+    // No two rows have the same name: such a list could not be loaded again.
+    if (!NameOfAnotherWatermark(TypedName(dialog))) TakeWatermarkName(dialog);
     ShowWatermarkRow(dialog);
     EnableControl(dialog, IDC_WM_DELETE, WatermarkEdit.wmRemovable != 0 && WatermarkIndex != 0);
 }
 
 }  // namespace
+
+void FillWatermarkList(HWND dialog)
+{
+    if (AskList(dialog, LB_GETCOUNT) == WatermarkCount + 1) return;
+    AskList(dialog, LB_RESETCONTENT);
+    for (int row = 0; row <= WatermarkCount; ++row)
+        InsertListRow(dialog, row, WatermarkNames[static_cast<std::size_t>(row)]);
+    AskList(dialog, LB_SETCURSEL, WatermarkIndex);
+}
 
 void ShowWatermarkRow(HWND dialog)
 {
@@ -97,7 +128,8 @@ void RemoveListedWatermark(HWND dialog, int index)
     WatermarkSlots[static_cast<std::size_t>(row->wmId)] = 0;
     for (auto name = static_cast<std::size_t>(index); name + 1 < WatermarkNames.size(); ++name)
         CopyToField(WatermarkNames[name], WatermarkNameChars, WatermarkNames[name + 1]);
-    SendDlgItemMessageW(dialog, IDC_WM_LIST, LB_DELETESTRING, static_cast<WPARAM>(index), 0);
+    DeleteListRow(dialog, index, WatermarkCount + 2);
+    if (row == WatermarkCurrent) WatermarkCurrent = nullptr;
     RemoveWatermarkRow(index);
 }
 
@@ -124,6 +156,7 @@ void TakeWatermarkName(HWND dialog)
 {
     if (WatermarkIndex <= 0) return;
     const Name name = TypedName(dialog);
+    if (name.IsBlank()) return;
     ChangeWatermark(dialog, [&](WatermarkRecord& row) { CopyToField(row.wmName, WatermarkNameChars, name.text); });
     CopyToField(WatermarkNames[static_cast<std::size_t>(WatermarkIndex)], WatermarkNameChars, name.text);
 }
@@ -131,10 +164,11 @@ void TakeWatermarkName(HWND dialog)
 void OnWatermarkNameTyped(HWND dialog)
 {
     const Name name = TypedName(dialog);
-    const auto place = static_cast<WPARAM>(WatermarkIndex);
-    SendDlgItemMessageW(dialog, IDC_WM_LIST, LB_DELETESTRING, place, 0);
-    SendDlgItemMessageW(dialog, IDC_WM_LIST, LB_INSERTSTRING, place, reinterpret_cast<LPARAM>(name.text));
-    SendDlgItemMessageW(dialog, IDC_WM_LIST, LB_SETCURSEL, place, 0);
+    const auto rows = static_cast<int>(AskList(dialog, LB_GETCOUNT));
+    // A new row is not there yet.
+    if (WatermarkIndex < rows) DeleteListRow(dialog, WatermarkIndex, rows);
+    if (AskList(dialog, LB_GETCOUNT) <= WatermarkCount) InsertListRow(dialog, WatermarkIndex, name.text);
+    AskList(dialog, LB_SETCURSEL, WatermarkIndex);
 }
 
 void OnWatermarkNameLeft(HWND dialog)

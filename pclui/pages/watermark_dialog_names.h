@@ -4,6 +4,9 @@
 
 #include "platform/user.h"
 
+// Gives the list box its rows anew if it has not taken all of them.
+void FillWatermarkList(HWND dialog);
+
 // Selects the row WatermarkIndex for editing and shows it.
 void ShowWatermarkRow(HWND dialog);
 

@@ -317,7 +317,7 @@
 #define IDS_NO_PAPER_SELECTED       4333
 #define IDS_UNIT_MM                 4334
 #define IDS_UNIT_INCH               4335
-#define IDS_WATERMARKS_LEFT_OUT     4336
+#define IDS_WATERMARKS_WITHOUT_ROOM 4336
 #define IDS_MEMORY_FIRST            4350
 #define IDS_MEMORY_LAST             4351
 #define IDS_OVERLAY_MADE_BY_JOB     4400

@@ -166,6 +166,13 @@ int ReadStoredWatermarks()
     return WatermarkHead && WatermarkHead->next ? 1 : -1;
 }
 
+int CountWatermarksWithoutRoom()
+{
+    if (!WatermarkHead) return 0;
+    Compose();
+    return WatermarksLeftOut;
+}
+
 int SaveWatermarks()
 {
     WatermarksLeftOut = 0;

@@ -19,8 +19,9 @@ int ReadStoredWatermarks();
 // not fit any more is left out whole, and the rows before it keep their places.
 int SaveWatermarks();
 
-// Rows that the last SaveWatermarks had no room for. Written there, read by the dialog that tells the user.
+// Rows that the last SaveWatermarks had no room for, and those that the next one would have none for.
 extern int WatermarksLeftOut;
+int CountWatermarksWithoutRoom();
 
 // Takes the fields of the stored row that the option names by wmId, as it is stored now. 1 if the option is to
 // be written back, 0 if there is no such row.
