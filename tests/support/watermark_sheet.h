@@ -1,0 +1,135 @@
+// The Watermark dialog on top of the Setup page, with a printer's watermarks that are told in short lines.
+#pragma once
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "platform/kernel/unicode.h"
+#include "resources/control_numbers.h"
+#include "tests/support/setup_sheet.h"
+#include "watermark/watermark_list.h"
+
+namespace testing_support {
+
+struct StoredWatermark {
+    std::u16string name, text;
+    std::u16string attributes = u"1|20|72|0|0|0|0|2|0|Times New Roman";
+};
+
+inline void StoreWatermarks(Machine& machine, const std::vector<StoredWatermark>& rows)
+{
+    const std::string count = std::to_string(rows.size());
+    std::u16string texts(count.begin(), count.end()), attributes;
+    texts += u"\r\n";
+    std::u16string names = texts;
+    for (const StoredWatermark& row : rows) {
+        texts += row.text + u"\r\n";
+        names += row.name + u"\r\n";
+        attributes += row.attributes + u"\r\n";
+    }
+    for (const auto& [name, value] : {
+             std::pair{u"WatermarkText",       &texts     },
+             {u"WatermarkTextName",   &names     },
+             {u"WatermarkAttributes", &attributes}
+    }) {
+        platform::Bytes bytes(3000);
+        std::memcpy(bytes.data(), value->data(), 2 * value->size());
+        machine.store->SetValue(TestPrinter, name, {3, bytes});
+    }
+}
+
+// A stored value up to its terminator, with '/' at the line ends; "none" if it is not stored.
+inline std::string StoredLines(Machine& machine, const char16_t* name)
+{
+    const auto value = machine.store->Value(TestPrinter, name);
+    if (!value) return "none";
+    std::u16string text(value->bytes.size() / 2, u'\0');
+    std::memcpy(text.data(), value->bytes.data(), text.size() * 2);
+    std::string lines = platform::ToUtf8(text.substr(0, text.find(u'\0')));
+    for (std::size_t at; (at = lines.find("\r\n")) != std::string::npos;) lines.replace(at, 2, "/");
+    return lines;
+}
+
+class WatermarkSheet : public SetupSheet {
+  public:
+    // Opens on the watermark with this id; 0 is none. The rows are A, B, C ...
+    explicit WatermarkSheet(std::vector<StoredWatermark> rows, SHORT chosen = 0, bool mayChange = true,
+                            const Prepare& prepare = {})
+        : SetupSheet(
+              [=](DriverDevMode& record) {
+                  record.dmWatermarkOn = chosen != 0;
+                  record.dmWatermark.wmId = chosen;
+                  if (prepare) prepare(record);
+              },
+              [=](TestMachine& machine) {
+                  if (!mayChange) {
+                      machine.store->Remove(TestPrinter);
+                      machine.store->Add({TestPrinter, TestPrinter, false});
+                  }
+                  StoreWatermarks(machine, rows);
+              })
+    {
+        Drawn();
+        Click(IDC_EDIT_WATERMARK);
+    }
+
+    // The list box, the selected row in brackets; then the names in memory if these differ.
+    std::string List()
+    {
+        const auto items = Items(IDC_WM_LIST);
+        std::string shown, held;
+        const int selected = Selection(IDC_WM_LIST);
+        for (int i = 0; i < static_cast<int>(items.size()); ++i) {
+            const std::string text = platform::ToUtf8(items[static_cast<std::size_t>(i)]);
+            shown += (i ? " " : "") + (i == selected ? "[" + text + "]" : text);
+        }
+        for (int i = 0; const WatermarkRecord* row = WatermarkRowAt(i); ++i) {
+            const std::string name = platform::ToUtf8(row->wmName);
+            held += (i ? " " : "") + (i == WatermarkIndex ? "[" + name + "]" : name);
+            EXPECT_EQ(name, platform::ToUtf8(WatermarkNames[static_cast<std::size_t>(i)])) << i;
+        }
+        return shown == held ? shown : shown + " | " + held;
+    }
+    // "NDE": New, Delete, the editor's name field, where they can be used.
+    std::string Usable()
+    {
+        std::string usable;
+        if (Enabled(IDC_WM_NEW)) usable += 'N';
+        if (Enabled(IDC_WM_DELETE)) usable += 'D';
+        if (Enabled(IDC_WM_NAME)) usable += 'E';
+        return usable;
+    }
+    std::string Said()
+    {
+        std::string said;
+        for (const auto& text : Machine().Desktop().messagesSeen) said += platform::ToUtf8(text) + "/";
+        Machine().Desktop().messagesSeen.clear();
+        return said;
+    }
+    std::string Names() { return StoredLines(Machine(), u"WatermarkTextName"); }
+    std::string Texts() { return StoredLines(Machine(), u"WatermarkText"); }
+    std::string Attributes() { return StoredLines(Machine(), u"WatermarkAttributes"); }
+    std::string Field(int control) { return platform::ToUtf8(Text(control)); }
+    bool HasFocus(int control)
+    {
+        const HWND handle = Handle(control);
+        HWND focus = nullptr;
+        Try([&focus](HWND) {
+            focus = GetFocus();
+            return platform::user::Outcome::Done;
+        });
+        return focus == handle;
+    }
+};
+
+inline std::vector<StoredWatermark> Abc()
+{
+    return {
+        {u"A", u"Alpha"},
+        {u"B", u"Beta" },
+        {u"C", u"Gamma"}
+    };
+}
+
+}  // namespace testing_support
