@@ -220,7 +220,7 @@ void DrawPageIcon(HWND window, int iconId)
     const RECT client = context.ClientRect();
     if (HBRUSH face = CreateSolidBrush(GetSysColor(COLOR_BTNFACE))) {
         FillRect(context.Get(), &client, face);
-        DeleteObject(face);
+        PutBack([face] { return DeleteObject(face); });
     }
     if (HICON icon = LoadIconW(ResourceHandle, ResourceName(iconId))) DrawIcon(context.Get(), 0, 0, icon);
 }
