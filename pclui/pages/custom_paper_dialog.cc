@@ -163,7 +163,7 @@ void GiveNewName(HWND dialog, CustomPaperEntry& entry, int rows)
 
 void OnNew(HWND dialog)
 {
-    const int rows = CustomPaperRows(dialog);
+    const int rows = WorkListCount();
     if (rows >= MostCustomPapers) return;
     if (rows == 0) EnableCustomPaperEditor(dialog, EditorNormal, true);
     CustomPaperEntry entry = DefaultCustomPaper(LocaleUsesA4());
@@ -185,7 +185,7 @@ void OnNew(HWND dialog)
 
 void OnDelete(HWND dialog)
 {
-    const int rows = CustomPaperRows(dialog);
+    const int rows = WorkListCount();
     int selected = SelectedCustomPaper(dialog);
     // A row that the list view keeps keeps its entry.
     if (selected < 0 || !SendDlgItemMessageW(dialog, IDC_CP_LIST, LVM_DELETEITEM, static_cast<WPARAM>(selected), 0))
@@ -204,11 +204,11 @@ void OnDelete(HWND dialog)
     if (rows == MostCustomPapers) Enable(dialog, IDC_CP_NEW, true);
 }
 
+// A dialog that does not end keeps its sizes: an empty list that is saved later would take the printer's.
 void End(HWND dialog, bool accepted, INT_PTR result)
 {
-    WorkListFree();
     CustomPaperAccepted = accepted ? 1 : 0;
-    EndDialog(dialog, result);
+    if (EndDialog(dialog, result)) WorkListFree();
 }
 
 // The Enter key ends the dialog without leaving the field that it is pressed in.

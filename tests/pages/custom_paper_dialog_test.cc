@@ -680,7 +680,8 @@ TEST_F(CustomPaperDialog, SurvivesEveryCallThatFails)
     const auto calls = faults.Calls();
     std::size_t failed = 0;
     for (const auto& [function, count] : calls)
-        for (std::uint64_t call = 1; call <= count; ++call, ++failed) {
+        // Hundreds of calls enable the same controls: of those, some fifty all over the walk.
+        for (std::uint64_t call = 1; call <= count; call += 1 + count / 50, ++failed) {
             SCOPED_TRACE(function + " " + std::to_string(call));
             Store(Dialog().Machine(), Three);
             faults.Clear();
@@ -690,6 +691,12 @@ TEST_F(CustomPaperDialog, SurvivesEveryCallThatFails)
             faults.Clear();
             if (result_ == -2) Dialog().CloseDialog();
             EXPECT_EQ(CustomPaperWorkList, nullptr);
+            // What could not be loaded or shown is not there to be saved.
+            const bool incomplete =
+                function == "GetPrinterDataW" || function == "GlobalAlloc" || function == "LVM_INSERTITEMW";
+            if (!incomplete) {
+                EXPECT_GE(Stored().size(), 2u);
+            }
             for (const CustomPaperEntry& entry : Stored()) EXPECT_GE(entry.cpCode, 257);
         }
     EXPECT_GT(failed, 200u);

@@ -3,6 +3,7 @@
 
 #include <QtWidgets>
 #include <cstdlib>
+#include <filesystem>
 #include <thread>
 
 #include "desktop/dialog_view.h"
@@ -29,6 +30,7 @@ class User {
     ~User() { thread_.join(); }
 
     void Press(const std::string& key) { Do("key " + key); }
+    void Write(const std::string& text) { Do("type " + text); }
     // Types over what is in a field.
     void Enter(int control, const std::string& text)
     {
@@ -296,6 +298,44 @@ TEST_F(SheetWindow, MakesACustomSizeInInchesAndFindsItAgain)
     }
     EXPECT_EQ(record.dmPaperSize, 257);
     EXPECT_EQ(record.dmPaperWidth, 1725);
+}
+
+// The file dialog is Qt's own; a path that is refused leaves it up.
+TEST_F(SheetWindow, NamesTheFileOfANewOverlayInAFileDialogThatStaysUntilThePathFits)
+{
+    DWORD result = 99;
+    DriverDevMode record{};
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "contract.oxl";
+    bool refused = false, stayed = false, gone = false;
+    {
+        const User user([&](User& self) {
+            self.Click(IDC_EDIT_OVERLAY);
+            self.Click(IDC_OVL_NEW);
+            self.Enter(IDC_OVL_NAME, "Contract");
+            self.Click(IDC_OVL_BROWSE);
+            self.Write(std::string(255, 'n'));
+            self.Press("Return");
+            refused = self.IsUp("Error");
+            self.Press("Return");
+            stayed = self.IsUp("File") && !self.IsUp("Error");
+            self.Press("ctrl+a");
+            self.Write(file.string());
+            self.Press("Return");
+            gone = !self.IsUp("File");
+            self.Click(IDC_OVL_NAME);
+            self.Press("Return");
+            self.Press("Return");  // what a new overlay needs
+            self.Click(IDOK);
+            self.ClickButton("OK");
+        });
+        record = Show(&result);
+    }
+    EXPECT_TRUE(refused);
+    EXPECT_TRUE(stayed);
+    EXPECT_TRUE(gone);
+    EXPECT_EQ(result, 1u);
+    EXPECT_EQ(record.dmOverlayState, 2);
+    EXPECT_EQ(std::u16string(record.dmOverlayFile), file.u16string());
 }
 
 TEST_F(SheetWindow, TheDeviceSheetIsWorkedByKeyboardAlone)
