@@ -517,6 +517,13 @@ TEST_F(CustomPaperDialog, WaitsForAGoodName)
     }
 }
 
+TEST_F(CustomPaperDialog, DoesNotTakeASizesOwnNameForAnothers)
+{
+    Open(Three);
+    Dialog().Row(IDC_CP_LIST, 2).Paste(IDC_CP_NAME, u"Poster");
+    EXPECT_EQ(Usable(), "NDlnuOCH");
+}
+
 TEST_F(CustomPaperDialog, KeepsTheLastGoodNameWhileTheTypedOneIsTaken)
 {
     Open(Three);

@@ -30,7 +30,7 @@ class User {
     ~User() { thread_.join(); }
 
     void Press(const std::string& key) { Do("key " + key); }
-    void Write(const std::string& text) { Do("type " + text); }
+    void Type(const std::string& text) { Do("type " + text); }
     // Types over what is in a field.
     void Enter(int control, const std::string& text)
     {
@@ -313,13 +313,13 @@ TEST_F(SheetWindow, NamesTheFileOfANewOverlayInAFileDialogThatStaysUntilThePathF
             self.Click(IDC_OVL_NEW);
             self.Enter(IDC_OVL_NAME, "Contract");
             self.Click(IDC_OVL_BROWSE);
-            self.Write(std::string(255, 'n'));
+            self.Type(std::string(255, 'n'));
             self.Press("Return");
             refused = self.IsUp("Error");
             self.Press("Return");
             stayed = self.IsUp("File") && !self.IsUp("Error");
             self.Press("ctrl+a");
-            self.Write(file.string());
+            self.Type(file.string());
             self.Press("Return");
             gone = !self.IsUp("File");
             self.Click(IDC_OVL_NAME);
