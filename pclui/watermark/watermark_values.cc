@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string>
 #include <vector>
 
 #include "platform/registry.h"
@@ -96,9 +97,8 @@ std::u16string Line(const WCHAR* field, std::size_t chars)
 
 std::u16string CountLine(int count)
 {
-    WCHAR text[16];
-    wsprintfW(text, u"%d\r\n", count);
-    return text;
+    const std::string digits = std::to_string(count);
+    return std::u16string(digits.begin(), digits.end()) + u"\r\n";
 }
 
 struct RowLines {
