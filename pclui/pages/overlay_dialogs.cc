@@ -179,12 +179,12 @@ void OnDelete(HWND dialog)
     RestrictOverlayButtons(dialog);
 }
 
-// Makes the list what the list box shows; rows that it does not show are released.
-void LinkShownRows(HWND dialog)
+// Brings the list into the order of the list box. The last row that it shows; behind it stand those that it has no
+// room for. Null without a list.
+OverlayEntry* LinkShownRows(HWND dialog)
 {
-    if (!OverlayList) return;
     OverlayEntry* last = OverlayList;
-    const LRESULT count = AskList(dialog, LB_GETCOUNT);
+    const LRESULT count = last ? AskList(dialog, LB_GETCOUNT) : 0;
     for (LRESULT i = 0; i < count; ++i) {
         OverlayEntry* row = RowAt(dialog, i);
         if (!row || row == OverlayList) continue;
@@ -192,12 +192,14 @@ void LinkShownRows(HWND dialog)
         LinkOverlay(last, row);
         last = row;
     }
-    while (OverlayEntry* hidden = NextOverlay(last)) ReleaseOverlay(hidden);
+    // A list box that does not even show "<NONE>" says nothing about the rows.
+    while (OverlayEntry* next = count > 0 ? nullptr : NextOverlay(last)) last = next;
+    return last;
 }
 
 void OnListOk(HWND dialog)
 {
-    LinkShownRows(dialog);
+    OverlayEntry* last = LinkShownRows(dialog);
     OverlaySelected = OverlayEditing = OverlayList;
     const int position = Selection(dialog);
     OverlayEntry* row = position >= 0 ? RowAt(dialog, position) : nullptr;
@@ -205,7 +207,10 @@ void OnListOk(HWND dialog)
         OverlayEditing = row;
         if (!IsPending(*row)) OverlayIndex = position;
     }
+    // Rows that are not shown are not stored, but go with the list when it is released.
+    OverlayEntry* hidden = CutOverlaysBehind(last);
     SaveOverlayChoice();
+    AppendOverlays(last, hidden);
     EndDialog(dialog, 1);
 }
 

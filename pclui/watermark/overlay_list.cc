@@ -108,6 +108,21 @@ void UnlinkOverlay(OverlayEntry* row)
     row->ovPrevious = row->ovNext = 0;
 }
 
+OverlayEntry* CutOverlaysBehind(OverlayEntry* row)
+{
+    OverlayEntry* cut = NextOverlay(row);
+    if (cut) {
+        Join(NodeOf(row), nullptr);
+        Join(nullptr, NodeOf(cut));
+    }
+    return cut;
+}
+
+void AppendOverlays(OverlayEntry* last, OverlayEntry* rows)
+{
+    if (last && rows) Join(NodeOf(last), NodeOf(rows));
+}
+
 void ReleaseOverlay(OverlayEntry* row)
 {
     UnlinkOverlay(row);

@@ -35,5 +35,8 @@ OverlayEntry* MakeOverlay();
 void LinkOverlay(OverlayEntry* before, OverlayEntry* row);
 // Takes a row out of its list, which keeps its other rows.
 void UnlinkOverlay(OverlayEntry* row);
+// Cuts a list behind a row and hangs what was cut off behind a last row again; null is allowed everywhere.
+OverlayEntry* CutOverlaysBehind(OverlayEntry* row);
+void AppendOverlays(OverlayEntry* last, OverlayEntry* rows);
 // Unlinks and releases a row that is not the head. A choice of that row falls back on the head.
 void ReleaseOverlay(OverlayEntry* row);

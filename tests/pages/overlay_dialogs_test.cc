@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <set>
 
 #include "module.h"
 #include "pages/overlay_browse.h"
@@ -506,6 +507,10 @@ TEST_F(OverlayDialogs, SurviveEveryCallThatFails)
             if (function == "GlobalFree") ++blocks_;  // what cannot be freed stays
             EXPECT_EQ(platform::memory::BlockCount(), blocks_);
             EXPECT_TRUE(stored.size == 0 || stored.size == 4 + stored.rows.size() * sizeof(OverlayEntry));
+            // What could not be loaded or shown is not there to be saved.
+            const std::set<std::string> incomplete = {"GetPrinterDataW", "GlobalAlloc", "GlobalLock", "LB_INSERTSTRING",
+                                                      "OpenPrinterW"};
+            EXPECT_TRUE(incomplete.contains(function) || !stored.rows.empty());
         }
     EXPECT_GT(failed, 100u);
 }
