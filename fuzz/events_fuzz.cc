@@ -26,12 +26,13 @@ struct Freer {
 };
 using Block = std::unique_ptr<DEVMODEW, Freer>;
 
-// The record in a block of exactly the length that its own size fields promise.
+// The record in a block of exactly the length that its own size fields promise; whole if they promise none.
 Block Caller(const std::uint8_t* data, std::size_t size)
 {
     DEVMODEW header{};
     std::memcpy(&header, data, std::min(size, sizeof header));
-    const std::size_t promised = std::max(RecordBytes(header), offsetof(DEVMODEW, dmFields));
+    const bool says = header.dmSize != 0 || header.dmDriverExtra != 0;
+    const std::size_t promised = says ? std::max(RecordBytes(header), offsetof(DEVMODEW, dmFields)) : RecordSize;
     Block block(static_cast<DEVMODEW*>(std::calloc(1, promised)));
     std::memcpy(block.get(), data, std::min(size, promised));
     return block;

@@ -54,13 +54,20 @@ void TakeShortRecord(DEVMODEW& record)
     if (RecordBytes(record) >= QualityEnd && record.dmPrintQuality < 0) record.dmPrintQuality = FallbackQuality;
 }
 
+// A record that says nothing of its size is taken as whole.
+bool IsShort(const DEVMODEW& record)
+{
+    const bool says = record.dmSize != 0 || record.dmDriverExtra != 0;
+    return says && RecordBytes(record) < RecordSize;
+}
+
 // A record that comes with a context: it is the output, too, and made ready for the job in place.
 void TakeRecord(const Event& event, DriverDevMode* record)
 {
     StampReady = false;
     if (event.output && event.outputBytes >= sizeof(record)) std::memcpy(event.output, &record, sizeof(record));
     if (!record) return;
-    if (RecordBytes(*PublicPart(record)) < RecordSize) return TakeShortRecord(*PublicPart(record));
+    if (IsShort(*PublicPart(record))) return TakeShortRecord(*PublicPart(record));
     GiveQuality(*record);
     PrepareStamp(event.printer, *record);
 }

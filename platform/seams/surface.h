@@ -69,7 +69,7 @@ class QD_API RecordingSurface : public Surface {
     void Erase(const RECT& box) override;
 
     void ReplayOn(Surface& target) const;
-    bool Same(const RecordingSurface& other) const;  // whether both show the same, by the same calls
+    bool Same(const RecordingSurface& other) const;        // whether both show the same, by the same calls
     std::size_t Count() const { return entries_.size(); }  // drawing calls that are kept
     void Clear() { entries_.clear(); }                     // the clip stays
 

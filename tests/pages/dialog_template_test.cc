@@ -113,8 +113,7 @@ TEST(DialogTemplates, StandUnderTheirNumbers)
     std::vector<int> numbers;
     for (const Dialog& dialog : Dialogs()) numbers.push_back(dialog.number);
     EXPECT_EQ(numbers, (std::vector{IDD_SETUP, IDD_NUP_STYLE, IDD_QUALITY, IDD_PAPER, IDD_CUSTOM_PAPER,
-                                    IDD_DEVICE_OPTIONS, IDD_WATERMARK, DLG_ABOUT, IDD_OVERLAY_LIST,
-                                    IDD_OVERLAY_EDIT}));
+                                    IDD_DEVICE_OPTIONS, IDD_WATERMARK, DLG_ABOUT, IDD_OVERLAY_LIST, IDD_OVERLAY_EDIT}));
 }
 
 TEST(DialogTemplates, KeepTheirControlsInside)
