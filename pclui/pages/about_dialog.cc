@@ -43,8 +43,11 @@ void DrawName(HDC context)
 
 void Draw(HWND dialog)
 {
-    const WindowContext picture(GetDlgItem(dialog, IDC_ABOUT_PICTURE));
-    if (picture) DrawTransparentBitmap(IDB_ABOUT, picture.ClientRect(), picture.Get(), GetSysColor(COLOR_BTNFACE));
+    HWND area = GetDlgItem(dialog, IDC_ABOUT_PICTURE);
+    RECT target = {};
+    GetClientRect(area, &target);
+    const WindowContext picture(area);
+    if (picture) DrawTransparentBitmap(IDB_ABOUT, target, picture.Get(), GetSysColor(COLOR_BTNFACE));
     const WindowContext name(GetDlgItem(dialog, IDC_ABOUT_NAME));
     if (name) DrawName(name.Get());
 }

@@ -151,8 +151,8 @@ std::string Brief(const std::string& line)
 }
 
 const std::vector<std::string> Drawing = {
-    "1214 GetDC",
     "1214 GetClientRect",
+    "1214 GetDC",
     // The picture.
     "1214 CreateCompatibleDC",
     "1214 CreateCompatibleDC",
