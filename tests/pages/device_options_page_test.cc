@@ -135,6 +135,8 @@ TEST(AboutDialog, OpensFromThePageAndClosesByOkAndEsc)
     EXPECT_EQ(sheet.Click(IDC_ABOUT).Template(), DLG_ABOUT);
     EXPECT_TRUE(sheet.Enabled(IDOK));
     EXPECT_EQ(sheet.Text(IDC_ABOUT_VERSION), u"Version:1.20.0401.0");
+    sheet.Send(WM_COMMAND, 1 << 16 | IDOK, 0);  // a notice of the button and no click
+    EXPECT_EQ(sheet.Template(), DLG_ABOUT);
     EXPECT_EQ(sheet.Click(IDOK).Template(), IDD_DEVICE_OPTIONS);
     EXPECT_EQ(sheet.Click(IDC_ABOUT).Template(), DLG_ABOUT);
     EXPECT_EQ(sheet.Press(platform::user::Key::Escape).Template(), IDD_DEVICE_OPTIONS);
