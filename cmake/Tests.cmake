@@ -30,6 +30,12 @@ function(qd_add_test_program name)
   # A test's own code runs once; what it tests is optimised as the flavour says.
   target_compile_options(${name} PRIVATE -O0)
   target_link_libraries(${name} PRIVATE qd_glue)
+  if(QD_SANITIZE)
+    # The sanitizers watch what is tested: a test's own code takes much longer to build with them than to run.
+    add_library(${name}_plain INTERFACE)
+    target_compile_options(${name}_plain INTERFACE -fno-sanitize=all)
+    target_link_libraries(${name} PRIVATE ${name}_plain)
+  endif()
   target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <gmock/gmock.h> <string> <vector>)
   if(TARGET qd480ui)
     # At the end of the folder, when all sources are named.
