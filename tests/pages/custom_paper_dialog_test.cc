@@ -13,6 +13,7 @@
 #include "platform/user/window.h"
 #include "resources/control_numbers.h"
 #include "tests/support/custom_papers.h"
+#include "tests/support/failing_places.h"
 #include "tests/support/sheet_driver.h"
 
 namespace {
@@ -685,28 +686,26 @@ TEST_F(CustomPaperDialog, SurvivesEveryCallThatFails)
     walk();
     EXPECT_EQ(StoredNames(), (std::vector<std::u16string>{u"Poster2", u"Poster", u"New Paper0"}));
     const auto calls = faults.Calls();
-    std::size_t failed = 0;
-    for (const auto& [function, count] : calls)
-        // Hundreds of calls enable the same controls: of those, some fifty all over the walk.
-        for (std::uint64_t call = 1; call <= count; call += 1 + count / 50, ++failed) {
-            SCOPED_TRACE(function + " " + std::to_string(call));
-            Store(Dialog().Machine(), Three);
-            faults.Clear();
-            faults.Add(function, call, false);
-            Again();
-            walk();
-            faults.Clear();
-            if (result_ == -2) Dialog().CloseDialog();
-            EXPECT_EQ(CustomPaperWorkList, nullptr);
-            // What could not be loaded or shown is not there to be saved.
-            const bool incomplete =
-                function == "GetPrinterDataW" || function == "GlobalAlloc" || function == "LVM_INSERTITEMW";
-            if (!incomplete) {
-                EXPECT_GE(Stored().size(), 2u);
-            }
-            for (const CustomPaperEntry& entry : Stored()) EXPECT_GE(entry.cpCode, 257);
+    const auto places = testing_support::FailingPlaces({calls.begin(), calls.end()}, 20);
+    EXPECT_GT(places.size(), 50u);
+    for (const auto& [function, call] : places) {
+        SCOPED_TRACE(function + " " + std::to_string(call));
+        Store(Dialog().Machine(), Three);
+        faults.Clear();
+        faults.Add(function, call, false);
+        Again();
+        walk();
+        faults.Clear();
+        if (result_ == -2) Dialog().CloseDialog();
+        EXPECT_EQ(CustomPaperWorkList, nullptr);
+        // What could not be loaded or shown is not there to be saved.
+        const bool incomplete =
+            function == "GetPrinterDataW" || function == "GlobalAlloc" || function == "LVM_INSERTITEMW";
+        if (!incomplete) {
+            EXPECT_GE(Stored().size(), 2u);
         }
-    EXPECT_GT(failed, 200u);
+        for (const CustomPaperEntry& entry : Stored()) EXPECT_GE(entry.cpCode, 257);
+    }
 }
 
 }  // namespace

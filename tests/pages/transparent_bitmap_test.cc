@@ -64,12 +64,13 @@ class TransparentBitmap : public testing::Test {
     }
     static void Face(COLORREF face) { platform::CurrentEnvironment().desktop = std::make_shared<Colored>(face); }
 
-    // Compares every pixel; times: how often each pixel of the picture repeats.
+    // Compares every pixel of the picture and of the gap around it; times: how often each pixel of the picture repeats.
     void ExpectPicture(int times, const std::function<COLORREF(int x, int y)>& background)
     {
+        const int end = times * Side + 2 * Gap;
         int wrong = 0, shining = 0;
-        for (int y = 0; y < Height; ++y) {
-            for (int x = 0; x < Width; ++x) {
+        for (int y = 0; y < end; ++y) {
+            for (int x = 0; x < end; ++x) {
                 const int px = (x - Gap) / times, py = (y - Gap) / times;
                 const bool inside = x >= Gap && y >= Gap && px < Side && py < Side;
                 const COLORREF own = inside ? GetPixel(original, px, py) : CLR_INVALID;
