@@ -152,8 +152,8 @@ void LayOutSinglePages(HWND dialog, Layout& layout)
 
 void RefuseSourceForDuplex(HWND dialog)
 {
-    const WCHAR* text = LoadResString(IDS_SOURCE_AGAINST_DUPLEX, 0);
-    MessageBoxW(dialog, text, LoadResString(IDS_SETUP_WARNING, 1), MB_ICONEXCLAMATION);
+    const WCHAR* caption = LoadResString(IDS_SETUP_WARNING, 1);
+    MessageBoxW(dialog, LoadResString(IDS_SOURCE_AGAINST_DUPLEX, 0), caption, MB_ICONEXCLAMATION);
 }
 
 void BookletCopiesRule()

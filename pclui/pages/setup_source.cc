@@ -24,8 +24,8 @@ void KeepTray1(HWND dialog)
 
 void RefuseTransparency(HWND dialog)
 {
-    const WCHAR* text = LoadResString(IDS_TRANSPARENCY_AGAINST_DUPLEX, 0);
-    MessageBoxW(dialog, text, LoadResString(IDS_SETUP_WARNING, 1), MB_ICONEXCLAMATION);
+    const WCHAR* caption = LoadResString(IDS_SETUP_WARNING, 1);
+    MessageBoxW(dialog, LoadResString(IDS_TRANSPARENCY_AGAINST_DUPLEX, 0), caption, MB_ICONEXCLAMATION);
     SelectedMedia = MediaPlain;
     SelectInCombo(dialog, IDC_MEDIA_TYPE, PlainPosition);
 }
