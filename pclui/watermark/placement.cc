@@ -71,8 +71,9 @@ bool MeasureText(HDC context, const LOGFONTW& description, std::u16string_view t
     const HFONT font = CreateFontIndirectW(&description);
     bool measured = false;
     if (font) {
-        measured = SelectObject(context, font) &&
-                   GetTextExtentPointW(context, text.data(), static_cast<int>(text.size()), &extent);
+        const HGDIOBJ fixed = SelectObject(context, font);
+        measured = fixed && GetTextExtentPointW(context, text.data(), static_cast<int>(text.size()), &extent);
+        if (fixed) PutBack([&] { return SelectObject(context, fixed); });
     }
     if (before) PutBack([&] { return SelectObject(context, before); });
     if (font) PutBack([&] { return DeleteObject(font); });
