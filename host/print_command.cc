@@ -99,8 +99,11 @@ class Stamps {
 
 std::unique_ptr<PrintedPages> PagesOf(const Options& options)
 {
-    if (options.input.empty()) return std::make_unique<PrintedPages>(options.pages.value_or(1));
-    return std::make_unique<PrintedPages>(options.input);
+    if (options.input.empty()) return PrintedPages::Empty(options.pages.value_or(1));
+    if (options.input != "-") return PrintedPages::Of(options.input, InputName(options.input), {});
+    constexpr std::size_t InputLimit = std::size_t{1} << 30;  // bytes
+    const auto bytes = ReadFile(options.input, InputLimit);
+    return PrintedPages::Of({}, InputName(options.input), {bytes.begin(), bytes.end()});
 }
 
 void RunJob(Context& context, const Options& options, PrintedPages& pages, Progress& progress)
@@ -148,7 +151,8 @@ void Run(Context& context, const Options& options)
         return PrintBytes({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
     }
     PendingFile file(options.output);
-    pages->Write(file, [&](int percent) { progress.Tell("writing, " + std::to_string(percent) + " %"); });
+    const auto tell = [&](int percent) { progress.Tell("writing, " + std::to_string(percent) + " %"); };
+    if (const int error = pages->Write(file.Descriptor(), tell)) file.Fail(error);
     file.Commit();
 }
 

@@ -1,12 +1,17 @@
+// This source is C++17: libqpdf's headers do not compile as C++20 with every compiler.
 #include "host/print_pages.h"
+
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <qpdf/Pl_Discard.hh>
+#include <qpdf/QPDF.hh>
 #include <qpdf/QPDFAcroFormDocumentHelper.hh>
 #include <qpdf/QPDFExc.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
@@ -16,13 +21,11 @@
 #include <system_error>
 
 #include "host/errors.h"
-#include "host/files.h"
 
 namespace host {
 
 namespace {
 
-constexpr std::size_t InputLimit = std::size_t{1} << 30;  // bytes, of standard input
 constexpr double LargestSide = 1e6;
 
 using Box = QPDFObjectHandle::Rectangle;
@@ -30,8 +33,8 @@ using Box = QPDFObjectHandle::Rectangle;
 // What is said of a damaged or a foreign file may quote it: neither always short nor fit for a terminal.
 std::string Brief(std::string text)
 {
-    std::ranges::replace_if(
-        text, [](char c) { return c < ' ' || c > '~'; }, '?');
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
     constexpr std::size_t Most = 300;
     if (text.size() > Most) text = text.substr(0, Most) + "...";
     return text;
@@ -119,8 +122,39 @@ std::array<double, 6> ToSheet(const Box& box, int turns, double unit, const Pape
 }  // namespace
 
 // What libqpdf throws names the input.
+namespace {
+
+class QpdfPages : public PrintedPages {
+  public:
+    QpdfPages(const std::string& path, const std::string& name, std::string bytes);
+    explicit QpdfPages(int emptyPages);
+
+    std::size_t Count() const override { return pages_.size(); }
+    std::size_t AddStamp(const std::string& pdf, const PaperSheet& sheet) override;
+    void Lay(std::size_t page, const PaperSheet& sheet, std::size_t stamp) override;
+    int Write(int descriptor, const std::function<void(int)>& progress) override;
+    std::string WriteToMemory() override;
+    const std::vector<std::string>& Remarks() const override { return remarks_; }
+
+  private:
+    template <class Work>
+    auto Guarded(Work work);
+    void Open();
+    void CheckWhole();
+    QPDFObjectHandle ContentsOf(QPDFObjectHandle page, std::size_t number);
+    QPDFObjectHandle ContentStream(const std::string& operators);
+
+    std::string input_;  // its name; empty: none
+    std::string bytes_;  // of standard input
+    QPDF document_;
+    std::vector<QPDFObjectHandle> pages_;
+    std::vector<QPDFObjectHandle> stamps_;
+    std::map<std::string, QPDFObjectHandle> contentStreams_;  // pages that are laid alike share theirs
+    std::vector<std::string> remarks_;
+};
+
 template <class Work>
-auto PrintedPages::Guarded(Work work)
+auto QpdfPages::Guarded(Work work)
 {
     const std::string subject = input_.empty() ? "the printed pages" : input_;
     try {
@@ -138,31 +172,30 @@ auto PrintedPages::Guarded(Work work)
     }
 }
 
-PrintedPages::PrintedPages(const std::string& input) : input_(InputName(input))
+QpdfPages::QpdfPages(const std::string& path, const std::string& name, std::string bytes)
+    : input_(name), bytes_(std::move(bytes))
 {
     document_.setSuppressWarnings(true);
     document_.setAttemptRecovery(false);
-    if (input == "-") {
-        const auto bytes = ReadFile(input, InputLimit);
-        bytes_.assign(bytes.begin(), bytes.end());
+    if (path.empty()) {
         if (bytes_.empty()) throw Failure("cannot print " + input_ + ": it is empty");
     } else {
         std::error_code error;
-        const auto size = std::filesystem::file_size(input, error);
+        const auto size = std::filesystem::file_size(path, error);
         if (error) throw Failure("cannot read " + input_ + ": " + error.message());
         if (size == 0) throw Failure("cannot print " + input_ + ": it is empty");
     }
     Guarded([&] {
-        if (input == "-") {
+        if (path.empty()) {
             document_.processMemoryFile(input_.c_str(), bytes_.data(), bytes_.size());
         } else {
-            document_.processFile(input.c_str());
+            document_.processFile(path.c_str());
         }
         Open();
     });
 }
 
-PrintedPages::PrintedPages(int emptyPages)
+QpdfPages::QpdfPages(int emptyPages)
 {
     document_.emptyPDF();
     for (int i = 0; i < emptyPages; ++i) {
@@ -175,7 +208,7 @@ PrintedPages::PrintedPages(int emptyPages)
 
 // What shows when the input is printed goes into its pages; all else of the document (outlines, scripts, attached
 // files) is no matter of a print.
-void PrintedPages::Open()
+void QpdfPages::Open()
 {
     if (!document_.allowPrintLowRes()) throw std::runtime_error("it is protected: its owner lets nobody print it");
     QPDFPageDocumentHelper pages(document_);
@@ -196,7 +229,7 @@ void PrintedPages::Open()
     trailer.removeKey("/Info");
 }
 
-void PrintedPages::CheckWhole()
+void QpdfPages::CheckWhole()
 {
     const auto warnings = document_.getWarnings();
     if (!warnings.empty()) throw warnings.front();
@@ -204,7 +237,7 @@ void PrintedPages::CheckWhole()
 
 // The page's contents as a form, or null for a page without any. One stream is taken over raw; several have to be
 // joined, since what they say may be cut anywhere.
-QPDFObjectHandle PrintedPages::ContentsOf(QPDFObjectHandle page, std::size_t number)
+QPDFObjectHandle QpdfPages::ContentsOf(QPDFObjectHandle page, std::size_t number)
 {
     QPDFObjectHandle contents = page.getKey("/Contents");
     if (contents.isArray() && contents.getArrayNItems() == 1) contents = contents.getArrayItem(0);
@@ -222,14 +255,14 @@ QPDFObjectHandle PrintedPages::ContentsOf(QPDFObjectHandle page, std::size_t num
     return page.getKey("/Contents");
 }
 
-QPDFObjectHandle PrintedPages::ContentStream(const std::string& operators)
+QPDFObjectHandle QpdfPages::ContentStream(const std::string& operators)
 {
     const auto known = contentStreams_.find(operators);
     if (known != contentStreams_.end()) return known->second;
     return contentStreams_[operators] = document_.newStream(operators);
 }
 
-std::size_t PrintedPages::AddStamp(const std::string& pdf, const PaperSheet& sheet)
+std::size_t QpdfPages::AddStamp(const std::string& pdf, const PaperSheet& sheet)
 {
     QPDF stamp;
     stamp.setSuppressWarnings(true);
@@ -249,7 +282,7 @@ std::size_t PrintedPages::AddStamp(const std::string& pdf, const PaperSheet& she
     return stamps_.size() - 1;
 }
 
-void PrintedPages::Lay(std::size_t number, const PaperSheet& sheet, std::size_t stamp)
+void QpdfPages::Lay(std::size_t number, const PaperSheet& sheet, std::size_t stamp)
 {
     Guarded([&] {
         QPDFObjectHandle page = pages_.at(number);
@@ -280,16 +313,12 @@ void PrintedPages::Lay(std::size_t number, const PaperSheet& sheet, std::size_t 
     });
 }
 
-namespace {
-
 void SetUp(QPDFWriter& writer) { writer.setMinimumPDFVersion("1.4"); }
 
-}  // namespace
-
-void PrintedPages::Write(PendingFile& file, const std::function<void(int)>& progress)
+int QpdfPages::Write(int descriptor, const std::function<void(int)>& progress)
 {
-    std::unique_ptr<FILE, int (*)(FILE*)> stream(::fdopen(::dup(file.Descriptor()), "wb"), &::fclose);
-    if (!stream) file.Fail(errno);
+    std::unique_ptr<FILE, int (*)(FILE*)> stream(::fdopen(::dup(descriptor), "wb"), &::fclose);
+    if (!stream) return errno;
     Guarded([&] {
         QPDFWriter writer(document_);
         writer.setOutputFile("output", stream.get(), false);
@@ -298,10 +327,10 @@ void PrintedPages::Write(PendingFile& file, const std::function<void(int)>& prog
         writer.write();
         CheckWhole();
     });
-    if (std::fflush(stream.get()) != 0) file.Fail(errno);
+    return std::fflush(stream.get()) != 0 ? errno : 0;
 }
 
-std::string PrintedPages::WriteToMemory()
+std::string QpdfPages::WriteToMemory()
 {
     return Guarded([&] {
         QPDFWriter writer(document_);
@@ -313,5 +342,14 @@ std::string PrintedPages::WriteToMemory()
         return std::string(reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize());
     });
 }
+
+}  // namespace
+
+std::unique_ptr<PrintedPages> PrintedPages::Of(const std::string& path, const std::string& name, std::string bytes)
+{
+    return std::make_unique<QpdfPages>(path, name, std::move(bytes));
+}
+
+std::unique_ptr<PrintedPages> PrintedPages::Empty(int count) { return std::make_unique<QpdfPages>(count); }
 
 }  // namespace host
