@@ -96,13 +96,14 @@ void FollowScaling(HWND dialog)
     StoreFit();
 }
 
-// A list without a selection leaves the paper as it was.
+// A list without a selection, or without the code of what is selected, leaves the paper as it was.
 void TakeOutputPaper(HWND dialog)
 {
     const LRESULT position = SendDlgItemMessageW(dialog, IDC_OUTPUT_SIZE, CB_GETCURSEL, 0, 0);
     if (position < 0) return;
-    FitOn = static_cast<SHORT>(
-        SendDlgItemMessageW(dialog, IDC_OUTPUT_SIZE, CB_GETITEMDATA, static_cast<WPARAM>(position), 0));
+    const LRESULT code = SendDlgItemMessageW(dialog, IDC_OUTPUT_SIZE, CB_GETITEMDATA, static_cast<WPARAM>(position), 0);
+    if (code <= 0) return;
+    FitOn = static_cast<SHORT>(code);
     FitChoice.outputPaper = FitOn;
 }
 

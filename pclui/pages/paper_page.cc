@@ -107,12 +107,12 @@ void StoreSelectedPaper()
     SetOption(PaperOption, PaperChoice);
 }
 
-// The code at a position of the list, else another.
+// The code at a position of the list, else another: of a position that there is not, and of one that got no code.
 SHORT CodeAtPosition(HWND dialog, int position, SHORT otherwise)
 {
     const LRESULT code =
         SendDlgItemMessageW(dialog, IDC_DOCUMENT_SIZE, CB_GETITEMDATA, static_cast<WPARAM>(position), 0);
-    return code == CB_ERR ? otherwise : static_cast<SHORT>(code);
+    return code > 0 ? static_cast<SHORT>(code) : otherwise;
 }
 
 // The paper at a position of the list becomes the document's.
