@@ -378,7 +378,23 @@ bool IsLegal(const DriverDevMode& record)
            between(record.dmCollateMode, 0, 1) && between(record.dmProofPrint, 0, 1) &&
            between(record.dmOrientation, 1, 2) && between(record.dmImageShiftX, -50, 50) &&
            between(record.dmImageShiftY, -25, 25) && between(record.dmImageShiftOn, 0, 1) && record.dmPaperSize > 0 &&
-           record.dmPaperLength > 0 && record.dmPaperWidth > 0;
+           record.dmOutputPaper > 0 && record.dmPaperLength > 0 && record.dmPaperWidth > 0;
+}
+
+// Whichever question about the lists fails, no paper without a code gets into the record.
+TEST(PaperPage, TakesNoPaperWithoutACode)
+{
+    PaperSheet sheet({}, Forms, Germany);
+    auto& faults = platform::CurrentEnvironment().faults;
+    for (std::uint64_t call = 1; call <= 12; ++call) {
+        SCOPED_TRACE(call);
+        faults.Clear();
+        faults.Add("SendDlgItemMessageW", call, false);
+        sheet.Click(IDC_DEFAULT).Click(IDC_FIT_TO_PAPER);
+        faults.Clear();
+        EXPECT_GT(sheet.Settings().dmPaperSize, 0);
+        EXPECT_GT(sheet.Settings().dmOutputPaper, 0);
+    }
 }
 
 // Calls of every platform function fail, a few of different ones in a walk: the sheet goes on, and its record stays
