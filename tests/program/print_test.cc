@@ -50,7 +50,7 @@ std::vector<std::string> Names(const Program& run)
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(run.Path(""))) {
         const std::string name = entry.path().filename().string();
-        if (name.starts_with("out")) names.push_back(name);
+        if (name.compare(0, 3, "out") == 0) names.push_back(name);
     }
     return names;
 }

@@ -8,7 +8,10 @@
 struct Result {
     int status;  // the exit status; 1000 and the signal when one ended it
     std::string out, err;
-    bool operator==(const Result&) const = default;
+    bool operator==(const Result& other) const
+    {
+        return status == other.status && out == other.out && err == other.err;
+    }
 };
 void PrintTo(const Result& run, std::ostream* stream);
 
