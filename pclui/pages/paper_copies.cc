@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr NumberField Copies = {IDC_COPIES, IDC_COPIES_SPIN, 1, 999};
+constexpr PaperNumberField Copies = {IDC_COPIES, IDC_COPIES_SPIN, 1, 999};
 constexpr int CollateRadios[] = {IDC_UNCOLLATED, IDC_COLLATED};
 
 void StoreCopies() { SetOption(CopiesOption, static_cast<WORD>(SelectedCopies)); }

@@ -15,7 +15,7 @@ SHORT FitOn = 0;
 
 namespace {
 
-constexpr NumberField Scaling = {IDC_SCALING, IDC_SCALING_SPIN, 20, 400};  // per cent
+constexpr PaperNumberField Scaling = {IDC_SCALING, IDC_SCALING_SPIN, 20, 400};  // per cent
 constexpr SHORT Unscaled = 100;
 
 void StoreZoom() { SetOption(ZoomOption, ZoomChoice); }

@@ -9,7 +9,7 @@ constexpr WPARAM TextLimit = 3;  // characters
 
 }  // namespace
 
-void SetUpNumberField(HWND dialog, const NumberField& field, int value)
+void SetUpNumberField(HWND dialog, const PaperNumberField& field, int value)
 {
     SendDlgItemMessageW(dialog, field.edit, EM_LIMITTEXT, TextLimit, 0);
     ShowNumber(dialog, field.edit, value);
@@ -19,7 +19,7 @@ void SetUpNumberField(HWND dialog, const NumberField& field, int value)
 
 void ShowNumber(HWND dialog, int control, int value) { SetDlgItemInt(dialog, control, static_cast<UINT>(value), TRUE); }
 
-void EnableNumberField(HWND dialog, const NumberField& field, bool enable)
+void EnableNumberField(HWND dialog, const PaperNumberField& field, bool enable)
 {
     const int controls[] = {field.edit, field.arrows};
     EnableControls(dialog, controls, enable);

@@ -4,18 +4,18 @@
 
 #include "platform/user.h"
 
-struct NumberField {
+struct PaperNumberField {
     int edit, arrows;
     SHORT least, greatest;
 };
 
 // Shows the value and sets what can be typed and counted.
-void SetUpNumberField(HWND dialog, const NumberField& field, int value);
+void SetUpNumberField(HWND dialog, const PaperNumberField& field, int value);
 
 // Writes a number into a field. The field's handlers run before this returns.
 void ShowNumber(HWND dialog, int control, int value);
 
-void EnableNumberField(HWND dialog, const NumberField& field, bool enable);
+void EnableNumberField(HWND dialog, const PaperNumberField& field, bool enable);
 
 // What most changes of the page end with: the picture is drawn anew and the sheet is told.
 void PaperChanged(HWND dialog);

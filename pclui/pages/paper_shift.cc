@@ -7,7 +7,7 @@
 namespace {
 
 struct ShiftField {
-    NumberField field;
+    PaperNumberField field;
     SHORT ImageShiftPayload::*points;
 };
 constexpr ShiftField ShiftX = {
