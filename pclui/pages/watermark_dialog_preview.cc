@@ -93,18 +93,18 @@ class ClippedPage {
     HRGN region_;
 };
 
-// Coordinates are dots of the page while it lives.
+// Coordinates are dots of the page from Begin on, as long as it lives.
 class PageMapping {
   public:
-    explicit PageMapping(HDC context) : context_(context), before_(SetMapMode(context, MM_ANISOTROPIC)) {}
+    explicit PageMapping(HDC context) : context_(context) {}
     ~PageMapping()
     {
-        if (before_) PutBack([this] { return SetMapMode(context_, MM_TEXT); });
+        if (begun_) PutBack([this] { return SetMapMode(context_, MM_TEXT); });
     }
     PageMapping(const PageMapping&) = delete;
     PageMapping& operator=(const PageMapping&) = delete;
 
-    explicit operator bool() const { return before_ != 0; }
+    bool Begin() { return begun_ = SetMapMode(context_, MM_ANISOTROPIC) != 0; }
     void Scale(const PageView& view)
     {
         SetWindowExtEx(context_, view.extent, view.extent, nullptr);
@@ -113,15 +113,15 @@ class PageMapping {
 
   private:
     HDC context_;
-    int before_;
+    bool begun_ = false;
 };
 
-void DrawText(HDC context, const WatermarkPage& page, const PageView& view)
+// The context's text colour is not put back: the context itself is given back next.
+void DrawText(HDC context, const WatermarkPage& page, const PageView& view, PageMapping& mapping)
 {
-    PageMapping mapping(context);
-    if (!mapping) return;
+    if (!mapping.Begin()) return;
     const SHORT shading = WatermarkEdit.wmShading;
-    const COLORREF before = SetTextColor(context, shading >= 1 && shading <= 100 ? ShadingColor(shading) : White);
+    SetTextColor(context, shading >= 1 && shading <= 100 ? ShadingColor(shading) : White);
     WatermarkPlacement placement;
     if (ComputeWatermarkPlacement(WatermarkEdit, page, placement)) {
         LONG& height = placement.font.lfHeight;
@@ -134,7 +134,6 @@ void DrawText(HDC context, const WatermarkPage& page, const PageView& view)
                      static_cast<int>(text.size()));
         }
     }
-    PutTextColorBack(context, before);
 }
 
 }  // namespace
@@ -159,6 +158,7 @@ void DrawWatermarkPreview(HWND dialog)
     const PageView view = ViewOf(page, client);
 
     const HDC context = preview.Get();
+    PageMapping mapping(context);  // the last to be put back
     const SelectedObject brush(context, CreateSolidBrush(White));
     {
         const SelectedObject pen(context, CreatePen(PS_SOLID, 1, Black));
@@ -166,5 +166,5 @@ void DrawWatermarkPreview(HWND dialog)
         Rectangle(context, frame.left - 1, frame.top - 1, frame.right + 1, frame.bottom + 1);
     }
     const ClippedPage paper(context, view.frame);
-    DrawText(context, page, view);
+    DrawText(context, page, view, mapping);
 }

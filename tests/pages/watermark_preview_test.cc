@@ -58,7 +58,21 @@ TEST(WatermarkPreview, FillsTheHeightWithAPortraitPage)
                 testing::ElementsAre("Rectangle [10,-1,142,170]", "CreateRectRgn [11,0,141,169]",
                                      testing::StartsWith("PaintRgn"), "SetMapMode [8]", "SetTextColor [13421772]",
                                      "SetWindowExtEx [6600,6600,null]", "SetViewportExtEx [169,169,null]",
-                                     "TextOutW [2079,2900,\"DRAFT\",5]", "SetTextColor [0]", "SetMapMode [1]"));
+                                     "TextOutW [2079,2900,\"DRAFT\",5]", "SetMapMode [1]"));
+}
+
+TEST(WatermarkPreview, PutsTheMappingBackLast)
+{
+    WatermarkSheet sheet(
+        {
+            {u"A", u"DRAFT", Level}
+    },
+        1, true, On({}));
+    const Lines lines = sheet.Drawn();
+    const auto released = std::find_if(lines.rbegin(), lines.rend(),
+                                       [](const std::string& line) { return line.starts_with("1171 ReleaseDC"); });
+    ASSERT_LT(released + 1, lines.rend());
+    EXPECT_EQ(*(released + 1), "1171 SetMapMode [1]");
 }
 
 TEST(WatermarkPreview, FillsTheWidthWithALandscapePage)
@@ -67,7 +81,7 @@ TEST(WatermarkPreview, FillsTheWidthWithALandscapePage)
                 testing::ElementsAre("Rectangle [-1,24,154,144]", "CreateRectRgn [0,25,153,143]",
                                      testing::StartsWith("PaintRgn"), "SetMapMode [8]", "SetTextColor [13421772]",
                                      "SetWindowExtEx [6600,6600,null]", "SetViewportExtEx [153,153,null]",
-                                     "TextOutW [2450,3178,\"DRAFT\",5]", "SetTextColor [0]", "SetMapMode [1]"));
+                                     "TextOutW [2450,3178,\"DRAFT\",5]", "SetMapMode [1]"));
 }
 
 struct TextRow {
@@ -145,7 +159,7 @@ TEST(WatermarkPreview, AFaceThatIsNotThereLeavesThePageEmpty)
     EXPECT_THAT(DrawnFor(u"1|20|72|0|0|0|0|0|0|Nowhere Sans", {}),
                 testing::ElementsAre("Rectangle [10,-1,142,170]", "CreateRectRgn [11,0,141,169]",
                                      testing::StartsWith("PaintRgn"), "SetMapMode [8]", "SetTextColor [13421772]",
-                                     "SetTextColor [0]", "SetMapMode [1]"));
+                                     "SetMapMode [1]"));
 }
 
 TEST(WatermarkPreview, TheFrameIsSunken)
