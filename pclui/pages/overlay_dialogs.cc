@@ -151,13 +151,14 @@ void OnNew(HWND dialog)
 void OnEdit(HWND dialog)
 {
     const int position = Selection(dialog);
-    OverlayEntry* row = position >= 0 ? RowAt(dialog, position) : nullptr;
-    if (!row) return;  // a choice that the list does not have selects nothing
-    OverlayEditing = row;
-    if (RunEditor(dialog, false)) {
+    OverlayEntry* selected = position >= 0 ? RowAt(dialog, position) : nullptr;
+    if (selected) OverlayEditing = selected;
+    // A choice that the list does not have selects nothing: the head is under edit then, and keeps its place.
+    OverlayEntry* row = OverlayEditing;
+    if (row && RunEditor(dialog, false)) {
         TakeEdited(*row);
         // The row is in the list box once at most, whatever becomes of the messages.
-        if (AskList(dialog, LB_DELETESTRING, position) > 0 && ShowRow(dialog, position, row) >= 0)
+        if (selected && AskList(dialog, LB_DELETESTRING, position) > 0 && ShowRow(dialog, position, row) >= 0)
             AskList(dialog, LB_SETCURSEL, position);
     }
     RestrictOverlayButtons(dialog);

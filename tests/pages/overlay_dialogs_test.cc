@@ -234,6 +234,18 @@ TEST_F(OverlayDialogs, EditNameAndPathInPlace)
     EXPECT_EQ(OverlayIndex, 2);
 }
 
+TEST_F(OverlayDialogs, EditTheHeadWhereTheChoiceIsNotListed)
+{
+    Open(Three, 7);
+    EXPECT_EQ(Dialog().Selection(IDC_OVL_LIST), -1);
+    Dialog().Click(IDC_OVL_EDIT);
+    EXPECT_EQ(Dialog().Text(IDC_OVL_NAME), u"<NONE>");
+    Dialog().Type(IDC_OVL_NAME, u"Bill").Click(IDOK);
+    EXPECT_EQ(Dialog().Items(IDC_OVL_LIST), (Names{u"<NONE>", u"Letterhead", u"Invoice", u"Draft"}));
+    Dialog().Click(IDOK);
+    EXPECT_EQ(StoredNames(), (Names{u"Letterhead", u"Invoice", u"Draft"}));
+}
+
 TEST_F(OverlayDialogs, LeaveTheRowWhenTheEditorIsCancelled)
 {
     Open(Three, 2);

@@ -7,6 +7,7 @@
 #include "platform/gdi/job.h"
 #include "platform/kernel/memory.h"
 #include "platform/user/window.h"
+#include "tests/support/failing_places.h"
 #include "tests/support/watermark_sheet.h"
 
 namespace {
@@ -83,14 +84,7 @@ TEST(WatermarkFaults, APrinterThatCannotBeWrittenKeepsItsList)
     EXPECT_EQ(sheet.Row(IDC_WATERMARK), "X");
 }
 
-// QD480_EVERY_FAILURE=1 leaves none out, which takes a minute.
-std::uint64_t Step(std::uint64_t count)
-{
-    const bool all = std::getenv("QD480_EVERY_FAILURE") != nullptr;
-    return all ? 1 : 1 + count / 2;
-}
-
-// Every call of every function fails once over a walk: nothing stays, and a list that is stored can be read again.
+// Calls of every function fail, one in a walk over a walk: nothing stays, and a list that is stored can be read again.
 TEST(WatermarkFaults, SurviveEveryCallThatFails)
 {
     auto& faults = platform::CurrentEnvironment().faults;
@@ -136,18 +130,17 @@ TEST(WatermarkFaults, SurviveEveryCallThatFails)
     };
     const auto calls = walk(nullptr, 0);
     const std::size_t blocks = platform::memory::BlockCount();
-    std::size_t failed = 0, kept = 0;
-    for (const auto& [function, count] : calls)
-        // Painting and asking repeat themselves by the hundred: of long runs some calls.
-        for (std::uint64_t call = 1; call <= count; call += Step(count), ++failed) {
-            SCOPED_TRACE(function + " " + std::to_string(call));
-            walk(function.c_str(), call);
-            if (function == "GlobalFree" && platform::memory::BlockCount() == blocks + kept + 1) ++kept;
-            EXPECT_EQ(platform::memory::BlockCount(), blocks + kept);
-            EXPECT_EQ(platform::gdi::ContextCount(), 0u);
-            EXPECT_EQ(platform::gdi::ObjectCount(), 0u);
-        }
-    EXPECT_GT(failed, 50u);
+    const auto places = testing_support::FailingPlaces({calls.begin(), calls.end()}, 100);
+    EXPECT_GT(places.size(), 50u);
+    std::size_t kept = 0;
+    for (const auto& [function, call] : places) {
+        SCOPED_TRACE(function + " " + std::to_string(call));
+        walk(function.c_str(), call);
+        if (function == "GlobalFree" && platform::memory::BlockCount() == blocks + kept + 1) ++kept;
+        EXPECT_EQ(platform::memory::BlockCount(), blocks + kept);
+        EXPECT_EQ(platform::gdi::ContextCount(), 0u);
+        EXPECT_EQ(platform::gdi::ObjectCount(), 0u);
+    }
 }
 
 }  // namespace
