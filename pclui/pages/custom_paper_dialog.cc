@@ -1,6 +1,7 @@
 #include "pages/custom_paper_dialog.h"
 
 #include "boundary.h"
+#include "pages/control_state.h"
 #include "pages/custom_paper_editor.h"
 #include "pages/custom_paper_fields.h"
 #include "pages/custom_paper_store.h"
@@ -56,8 +57,6 @@ constexpr int NameLimit = 19;               // characters that can be typed
 constexpr int NoRow = MostCustomPapers + 1;
 constexpr int NameChars = 21;
 constexpr int NewNameChars = 150;  // a text of the string table and a number
-
-void Enable(HWND dialog, int control, bool enable) { EnableWindow(GetDlgItem(dialog, control), enable ? TRUE : FALSE); }
 
 void PrepareControls(HWND dialog)
 {
@@ -129,7 +128,7 @@ void ListSizes(HWND dialog)
     SendDlgItemMessageW(dialog, IDC_CP_LIST, WM_SETREDRAW, TRUE, 0);
     SelectCustomPaper(dialog, selected);
     if (const CustomPaperEntry* entry = WorkListEntryAt(selected)) ShowSelected(dialog, *entry);
-    if (count >= MostCustomPapers) Enable(dialog, IDC_CP_NEW, false);
+    if (count >= MostCustomPapers) EnableControl(dialog, IDC_CP_NEW, false);
 }
 
 void Initialise(HWND dialog)
@@ -180,7 +179,7 @@ void OnNew(HWND dialog)
     }
     const bool full = rows + 1 == MostCustomPapers;
     if (full) SetFocus(GetDlgItem(dialog, IDC_CP_DELETE));
-    Enable(dialog, IDC_CP_NEW, !full);
+    EnableControl(dialog, IDC_CP_NEW, !full);
 }
 
 void OnDelete(HWND dialog)
@@ -200,8 +199,8 @@ void OnDelete(HWND dialog)
     if (selected > 0) --selected;
     if (const CustomPaperEntry* entry = WorkListEntryAt(selected)) ShowSelected(dialog, *entry);
     SelectCustomPaper(dialog, selected);
-    Enable(dialog, IDC_CP_DELETE, true);
-    if (rows == MostCustomPapers) Enable(dialog, IDC_CP_NEW, true);
+    EnableControl(dialog, IDC_CP_DELETE, true);
+    if (rows == MostCustomPapers) EnableControl(dialog, IDC_CP_NEW, true);
 }
 
 // A dialog that does not end keeps its sizes: an empty list that is saved later would take the printer's.

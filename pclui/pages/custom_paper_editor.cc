@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "pages/control_state.h"
 #include "pages/custom_paper_fields.h"
 #include "pages/custom_paper_store.h"
 #include "pages/custom_paper_units.h"
@@ -184,7 +185,7 @@ void OnCustomPaperName(HWND dialog)
     if (name[0] && CustomPaperNameTaken(name, dialog, rows, row) == 0) {
         EnableCustomPaperEditor(dialog, EditorNameGood, true);
         // A list that is full stays full, whatever its sizes are called.
-        if (rows >= MostCustomPapers) EnableWindow(GetDlgItem(dialog, IDC_CP_NEW), FALSE);
+        if (rows >= MostCustomPapers) EnableControl(dialog, IDC_CP_NEW, false);
         CopyBounded(entry->cpName, name, NameChars);
         ShowCustomPaperName(dialog, row, name);
     } else {

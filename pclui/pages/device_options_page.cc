@@ -2,6 +2,7 @@
 
 #include "module.h"
 #include "pages/about_dialog.h"
+#include "pages/control_state.h"
 #include "pages/page_framework.h"
 #include "resources/control_numbers.h"
 #include "settings/defaults.h"
@@ -35,11 +36,6 @@ void ShowPrinterFigure(HWND dialog)
     CheckPreviewMode(dialog, Panel, PreviewPrinterFigure);
     DevicePreviewMode = PreviewPrinterFigure;
     InvalidatePanel(dialog, Panel);
-}
-
-void SelectMemory(HWND dialog, int position)
-{
-    SendDlgItemMessageW(dialog, IDC_TOTAL_MEMORY, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
 }
 
 void Initialise(HWND dialog)
@@ -100,22 +96,22 @@ void DeviceRefresh(HWND dialog)
 {
     const DWORD tray2 = GetOption<DWORD>(Tray2Option);
     Tray2Installed = static_cast<SHORT>(tray2);
-    CheckDlgButton(dialog, IDC_TRAY2, tray2 != 0 ? BST_CHECKED : BST_UNCHECKED);
+    CheckControl(dialog, IDC_TRAY2, tray2 != 0);
     ShowPrinterFigure(dialog);
 
     WORD memory = 0;
     FillComboFromStrings(dialog, IDC_TOTAL_MEMORY, IDS_MEMORY_FIRST, IDS_MEMORY_LAST, TotalMemoryOption, &memory);
-    SelectMemory(dialog, memory == LowerMemory ? 0 : 1);
+    SelectInCombo(dialog, IDC_TOTAL_MEMORY, memory == LowerMemory ? 0 : 1);
 }
 
 void DeviceDefault(HWND dialog)
 {
     ShowPrinterFigure(dialog);
     if (CurrentSettings && CurrentSettings->dmTotalMemory != LowerMemory) {
-        SelectMemory(dialog, 0);
+        SelectInCombo(dialog, IDC_TOTAL_MEMORY, 0);
         SetOption(TotalMemoryOption, LowerMemory);
     }
-    CheckDlgButton(dialog, IDC_TRAY2, BST_UNCHECKED);
+    CheckControl(dialog, IDC_TRAY2, false);
     if (CurrentSettings) CurrentSettings->dmDeviceFlags &= ~Tray2Flag;
 }
 

@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "module.h"
+#include "pages/control_state.h"
 #include "pages/overlay_browse.h"
 #include "pages/page_framework.h"
 #include "resources/control_numbers.h"
@@ -85,7 +86,7 @@ void RestrictOverlayButtons(HWND dialog)
     constexpr int Buttons[] = {IDC_OVL_EDIT, IDC_OVL_NEW};
     const bool pending = ListShowsPending(dialog);
     EnableControls(dialog, Buttons, !pending);
-    if (!pending && Selection(dialog) == 0) EnableWindow(GetDlgItem(dialog, IDC_OVL_EDIT), FALSE);
+    if (!pending && Selection(dialog) == 0) EnableControl(dialog, IDC_OVL_EDIT, false);
 }
 
 void OnListSelected(HWND dialog)

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "module.h"
+#include "pages/control_state.h"
 #include "pages/page_framework.h"
 #include "resources/control_numbers.h"
 #include "settings/list_rows.h"
@@ -59,11 +60,6 @@ void StartList(HWND dialog, int control)
 {
     SendDlgItemMessageW(dialog, control, WM_SETREDRAW, FALSE, 0);
     SendDlgItemMessageW(dialog, control, CB_RESETCONTENT, 0, 0);
-}
-
-void Select(HWND dialog, int control, int position)
-{
-    SendDlgItemMessageW(dialog, control, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
 }
 
 void LoadPaperRow(PaperRow& row, const PaperEntry& paper)
@@ -149,7 +145,7 @@ void ReplaceCustomRow(HWND dialog, int control)
     TakeRowSize(SelectedPaperRow);
     SetOption(PaperOption, PaperChoice);
     // Postcards are in the order of their sizes, not of countries.
-    if (SelectedPaperRow == JapanesePostcardRow) Select(dialog, control, row->position);
+    if (SelectedPaperRow == JapanesePostcardRow) SelectInCombo(dialog, control, row->position);
 }
 
 }  // namespace
@@ -192,7 +188,7 @@ void FillPaperCombo(HWND dialog, int control)
     const int selection = InsertPaperRows(dialog, control);
     SendDlgItemMessageW(dialog, control, WM_SETREDRAW, TRUE, 0);
     InvalidateControl(dialog, control);
-    Select(dialog, control, selection);
+    SelectInCombo(dialog, control, selection);
     if (OnOffer(SelectedPaperRow)) return;
     if (SelectedPaperRow < BuiltInPaperRows)
         ReplaceBuiltInRow();
@@ -214,7 +210,7 @@ void FillOutputPaperCombo(HWND dialog, int source)
         ++position;
     }
     SendDlgItemMessageW(dialog, IDC_OUTPUT_SIZE, WM_SETREDRAW, TRUE, 0);
-    Select(dialog, IDC_OUTPUT_SIZE, selection);
+    SelectInCombo(dialog, IDC_OUTPUT_SIZE, selection);
 }
 
 void AfterCustomPaperEdit(int result)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "pages/control_state.h"
 #include "pages/page_framework.h"
 #include "pages/paper_number_field.h"
 #include "resources/control_numbers.h"
@@ -19,10 +20,7 @@ void ShowCollation(HWND dialog)
     CheckRadioButton(dialog, IDC_UNCOLLATED, IDC_COLLATED, SelectedCollate != 0 ? IDC_COLLATED : IDC_UNCOLLATED);
 }
 
-void EnableProofPrint(HWND dialog, bool enable)
-{
-    EnableWindow(GetDlgItem(dialog, IDC_PROOF_PRINT), enable ? TRUE : FALSE);
-}
+void EnableProofPrint(HWND dialog, bool enable) { EnableControl(dialog, IDC_PROOF_PRINT, enable); }
 
 // Both sides of a sheet leave the printer together, so that pages can't be sorted by their numbers.
 bool UncollatedForced()
@@ -49,7 +47,7 @@ void CollateRule(HWND dialog)
 
 void ForceOneCopy(HWND dialog)
 {
-    EnableWindow(GetDlgItem(dialog, IDC_COPIES), FALSE);
+    EnableControl(dialog, IDC_COPIES, false);
     SelectedCopies = 1;
     StoreCopies();
     ShowNumber(dialog, IDC_COPIES, SelectedCopies);
@@ -58,14 +56,14 @@ void ForceOneCopy(HWND dialog)
 void CopiesRule(HWND dialog)
 {
     if (GetOption<DuplexPayload>(DuplexOption).bookletPaper != 0) return ForceOneCopy(dialog);
-    EnableWindow(GetDlgItem(dialog, IDC_COPIES), TRUE);
+    EnableControl(dialog, IDC_COPIES, true);
 }
 
 void ForceProofPrintOff(HWND dialog)
 {
     EnableProofPrint(dialog, false);
     SetOption(ProofPrintOption, WORD{0});
-    CheckDlgButton(dialog, IDC_PROOF_PRINT, BST_UNCHECKED);
+    CheckControl(dialog, IDC_PROOF_PRINT, false);
 }
 
 // A proof is one collated set that comes out before the others.
@@ -89,7 +87,7 @@ void InitCopies(HWND dialog)
 {
     SelectedCopies = GetOption<WORD>(CopiesOption);
     SetUpNumberField(dialog, Copies, SelectedCopies);
-    CheckDlgButton(dialog, IDC_PROOF_PRINT, GetOption<WORD>(ProofPrintOption) != 0 ? BST_CHECKED : BST_UNCHECKED);
+    CheckControl(dialog, IDC_PROOF_PRINT, GetOption<WORD>(ProofPrintOption) != 0);
     EnableProofPrint(dialog, SelectedCopies != 1);
 }
 
@@ -114,7 +112,7 @@ void DefaultCopies(HWND dialog)
     StoreCopies();
     ShowNumber(dialog, IDC_COPIES, SelectedCopies);
     SetOption(ProofPrintOption, WORD{0});
-    CheckDlgButton(dialog, IDC_PROOF_PRINT, BST_UNCHECKED);
+    CheckControl(dialog, IDC_PROOF_PRINT, false);
 }
 
 void DefaultCollation(HWND dialog) { ForceUncollated(dialog); }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "pages/control_state.h"
 #include "pages/page_framework.h"
 #include "pages/paper_combo.h"
 #include "pages/paper_number_field.h"
@@ -21,19 +22,13 @@ constexpr SHORT Unscaled = 100;
 void StoreZoom() { SetOption(ZoomOption, ZoomChoice); }
 void StoreFit() { SetOption(FitOption, FitChoice); }
 
-void CheckFit(HWND dialog, bool checked)
-{
-    CheckDlgButton(dialog, IDC_FIT_TO_PAPER, checked ? BST_CHECKED : BST_UNCHECKED);
-}
+void CheckFit(HWND dialog, bool checked) { CheckControl(dialog, IDC_FIT_TO_PAPER, checked); }
 
-void EnableOutputSize(HWND dialog, bool enable)
-{
-    EnableWindow(GetDlgItem(dialog, IDC_OUTPUT_SIZE), enable ? TRUE : FALSE);
-}
+void EnableOutputSize(HWND dialog, bool enable) { EnableControl(dialog, IDC_OUTPUT_SIZE, enable); }
 
 void EnableFit(HWND dialog, bool fit, bool output)
 {
-    EnableWindow(GetDlgItem(dialog, IDC_FIT_TO_PAPER), fit ? TRUE : FALSE);
+    EnableControl(dialog, IDC_FIT_TO_PAPER, fit);
     EnableOutputSize(dialog, output);
 }
 
@@ -99,9 +94,7 @@ void FollowScaling(HWND dialog)
 // A list without a selection, or without the code of what is selected, leaves the paper as it was.
 void TakeOutputPaper(HWND dialog)
 {
-    const LRESULT position = SendDlgItemMessageW(dialog, IDC_OUTPUT_SIZE, CB_GETCURSEL, 0, 0);
-    if (position < 0) return;
-    const LRESULT code = SendDlgItemMessageW(dialog, IDC_OUTPUT_SIZE, CB_GETITEMDATA, static_cast<WPARAM>(position), 0);
+    const LRESULT code = SelectedItemData(dialog, IDC_OUTPUT_SIZE);
     if (code <= 0) return;
     FitOn = static_cast<SHORT>(code);
     FitChoice.outputPaper = FitOn;

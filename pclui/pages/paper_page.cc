@@ -1,6 +1,7 @@
 #include "pages/paper_page.h"
 
 #include "module.h"
+#include "pages/control_state.h"
 #include "pages/custom_paper_dialog.h"
 #include "pages/custom_paper_store.h"
 #include "pages/page_framework.h"
@@ -72,10 +73,7 @@ constexpr SHORT EnvelopeMedia = 2;
 constexpr SHORT PostcardMedia = 3;
 constexpr int PortraitOrientation = 1;
 
-void EnableEditCustom(HWND dialog, bool enable)
-{
-    EnableWindow(GetDlgItem(dialog, IDC_EDIT_CUSTOM), enable ? TRUE : FALSE);
-}
+void EnableEditCustom(HWND dialog, bool enable) { EnableControl(dialog, IDC_EDIT_CUSTOM, enable); }
 
 // Tray2 takes a few papers of plain paper and no custom ones.
 void SourceRule(HWND dialog)
@@ -156,10 +154,7 @@ void ShowOrientation(HWND dialog)
     CheckRadioButton(dialog, IDC_PORTRAIT, IDC_LANDSCAPE, SelectedOrientation == 2 ? IDC_LANDSCAPE : IDC_PORTRAIT);
 }
 
-void ShowRotated(HWND dialog)
-{
-    CheckDlgButton(dialog, IDC_ROTATED, GetOption<WORD>(ImageRotatedOption) != 0 ? BST_CHECKED : BST_UNCHECKED);
-}
+void ShowRotated(HWND dialog) { CheckControl(dialog, IDC_ROTATED, GetOption<WORD>(ImageRotatedOption) != 0); }
 
 void ShowPreviewMode(HWND dialog)
 {
@@ -197,7 +192,7 @@ void Activate(HWND dialog)
 
 void OnDocumentSizePicked(HWND dialog)
 {
-    const auto position = static_cast<int>(SendDlgItemMessageW(dialog, IDC_DOCUMENT_SIZE, CB_GETCURSEL, 0, 0));
+    const int position = ComboSelection(dialog, IDC_DOCUMENT_SIZE);
     if (position < 0) return;
     TakePaperAtPosition(dialog, position);
     PaperChanged(dialog);
@@ -317,7 +312,7 @@ void PaperDefault(HWND dialog)
     const bool first = SelectedMedia == EnvelopeMedia || SelectedMedia == PostcardMedia;
     const int position = first ? 0 : LocalePaperPosition();
     TakePaperAtPosition(dialog, position);
-    SendDlgItemMessageW(dialog, IDC_DOCUMENT_SIZE, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
+    SelectInCombo(dialog, IDC_DOCUMENT_SIZE, position);
     DefaultCopies(dialog);
     SelectedOrientation = PortraitOrientation;
     SetOption(OrientationOption, static_cast<WORD>(SelectedOrientation));

@@ -1,5 +1,6 @@
 #include "pages/quality_page.h"
 
+#include "pages/control_state.h"
 #include "pages/page_framework.h"
 #include "resources/control_numbers.h"
 
@@ -58,20 +59,10 @@ constexpr WORD DefaultDensity = 3;
 WORD Read(OptionKey option) { return GetOption<WORD>(option); }
 void Write(OptionKey option, WORD value) { SetOption(option, value); }
 
-int Selection(HWND dialog, int control)
-{
-    return static_cast<int>(SendDlgItemMessageW(dialog, control, CB_GETCURSEL, 0, 0));
-}
-
-void Select(HWND dialog, int control, int position)
-{
-    SendDlgItemMessageW(dialog, control, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
-}
-
 // Null if nothing is selected.
 const ResolutionRow* SelectedResolution(HWND dialog)
 {
-    const int position = Selection(dialog, IDC_RESOLUTION);
+    const int position = ComboSelection(dialog, IDC_RESOLUTION);
     return position >= 0 && position < static_cast<int>(std::size(Resolutions)) ? &Resolutions[position] : nullptr;
 }
 
@@ -97,8 +88,8 @@ bool AllRasterPossible()
 // With All Raster on, the page is sent as one picture and printer fonts have no use.
 void ShowPrinterTrueType(HWND dialog, bool checked, bool enabled)
 {
-    CheckDlgButton(dialog, IDC_PRINTER_TRUETYPE, checked ? BST_CHECKED : BST_UNCHECKED);
-    EnableWindow(GetDlgItem(dialog, IDC_PRINTER_TRUETYPE), enabled ? TRUE : FALSE);
+    CheckControl(dialog, IDC_PRINTER_TRUETYPE, checked);
+    EnableControl(dialog, IDC_PRINTER_TRUETYPE, enabled);
 }
 
 void RefreshResolution(HWND dialog, bool lowestOnly)
@@ -106,14 +97,14 @@ void RefreshResolution(HWND dialog, bool lowestOnly)
     WORD resolution = 0;
     FillComboFromStrings(dialog, IDC_RESOLUTION, IDS_RESOLUTION_600,
                          lowestOnly ? IDS_RESOLUTION_600 : IDS_RESOLUTION_1200, ResolutionOption, &resolution);
-    Select(dialog, IDC_RESOLUTION, PositionOfResolution());
+    SelectInCombo(dialog, IDC_RESOLUTION, PositionOfResolution());
 }
 
 void RefreshList(HWND dialog, int control, int firstString, int lastString, OptionKey option)
 {
     WORD position = 0;
     FillComboFromStrings(dialog, control, firstString, lastString, option, &position);
-    Select(dialog, control, position);
+    SelectInCombo(dialog, control, position);
 }
 
 // The value of All Raster after the rule.
@@ -194,7 +185,7 @@ void OnAllRasterOff(HWND dialog) { SetAllRaster(dialog, 0); }
 
 void StoreSelection(HWND dialog, int control, OptionKey option)
 {
-    const int position = Selection(dialog, control);
+    const int position = ComboSelection(dialog, control);
     if (position < 0) return;
     Write(option, static_cast<WORD>(position));
     TellSheet(dialog);
