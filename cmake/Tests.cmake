@@ -29,14 +29,18 @@ function(qd_add_test_program name)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
   # A test's own code runs once; what it tests is optimised as the flavour says.
   target_compile_options(${name} PRIVATE -O0)
-  target_link_libraries(${name} PRIVATE qd_glue)
   if(QD_SANITIZE)
     # The sanitizers watch what is tested: a test's own code takes much longer to build with them than to run.
     add_library(${name}_plain INTERFACE)
     target_compile_options(${name}_plain INTERFACE -fno-sanitize=all)
     target_link_libraries(${name} PRIVATE ${name}_plain)
   endif()
-  target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <gmock/gmock.h> <string> <vector>)
+  # Precompiled once for all programs that compile alike; Qt asks for position-independent code.
+  if(name STREQUAL tests_platform OR "qdhost" IN_LIST ARGN OR "qddesktop" IN_LIST ARGN)
+    target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <gmock/gmock.h> <string> <vector>)
+  else()
+    target_precompile_headers(${name} REUSE_FROM tests_platform)
+  endif()
   if(TARGET qd480ui)
     # At the end of the folder, when all sources are named.
     cmake_language(EVAL CODE "cmake_language(DEFER CALL qd_give_path ${name} QD_MODULE_PATH

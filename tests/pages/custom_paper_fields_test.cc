@@ -38,13 +38,6 @@ struct TypingRow {
     std::vector<std::u16string> numbers;
 };
 
-CustomPaperEntry Mm(SHORT width, SHORT height) { return Entry(257, u"A", 0, width, height); }
-CustomPaperEntry Inch(SHORT width, SHORT widthSixteenths, SHORT height, SHORT heightSixteenths)
-{
-    return Entry(257, u"A", 1, static_cast<SHORT>(width * 100), static_cast<SHORT>(height * 100), widthSixteenths,
-                 heightSixteenths);
-}
-
 // clang-format off
 const TypingRow Typing[] = {
     {Mm(1000, 1500), IDC_CP_WIDTH_MM, u"75", u"[76 x 150 mm]", u"[76 x 150 mm]", {u"76", u"150"}},

@@ -161,18 +161,6 @@ TEST_F(OverlayDialogs, OfferWhatTheSelectedRowAllows)
     }
 }
 
-TEST_F(OverlayDialogs, SelectNothingForAChoiceThatIsGone)
-{
-    Open(Three, 7);
-    EXPECT_EQ(Dialog().Selection(IDC_OVL_LIST), -1);
-    Dialog().Click(IDC_OVL_DELETE);
-    Dialog().Click(IDC_OVL_EDIT);
-    EXPECT_EQ(Dialog().Template(), IDD_OVERLAY_LIST);
-    Dialog().Click(IDOK);
-    EXPECT_EQ(StoredNames(), (Names{u"Letterhead", u"Invoice", u"Draft"}));
-    EXPECT_EQ(OverlayIndex, 7);
-}
-
 TEST_F(OverlayDialogs, StoreANewRowAsPendingAndKeepTheChoice)
 {
     Open(Three, 1);
@@ -238,12 +226,13 @@ TEST_F(OverlayDialogs, EditTheHeadWhereTheChoiceIsNotListed)
 {
     Open(Three, 7);
     EXPECT_EQ(Dialog().Selection(IDC_OVL_LIST), -1);
-    Dialog().Click(IDC_OVL_EDIT);
+    Dialog().Click(IDC_OVL_DELETE).Click(IDC_OVL_EDIT);
     EXPECT_EQ(Dialog().Text(IDC_OVL_NAME), u"<NONE>");
     Dialog().Type(IDC_OVL_NAME, u"Bill").Click(IDOK);
     EXPECT_EQ(Dialog().Items(IDC_OVL_LIST), (Names{u"<NONE>", u"Letterhead", u"Invoice", u"Draft"}));
     Dialog().Click(IDOK);
     EXPECT_EQ(StoredNames(), (Names{u"Letterhead", u"Invoice", u"Draft"}));
+    EXPECT_EQ(OverlayIndex, 7);
 }
 
 TEST_F(OverlayDialogs, LeaveTheRowWhenTheEditorIsCancelled)

@@ -37,6 +37,14 @@ inline Entries Many(int count)
     return entries;
 }
 
+// One size of either unit, in the numbers of its fields.
+inline CustomPaperEntry Mm(SHORT width, SHORT height) { return Entry(257, u"A", 0, width, height); }
+inline CustomPaperEntry Inch(SHORT width, SHORT widthSixteenths, SHORT height, SHORT heightSixteenths)
+{
+    return Entry(257, u"A", 1, static_cast<SHORT>(width * 100), static_cast<SHORT>(height * 100), widthSixteenths,
+                 heightSixteenths);
+}
+
 inline constexpr int MillimetreControls[] = {IDC_CP_WIDTH_MM,       IDC_CP_WIDTH_MM_SPIN,  IDC_CP_HEIGHT_MM,
                                              IDC_CP_HEIGHT_MM_SPIN, IDC_CP_WIDTH_MM_RANGE, IDC_CP_HEIGHT_MM_RANGE};
 inline constexpr int InchControls[] = {
