@@ -47,7 +47,7 @@ constexpr Capability Capabilities[] = {
     {"DC_COLORDEVICE",      DC_COLORDEVICE,      Shape::None,      0 },
 };
 
-struct Options {
+struct CapabilitiesOptions {
     std::string printer, record;
     std::vector<std::string> only;
 };
@@ -107,7 +107,7 @@ Capability Named(const std::string& text)
 
 class Questions {
   public:
-    Questions(Context& context, const Options& options)
+    Questions(Context& context, const CapabilitiesOptions& options)
         : ask_(context.Entry<DeviceCapabilitiesEntry>("DrvDeviceCapabilities")),
           name_(context.Printer(options.printer).name),
           printer_(name_),
@@ -148,7 +148,7 @@ class Questions {
     RecordBuffer record_;
 };
 
-void Run(Context& context, const Options& options)
+void RunCapabilities(Context& context, const CapabilitiesOptions& options)
 {
     std::vector<Capability> wanted;
     for (const std::string& text : options.only) wanted.push_back(Named(text));
@@ -167,7 +167,7 @@ void AddCapabilitiesCommand(CLI::App& program, Context& context)
 {
     CLI::App* command =
         program.add_subcommand("capabilities", "Ask what the printer can do, through DrvDeviceCapabilities");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<CapabilitiesOptions>();
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
     command->add_option("--record", options->record, "Settings over the driver's defaults")->type_name("FILE");
     command->add_option("--only", options->only, "Ask this capability alone, by name (DC_PAPERS) or number; repeatable")
@@ -176,7 +176,7 @@ void AddCapabilitiesCommand(CLI::App& program, Context& context)
     command->footer(
         "Prints {\"DC_PAPERS\": {\"code\": 2, \"answer\": 27, \"withoutOutput\": 27, \"output\": [1, 9, ...]}, ...}: "
         "each capability is asked once without and once with output.");
-    command->callback([options, &context] { Run(context, *options); });
+    command->callback([options, &context] { RunCapabilities(context, *options); });
 }
 
 }  // namespace host

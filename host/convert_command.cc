@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::uint32_t MostRoom = 1u << 24;  // bytes
 
-struct Options {
+struct ConvertOptions {
     std::string printer, in, templateFile;
     std::optional<std::string> out;
     std::uint32_t mode = 0, room = 0;
@@ -26,7 +26,7 @@ struct Options {
 };
 
 // BYTES of room, zero-filled or beginning with the template; it is never null, however little room there is.
-std::vector<std::uint8_t> Output(const Options& options)
+std::vector<std::uint8_t> Output(const ConvertOptions& options)
 {
     std::vector<std::uint8_t> buffer;
     if (!options.templateFile.empty()) buffer = ReadFile(options.templateFile);
@@ -35,7 +35,7 @@ std::vector<std::uint8_t> Output(const Options& options)
     return buffer;
 }
 
-void Run(Context& context, const Options& options)
+void RunConvert(Context& context, const ConvertOptions& options)
 {
     if (options.noOutput && (options.out || !options.templateFile.empty())) {
         throw UsageError("--no-output does not go with -o or --template");
@@ -89,7 +89,7 @@ void AddConvertCommand(CLI::App& program, Context& context)
 {
     CLI::App* command =
         program.add_subcommand("convert", "Translate a record between formats, through DrvConvertDevMode");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<ConvertOptions>();
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
     command
         ->add_option("--mode", options->mode,
@@ -106,7 +106,7 @@ void AddConvertCommand(CLI::App& program, Context& context)
     command->add_flag("--no-output", options->noOutput, "Give no output at all");
     command->add_option("-o,--output", options->out, "Where the whole output goes, BYTES long")->type_name("FILE");
     command->footer("Prints {\"result\": true, \"lastError\": 0, \"needed\": 300}.");
-    command->callback([options, &context] { Run(context, *options); });
+    command->callback([options, &context] { RunConvert(context, *options); });
 }
 
 void AddCanPrintCommand(CLI::App& program, Context& context)

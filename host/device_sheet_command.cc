@@ -14,7 +14,7 @@ namespace {
 
 constexpr char DeviceSheets[] = "device-sheets", PrinterPropertiesName[] = "printer-properties";
 
-struct Options {
+struct DeviceSheetOptions {
     std::string printer, entry = DeviceSheets;
     bool noPermission = false;
     SheetOptions sheet;
@@ -34,7 +34,7 @@ LONG RunDeviceSheets(Context& context, HWND owner, HANDLE printer, std::u16strin
     return ran > 0 ? static_cast<LONG>(result) : ran;
 }
 
-int Run(Context& context, const Options& options)
+int RunDeviceSheet(Context& context, const DeviceSheetOptions& options)
 {
     if (options.noPermission && options.entry == PrinterPropertiesName) {
         throw UsageError("--no-permission does not go with --entry printer-properties, which asks for itself");
@@ -59,13 +59,13 @@ int Run(Context& context, const Options& options)
 void AddDeviceSheetCommand(CLI::App& program, Context& context)
 {
     CLI::App* command = program.add_subcommand("device-sheet", "Open the device sheet, or play a script on it");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<DeviceSheetOptions>();
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
     command->add_option("--entry", options->entry, "The module's entry to go through; default device-sheets")
         ->check(CLI::IsMember({DeviceSheets, PrinterPropertiesName}));
     command->add_flag("--no-permission", options->noPermission, "As a user who may not change the printer");
     options->sheet.AddTo(*command);
-    command->callback([&context, options] { context.status = Run(context, *options); });
+    command->callback([&context, options] { context.status = RunDeviceSheet(context, *options); });
 }
 
 }  // namespace host

@@ -14,10 +14,10 @@ namespace host {
 namespace {
 
 constexpr std::size_t WordBytes = sizeof(void*);
-constexpr std::uint32_t MostRoom = 1u << 20;  // bytes
+constexpr std::uint32_t MostOutputRoom = 1u << 20;  // bytes
 constexpr std::uint8_t Untouched = 0xCC;
 
-struct Options {
+struct DocumentEventOptions {
     std::string printer, record;
     std::int64_t code = 0;
     std::optional<std::string> input, output;
@@ -26,14 +26,14 @@ struct Options {
 };
 
 // The event's number without the bits that do not count.
-int EventOf(const Options& options) { return static_cast<int>(options.code & 0xFFFF); }
+int EventOf(const DocumentEventOptions& options) { return static_cast<int>(options.code & 0xFFFF); }
 
 bool TakesRecord(int event) { return event == DOCUMENTEVENT_CREATEDCPRE || event == DOCUMENTEVENT_RESETDCPRE; }
 
 // Where the input's word that refers to the record begins.
 std::size_t RecordWordAt(int event) { return event == DOCUMENTEVENT_CREATEDCPRE ? offsetof(CreationWords, record) : 0; }
 
-std::vector<std::uint8_t> BuiltInput(const Options& options, const std::u16string& name)
+std::vector<std::uint8_t> BuiltInput(const DocumentEventOptions& options, const std::u16string& name)
 {
     const int event = EventOf(options);
     if (!TakesRecord(event)) return {};
@@ -43,7 +43,7 @@ std::vector<std::uint8_t> BuiltInput(const Options& options, const std::u16strin
     return {bytes, bytes + sizeof words};
 }
 
-std::vector<std::uint8_t> InputOf(const Options& options, const std::u16string& name, void* record)
+std::vector<std::uint8_t> InputOf(const DocumentEventOptions& options, const std::u16string& name, void* record)
 {
     std::vector<std::uint8_t> input;
     if (options.input) {
@@ -59,20 +59,20 @@ std::vector<std::uint8_t> InputOf(const Options& options, const std::u16string& 
     return input;
 }
 
-JobRecord RecordOf(Context& context, const Options& options, HANDLE printer, const std::u16string& name)
+JobRecord RecordOf(Context& context, const DocumentEventOptions& options, HANDLE printer, const std::u16string& name)
 {
     if (!options.record.empty()) return JobRecord::FromFile(options.record);
     const AsideFromFaults aside;
     return AskForRecord(context, printer, name, RecordBuffer());
 }
 
-void Check(const Options& options)
+void Check(const DocumentEventOptions& options)
 {
     if (options.informationContext && (EventOf(options) != DOCUMENTEVENT_CREATEDCPRE || options.input))
         throw UsageError("--information-context goes with event 1 and without --in");
 }
 
-void Run(Context& context, const Options& options)
+void RunDocumentEvent(Context& context, const DocumentEventOptions& options)
 {
     Check(options);
     context.PlugIn();
@@ -105,7 +105,7 @@ void AddDocumentEventCommand(CLI::App& program, Context& context)
 {
     CLI::App* command =
         program.add_subcommand("document-event", "Send one event of a printing job, through DrvDocumentEvent");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<DocumentEventOptions>();
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
     command
         ->add_option("CODE", options->code,
@@ -125,7 +125,7 @@ void AddDocumentEventCommand(CLI::App& program, Context& context)
         ->type_name("FILE");
     command
         ->add_option("--room", options->room, "The output's size; by default a word's under codes 1 and 3, otherwise 0")
-        ->check(CLI::Range(std::uint32_t{0}, MostRoom))
+        ->check(CLI::Range(std::uint32_t{0}, MostOutputRoom))
         ->type_name("BYTES");
     command->add_flag("--information-context", options->informationContext,
                       "Under code 1: the context is one to ask, not to print");
@@ -134,7 +134,7 @@ void AddDocumentEventCommand(CLI::App& program, Context& context)
     command->footer(
         "Without --in the input of codes 1 and 3 is built around the record; other codes have none.\n"
         "Prints {\"result\": 1, \"stored\": true}; stored tells whether the output took the record's reference.");
-    command->callback([options, &context] { Run(context, *options); });
+    command->callback([options, &context] { RunDocumentEvent(context, *options); });
 }
 
 }  // namespace host

@@ -21,14 +21,14 @@ namespace {
 
 constexpr int MostEmptyPages = 100000;
 
-struct Options {
+struct PrintOptions {
     std::string printer, input, output, record, trace, events;
     bool unchecked = false;
     std::optional<int> pages;
     std::optional<std::size_t> resetAt;
 };
 
-void Check(const Options& options)
+void Check(const PrintOptions& options)
 {
     if (options.unchecked && options.record.empty()) throw UsageError("--unchecked goes with --record FILE");
     if (options.pages && !options.input.empty()) throw UsageError("--pages goes without an input");
@@ -97,7 +97,7 @@ class Stamps {
     std::vector<Stamp> stamps_;
 };
 
-std::unique_ptr<PrintedPages> PagesOf(const Options& options)
+std::unique_ptr<PrintedPages> PagesOf(const PrintOptions& options)
 {
     if (options.input.empty()) return PrintedPages::Empty(options.pages.value_or(1));
     if (options.input != "-") return PrintedPages::Of(options.input, InputName(options.input), {});
@@ -106,7 +106,7 @@ std::unique_ptr<PrintedPages> PagesOf(const Options& options)
     return PrintedPages::Of({}, InputName(options.input), {bytes.begin(), bytes.end()});
 }
 
-void RunJob(Context& context, const Options& options, PrintedPages& pages, Progress& progress)
+void RunJob(Context& context, const PrintOptions& options, PrintedPages& pages, Progress& progress)
 {
     const std::u16string name = context.Printer(options.printer).name;
     const PrinterHandle printer(name);
@@ -133,7 +133,7 @@ void RunJob(Context& context, const Options& options, PrintedPages& pages, Progr
     trace.Check();
 }
 
-void Run(Context& context, const Options& options)
+void RunPrint(Context& context, const PrintOptions& options)
 {
     Check(options);
     context.PlugIn();
@@ -170,7 +170,7 @@ constexpr char Help[] =
 void AddPrintCommand(CLI::App& program, Context& context)
 {
     CLI::App* command = program.add_subcommand("print", "Print a PDF, or empty pages, to a stamped PDF");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<PrintOptions>();
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
     command->add_option("INPUT", options->input, "A PDF, - is standard input; without it the pages are empty")
         ->type_name("");
@@ -193,7 +193,7 @@ void AddPrintCommand(CLI::App& program, Context& context)
                      "Write every event with its result, and before it the escapes it sent, as JSON lines")
         ->type_name("FILE");
     command->footer(Help);
-    command->callback([options, &context] { Run(context, *options); });
+    command->callback([options, &context] { RunPrint(context, *options); });
 }
 
 }  // namespace host

@@ -22,14 +22,14 @@ constexpr char DocumentProperties[] = "document-properties", Advanced[] = "advan
 // pdmOut has room for any record, whatever a caller says about it.
 constexpr std::size_t LeastOutput = 4096;
 
-struct Options {
+struct SheetCommandOptions {
     std::string printer, in, out, entry = DocumentProperties;
     std::optional<DWORD> room;
     bool noPermission = false, storeDefault = false;
     SheetOptions sheet;
 };
 
-void Check(const Options& options)
+void Check(const SheetCommandOptions& options)
 {
     if (options.room && options.entry != Sheets) throw UsageError("--room goes with --entry sheets");
     if (options.noPermission && options.entry == Advanced) {
@@ -46,7 +46,7 @@ void Check(const Options& options)
 // The entries, on one printer and one pair of records.
 class DocumentSheet {
   public:
-    DocumentSheet(Context& context, const Options& options)
+    DocumentSheet(Context& context, const SheetCommandOptions& options)
         : context_(context),
           options_(options),
           name_(NameOf(context, options)),
@@ -75,7 +75,7 @@ class DocumentSheet {
     std::span<const std::uint8_t> Published() const { return out_.Promised(); }
 
   private:
-    static std::u16string NameOf(Context& context, const Options& options)
+    static std::u16string NameOf(Context& context, const SheetCommandOptions& options)
     {
         context.PlugIn();
         return context.Printer(options.printer).name;
@@ -118,13 +118,13 @@ class DocumentSheet {
     }
 
     Context& context_;
-    const Options& options_;
+    const SheetCommandOptions& options_;
     std::u16string name_;
     PrinterHandle printer_;
     RecordBuffer in_, out_;
 };
 
-int Run(Context& context, const Options& options)
+int RunSheetCommand(Context& context, const SheetCommandOptions& options)
 {
     Check(options);
     SheetSession session(context, options.sheet);
@@ -146,7 +146,7 @@ int Run(Context& context, const Options& options)
 void AddSheetCommand(CLI::App& program, Context& context)
 {
     CLI::App* command = program.add_subcommand("sheet", "Open the document sheet, or play a script on it");
-    auto options = std::make_shared<Options>();
+    auto options = std::make_shared<SheetCommandOptions>();
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
     command->add_option("--in", options->in, "Settings over the printer's defaults; - is standard input")
         ->type_name("FILE");
@@ -161,7 +161,7 @@ void AddSheetCommand(CLI::App& program, Context& context)
     command->add_flag("--store-default", options->storeDefault,
                       "After OK, store the settings as the printer's default record");
     options->sheet.AddTo(*command);
-    command->callback([&context, options] { context.status = Run(context, *options); });
+    command->callback([&context, options] { context.status = RunSheetCommand(context, *options); });
 }
 
 }  // namespace host

@@ -60,7 +60,7 @@ constexpr std::string_view WithoutSizes = "custom-paper";
 constexpr char16_t CustomSizes[] = u"CustomPaperDataSize";
 const platform::StoredValue NoSizes = {REG_DWORD, platform::Bytes(4)};
 
-struct Options {
+struct SnapshotsOptions {
     std::string printer, folder, record;
 };
 
@@ -113,7 +113,7 @@ void ShowProgress(std::size_t done)
     std::fprintf(stderr, "\r%zu of %zu pictures%s", done, std::size(Pictures), done == std::size(Pictures) ? "\n" : "");
 }
 
-void Run(Context& context, const Options& options)
+void RunSnapshots(Context& context, const SnapshotsOptions& options)
 {
     const RecordBuffer record = RecordBuffer::Load(options.record);
     context.Module();
@@ -150,13 +150,13 @@ void Run(Context& context, const Options& options)
 void AddSnapshotsCommand(CLI::App& program, Context& context)
 {
     CLI::App* command = program.add_subcommand("snapshots", "Write a picture (PNG) of every page and of every dialog");
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<SnapshotsOptions>();
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
     command->add_option("-o,--output", options->folder, "Where the pictures go; made when it does not exist")
         ->required()
         ->type_name("FOLDER");
     command->add_option("--record", options->record, "Settings over the printer's defaults")->type_name("FILE");
-    command->callback([options, &context] { Run(context, *options); });
+    command->callback([options, &context] { RunSnapshots(context, *options); });
 }
 
 }  // namespace host
