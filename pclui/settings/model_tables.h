@@ -68,16 +68,6 @@ extern const std::span<const MediaEntry> MediaTable;
 // There is one model, row 0; any other index gives it too.
 const ModelEntry& ModelRow(int model);
 
-inline SHORT DefaultResolution(int model) { return ModelRow(model).defaultResolution; }
-inline SHORT DefaultMediaIndex(int model) { return ModelRow(model).defaultMediaIndex; }
-inline LONG ModelParam3(int model) { return ModelRow(model).modelParam3; }
-inline LONG ModelParam4(int model) { return ModelRow(model).modelParam4; }
-inline LONG ModelParam6(int model) { return ModelRow(model).modelParam6; }
-inline BYTE DefaultTextMode(int model) { return ModelRow(model).defaultTextMode; }
-inline BYTE DefaultGraphicsMode(int model) { return ModelRow(model).defaultGraphicsMode; }
-inline BYTE DefaultModelFlag(int model) { return ModelRow(model).defaultModelFlag; }
-inline WORD DefaultTotalMemory(int model) { return ModelRow(model).defaultTotalMemory; }
-
 // The row of a bin code, and its mask; row 0 for a code that no row has.
 const BinEntry& BinEntryByCode(int model, int binCode);
 WORD BinMaskByCode(int model, int binCode);
