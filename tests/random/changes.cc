@@ -1,0 +1,395 @@
+#include "tests/random/changes.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "resources/control_numbers.h"
+#include "settings/list_rows.h"
+#include "settings/model_tables.h"
+#include "tests/support/records.h"
+#include "watermark/geometry.h"
+#include "watermark/overlay_list.h"
+
+namespace random_use {
+
+namespace {
+
+using testing_support::GetField;
+
+using Allowed = bool (*)(const View&, long value);
+
+template <long Least, long Greatest>
+bool In(const View&, long value)
+{
+    return value >= Least && value <= Greatest;
+}
+template <long... Values>
+bool OneOf(const View&, long value)
+{
+    return ((value == Values) || ...);
+}
+bool Anything(const View&, long) { return true; }
+// The diagonal of a damaged record's page may point anywhere.
+bool OfAnAngle(const View& view, long degrees)
+{
+    const bool diagonal = view.record.dmWatermark.wmAngleMode == 2 && degrees == DiagonalAngle;
+    return In<-180, 180>(view, degrees) || (diagonal && !view.start.asBuilt);
+}
+bool OfAPaper(const View&, long code)
+{
+    for (const PaperEntry& paper : PaperTable)
+        if (paper.code == code) return code != 256;
+    return code >= 257 && code < 257 + PaperRowCount - BuiltInPaperRows;
+}
+bool OfTheBooklet(const View& view, long code)
+{
+    return code == 0 || code == (view.record.dmFitToPaper == 2 ? view.record.dmOutputPaper : view.record.dmPaperSize);
+}
+bool Extent(const View& view, long dots) { return dots > 0 || !view.start.soundPapers; }
+bool OverlayRow(const View&, long index)
+{
+    const OverlayEntry* row = OverlayList;
+    while (row && index-- > 0) row = NextOverlay(row);
+    return row != nullptr && index < 0;
+}
+// The path of the row that is chosen.
+bool OverlayPath(const View& view, long)
+{
+    return OverlaySelected && std::u16string_view(view.record.dmOverlayFile) == OverlaySelected->ovPath;
+}
+
+// Rows of Anywhere hold for every step while the page is or was in front, since leaving a field puts things right as
+// well. Dialog 0 is any.
+constexpr int Anywhere = -3;
+struct ChangeRow {
+    int dialog, control;
+    std::string_view fields;
+    Allowed allowed;
+};
+
+constexpr std::string_view PaperFields = "dmPaperSize";
+constexpr std::string_view PaperExtents = "dmPaperLength dmPaperWidth dmPaperLengthPriv dmPaperWidthPriv";
+constexpr std::string_view DuplexFields = "dmDuplexOn dmDuplexBinding dmBookletPaper";
+constexpr std::string_view NupOff = "dmNupOn dmNupVertical dmNupDescending dmNupBorder";
+constexpr std::string_view ShiftFields = "dmImageShiftX dmImageShiftY";
+
+// clang-format off
+constexpr ChangeRow Changes[] = {
+    {0,         Applied,                  "dmFields dmPaperLength dmPaperWidth",          Anything},
+    {IDD_SETUP, Arrival,                  DuplexFields,                                   OneOf<0>},
+    {IDD_SETUP, Arrival,                  NupOff,                                         OneOf<0>},
+    {IDD_SETUP, Arrival,                  "dmNupCount",                                   OneOf<1>},
+    {IDD_SETUP, Arrival,                  ShiftFields,                                    OneOf<0>},
+    {IDD_SETUP, Arrival,                  "dmMediaIndex",                                 In<0, 4>},
+    {IDD_SETUP, Arrival,                  "dmPreviewMode",                                OneOf<0>},
+    {IDD_SETUP, IDC_NUP,                  "dmNupOn",                                      In<0, 1>},
+    {IDD_SETUP, IDC_NUP,                  "dmNupCount",                                   OneOf<1, 2, 4, 6, 9, 16>},
+    {IDD_SETUP, IDC_NUP,                  NupOff,                                         OneOf<0>},
+    {IDD_SETUP, IDC_BORDER_LINE,          "dmNupBorder",                                  In<0, 1>},
+    {IDD_SETUP, IDC_WATERMARK,            "dmWatermarkOn",                                In<0, 1>},
+    {IDD_SETUP, IDC_WATERMARK,            "dmWatermark",                                  Anything},
+    {IDD_SETUP, IDC_WATERMARK_FIRST_PAGE, "dmWatermark",                                  Anything},
+    {IDD_SETUP, IDC_EDIT_WATERMARK,       "dmWatermarkOn",                                In<0, 1>},
+    {IDD_SETUP, IDC_EDIT_WATERMARK,       "dmWatermark",                                  Anything},
+    {IDD_SETUP, IDC_DUPLEX,               "dmDuplexOn dmBookletRight",                    In<0, 1>},
+    {IDD_SETUP, IDC_DUPLEX,               "dmDuplexBinding",                              OneOf<0, 1, 3>},
+    {IDD_SETUP, IDC_DUPLEX,               "dmBookletPaper",                               OfTheBooklet},
+    {IDD_SETUP, IDC_DUPLEX,               "dmNupOn",                                      In<0, 1>},
+    {IDD_SETUP, IDC_DUPLEX,               "dmNupCount",                                   OneOf<1, 2>},
+    {IDD_SETUP, IDC_DUPLEX,               "dmNupBorder dmImageShiftX dmImageShiftY",      OneOf<0>},
+    {IDD_SETUP, IDC_GUIDE_PAPER,          "dmGuidePaper",                                 In<0, 1>},
+    {IDD_SETUP, IDC_PAPER_SOURCE,         "dmDefaultSource",                              OneOf<1, 2, 4, 7>},
+    {IDD_SETUP, IDC_PAPER_SOURCE,         "dmMediaIndex",                                 In<0, 4>},
+    {IDD_SETUP, IDC_PAPER_SOURCE,         "dmOutputPaper",                                OneOf<1, 9>},
+    {IDD_SETUP, IDC_MEDIA_TYPE,           "dmMediaIndex",                                 In<0, 4>},
+    {IDD_SETUP, IDC_MEDIA_TYPE,           PaperFields,                                    OneOf<1, 9, 27, 216>},
+    {IDD_SETUP, IDC_MEDIA_TYPE,           PaperExtents,                                   Extent},
+    {IDD_SETUP, IDC_MEDIA_TYPE,           DuplexFields,                                   OneOf<0>},
+    {IDD_SETUP, IDC_OVERLAY,              "dmOverlayState",                               In<0, 1>},
+    {IDD_SETUP, IDC_OVERLAY,              "dmOverlayIndex",                               OverlayRow},
+    {IDD_SETUP, IDC_OVERLAY,              "dmOverlayFile",                                OverlayPath},
+    {IDD_SETUP, IDC_OVERLAY_FIRST_PAGE,   "dmOverlayFirstPage",                           In<0, 1>},
+    {IDD_SETUP, IDC_EDIT_OVERLAY,         "dmOverlayState",                               In<0, 2>},
+    {IDD_SETUP, IDC_EDIT_OVERLAY,         "dmOverlayIndex",                               OverlayRow},
+    {IDD_SETUP, IDC_EDIT_OVERLAY,         "dmOverlayFile",                                OverlayPath},
+    {IDD_SETUP, IDC_DEFAULT,              "dmDefaultSource",                              OneOf<7>},
+    {IDD_SETUP, IDC_DEFAULT,              "dmMediaIndex dmBookletRight dmPreviewMode",    OneOf<0>},
+    {IDD_SETUP, IDC_DEFAULT,              DuplexFields,                                   OneOf<0>},
+    {IDD_SETUP, IDC_DEFAULT,              NupOff,                                         OneOf<0>},
+    {IDD_SETUP, IDC_DEFAULT,              "dmNupCount dmGuidePaper",                      OneOf<1>},
+    {IDD_SETUP, IDC_DEFAULT,              "dmWatermarkOn dmOverlayState dmOverlayIndex dmOverlayFirstPage", OneOf<0>},
+    {IDD_SETUP, IDC_DEFAULT,              "dmOverlayFile",                                OverlayPath},
+    {IDD_SETUP, IDC_DEFAULT,              "dmWatermark",                                  Anything},
+    {IDD_SETUP, IDC_DEFAULT,              PaperFields,                                    OneOf<1, 9>},
+    {IDD_SETUP, IDC_DEFAULT,              PaperExtents,                                   Extent},
+    {IDD_SETUP, IDC_SETUP_PAGE_LAYOUT,    "dmPreviewMode",                                OneOf<0>},
+    {IDD_SETUP, IDC_SETUP_PRINTER_FIGURE, "dmPreviewMode",                                OneOf<1>},
+
+    // Asking for the paper's size puts that of the portrait sheet into the record.
+    {IDD_SETUP, IDC_DUPLEX,               PaperFields,                                    OfAPaper},
+    {IDD_SETUP, IDC_DUPLEX,               PaperExtents,                                   Extent},
+    {IDD_WATERMARK, Anywhere,             PaperFields,                                    OfAPaper},
+    {IDD_WATERMARK, Anywhere,             PaperExtents,                                   Extent},
+    {IDD_CUSTOM_PAPER, Anywhere,          PaperFields,                                    OfAPaper},
+    {IDD_CUSTOM_PAPER, Anywhere,          PaperExtents,                                   Extent},
+
+    {IDD_NUP_STYLE, IDOK,                 "dmNupVertical dmNupDescending",                In<0, 1>},
+
+    {IDD_PAPER, Arrival,                  PaperFields,                                    OfAPaper},
+    {IDD_PAPER, Arrival,                  PaperExtents,                                   Extent},
+    {IDD_PAPER, Arrival,                  "dmFitToPaper dmPreviewMode",                   OneOf<0>},
+    {IDD_PAPER, Arrival,                  "dmZoom",                                       OneOf<100>},
+    {IDD_PAPER, Arrival,                  "dmCopies",                                     OneOf<1>},
+    {IDD_PAPER, Arrival,                  "dmWatermark",                                  Anything},
+    {IDD_PAPER, Anywhere,                 "dmCollateMode dmProofPrint",                   OneOf<0>},
+    {IDD_PAPER, Anywhere,                 "dmFitToPaper",                                 In<0, 2>},
+    {IDD_PAPER, IDC_DOCUMENT_SIZE,        "dmPaperSize dmBookletPaper",                   OfAPaper},
+    {IDD_PAPER, IDC_DOCUMENT_SIZE,        PaperExtents,                                   Extent},
+    {IDD_PAPER, IDC_EDIT_CUSTOM,          "dmPaperSize dmBookletPaper",                   OfAPaper},
+    {IDD_PAPER, IDC_EDIT_CUSTOM,          PaperExtents,                                   Extent},
+    {IDD_PAPER, IDC_EDIT_CUSTOM,          "dmCopies",                                     OneOf<1>},
+    {IDD_PAPER, IDC_OUTPUT_SIZE,          "dmOutputPaper",                                OneOf<1, 5, 7, 9, 11, 15, 214, 215, 222, 310>},
+    {IDD_PAPER, IDC_FIT_TO_PAPER,         "dmOutputPaper",                                OneOf<1, 5, 7, 9, 11, 15, 214, 215, 222, 310>},
+    {IDD_PAPER, IDC_FIT_TO_PAPER,         "dmFitToPaper",                                 In<0, 2>},
+    {IDD_PAPER, IDC_FIT_TO_PAPER,         "dmZoom",                                       OneOf<100>},
+    {IDD_PAPER, IDC_SCALING,              "dmZoom",                                       In<20, 400>},
+    {IDD_PAPER, IDC_SCALING,              "dmFitToPaper",                                 In<0, 2>},
+    {IDD_PAPER, IDC_COPIES,               "dmCopies",                                     In<1, 999>},
+    {IDD_PAPER, IDC_UNCOLLATED,           "dmCollateMode",                                OneOf<0>},
+    {IDD_PAPER, IDC_COLLATED,             "dmCollateMode",                                OneOf<1>},
+    {IDD_PAPER, IDC_PROOF_PRINT,          "dmProofPrint",                                 In<0, 1>},
+    {IDD_PAPER, IDC_PORTRAIT,             "dmOrientation",                                OneOf<1>},
+    {IDD_PAPER, IDC_LANDSCAPE,            "dmOrientation",                                OneOf<2>},
+    {IDD_PAPER, IDC_ROTATED,              "dmImageRotated",                               In<0, 1>},
+    {IDD_PAPER, IDC_SHIFT_X,              "dmImageShiftX",                                In<-50, 50>},
+    {IDD_PAPER, IDC_SHIFT_Y,              "dmImageShiftY",                                In<-25, 25>},
+    {IDD_PAPER, IDC_SHIFT_OFF,            "dmImageShiftOn",                               OneOf<0>},
+    {IDD_PAPER, IDC_SHIFT_ON,             "dmImageShiftOn",                               OneOf<1>},
+    {IDD_PAPER, IDC_PAPER_PAGE_LAYOUT,    "dmPreviewMode",                                OneOf<0>},
+    {IDD_PAPER, IDC_PAPER_PRINTER_FIGURE, "dmPreviewMode",                                OneOf<1>},
+    {IDD_PAPER, IDC_DEFAULT,              "dmPaperSize dmBookletPaper",                   OfAPaper},
+    {IDD_PAPER, IDC_DEFAULT,              PaperExtents,                                   Extent},
+    {IDD_PAPER, IDC_DEFAULT,              "dmOrientation dmCopies",                       OneOf<1>},
+    {IDD_PAPER, IDC_DEFAULT,              "dmZoom",                                       OneOf<100>},
+    {IDD_PAPER, IDC_DEFAULT,              "dmOutputPaper",                                OneOf<1, 9>},
+    {IDD_PAPER, IDC_DEFAULT,              "dmFitToPaper dmPreviewMode dmImageShiftOn dmImageRotated dmImageShiftX dmImageShiftY", OneOf<0>},
+
+    {IDD_QUALITY, Arrival,                "dmAllRaster dmPrinterTrueType dmPreviewMode",  OneOf<0>},
+    {IDD_QUALITY, Arrival,                "dmGraphicsMode",                               In<0, 1>},
+    {IDD_QUALITY, Arrival,                "dmTextMode",                                   In<1, 2>},
+    {IDD_QUALITY, IDC_RESOLUTION,         "dmResolutionChoice",                           OneOf<600, 2, 1200>},
+    {IDD_QUALITY, IDC_RESOLUTION,         "dmResolution dmPrintQuality",                  OneOf<600, 1200>},
+    {IDD_QUALITY, IDC_TONER_SAVE_ON,      "dmTonerSave",                                  OneOf<1>},
+    {IDD_QUALITY, IDC_TONER_SAVE_OFF,     "dmTonerSave",                                  OneOf<0>},
+    {IDD_QUALITY, IDC_ALL_RASTER_ON,      "dmAllRaster",                                  OneOf<1>},
+    {IDD_QUALITY, IDC_ALL_RASTER_ON,      "dmPrinterTrueType",                            OneOf<0>},
+    {IDD_QUALITY, IDC_ALL_RASTER_OFF,     "dmAllRaster",                                  OneOf<0>},
+    {IDD_QUALITY, IDC_ALL_RASTER_OFF,     "dmPrinterTrueType",                            OneOf<1>},
+    {IDD_QUALITY, IDC_SMOOTHTONE,         "dmSmoothtone",                                 In<0, 3>},
+    {IDD_QUALITY, IDC_TONER_DENSITY,      "dmTonerDensity",                               In<0, 6>},
+    {IDD_QUALITY, IDC_PRINTER_TRUETYPE,   "dmPrinterTrueType",                            In<0, 1>},
+    {IDD_QUALITY, IDC_QUALITY_PAGE_LAYOUT,    "dmPreviewMode",                            OneOf<0>},
+    {IDD_QUALITY, IDC_QUALITY_PRINTER_FIGURE, "dmPreviewMode",                            OneOf<1>},
+    {IDD_QUALITY, IDC_DEFAULT,            "dmTonerSave dmAllRaster dmFixedResolution dmPreviewMode", OneOf<0>},
+    {IDD_QUALITY, IDC_DEFAULT,            "dmPrinterTrueType dmGraphicsMode",             OneOf<1>},
+    {IDD_QUALITY, IDC_DEFAULT,            "dmSmoothtone dmResolutionChoice dmTextMode",   OneOf<2>},
+    {IDD_QUALITY, IDC_DEFAULT,            "dmTonerDensity",                               OneOf<3>},
+    {IDD_QUALITY, IDC_DEFAULT,            "dmResolution dmPrintQuality",                  OneOf<600>},
+
+    {IDD_DEVICE_OPTIONS, IDC_TOTAL_MEMORY, "dmTotalMemory",                               OneOf<16, 144>},
+    {IDD_DEVICE_OPTIONS, IDC_DEFAULT,     "dmTotalMemory",                                OneOf<16>},
+    {IDD_DEVICE_OPTIONS, IDC_DEFAULT,     "dmDeviceFlags",                                OneOf<0>},
+};
+
+// What a page writes into the watermark of the job; texts end within their fields.
+constexpr ChangeRow WatermarkChanges[] = {
+    {0, 0, "wmId",                              In<0, 30>},
+    {0, 0, "wmShading",                         In<5, 100>},
+    {0, 0, "wmSize wmSizeLow",                  In<8, 200>},
+    {0, 0, "wmPositionX wmPositionY",           In<-100, 100>},
+    {0, 0, "wmAngle",                           OfAnAngle},
+    {0, 0, "wmAngleMode",                       In<0, 3>},
+    {0, 0, "wmRemovable wmItalic wmBold wmPositionMode wmFirstPageOnly", In<0, 1>},
+};
+// clang-format on
+
+bool Names(std::string_view fields, std::string_view field)
+{
+    for (std::size_t at = fields.find(field); at != fields.npos; at = fields.find(field, at + 1)) {
+        const std::size_t end = at + field.size();
+        if ((at == 0 || fields[at - 1] == ' ') && (end == fields.size() || fields[end] == ' ')) return true;
+    }
+    return false;
+}
+
+template <class Record>
+bool Same(const Record& a, const Record& b, const RecordField& field)
+{
+    return std::memcmp(reinterpret_cast<const BYTE*>(&a) + field.offset,
+                       reinterpret_cast<const BYTE*>(&b) + field.offset, field.width) == 0;
+}
+
+long WatermarkNumber(const WatermarkRecord& row, const RecordField& field)
+{
+    const BYTE* at = reinterpret_cast<const BYTE*>(&row) + field.offset;
+    if (field.width == 2) {
+        SHORT value;
+        std::memcpy(&value, at, 2);
+        return value;
+    }
+    LONG value;
+    std::memcpy(&value, at, 4);
+    return value;
+}
+
+std::string WrongWatermark(const View& view)
+{
+    const WatermarkRecord& now = view.record.dmWatermark;
+    for (const RecordField& field : WatermarkFields) {
+        if (Same(now, view.before.dmWatermark, field)) continue;
+        if (field.kind == FieldKind::WideText) {
+            const auto* text = reinterpret_cast<const WCHAR*>(reinterpret_cast<const BYTE*>(&now) + field.offset);
+            if (std::find(text, text + field.width / 2, 0) == text + field.width / 2)
+                return std::string(field.name) + " has no end";
+            continue;
+        }
+        for (const ChangeRow& row : WatermarkChanges)
+            if (Names(row.fields, field.name) && !row.allowed(view, WatermarkNumber(now, field)))
+                return std::string(field.name) + " becomes " + std::to_string(WatermarkNumber(now, field));
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string WrongChanges(const View& view, int dialogBefore, int control)
+{
+    for (const RecordField& field : RecordFields) {
+        if (Same(view.record, view.before, field)) continue;
+        const bool number = field.kind == FieldKind::Signed || field.kind == FieldKind::Unsigned;
+        const long value = number ? static_cast<long>(GetField(view.record, field.name)) : 0;
+        const auto matches = [&](const ChangeRow& row) {
+            if (!Names(row.fields, field.name)) return false;
+            const bool arrives = (control == Arrival || control == Applied) && row.control == Arrival;
+            const bool here = row.dialog == 0 || row.dialog == view.dialog || (row.dialog == dialogBefore && !arrives);
+            return here && (arrives || row.control == Anywhere || row.control == control) && row.allowed(view, value);
+        };
+        std::string wrong;
+        if (!std::any_of(std::begin(Changes), std::end(Changes), matches))
+            wrong = number ? "becomes " + std::to_string(value) : "changes";
+        else if (field.kind == FieldKind::Nested)
+            wrong = WrongWatermark(view);
+        if (!wrong.empty())
+            return std::string(field.name) + " " + wrong +
+                   (number ? " from " + std::to_string(GetField(view.before, field.name)) : "") + " by control " +
+                   std::to_string(control) + " of dialog " + std::to_string(dialogBefore);
+    }
+    return {};
+}
+
+namespace {
+
+struct StoreRow {
+    std::string_view values;
+    int dialog;  // whose OK writes them
+};
+constexpr StoreRow Stores[] = {
+    {"CustomPaperData CustomPaperDataSize",                 IDD_CUSTOM_PAPER},
+    {"WatermarkText WatermarkTextName WatermarkAttributes", IDD_WATERMARK   },
+    {"OverlayData OverlayDataSize",                         IDD_OVERLAY_LIST},
+};
+
+DWORD Dword(const platform::StoredValues& values, const char16_t* name)
+{
+    const auto found = values.find(name);
+    DWORD number = 0;
+    if (found != values.end() && found->second.bytes.size() == 4) std::memcpy(&number, found->second.bytes.data(), 4);
+    return number;
+}
+std::size_t Length(const platform::StoredValues& values, const char16_t* name)
+{
+    const auto found = values.find(name);
+    return found == values.end() ? 0 : found->second.bytes.size();
+}
+
+// As they stand after an OK of their dialog.
+std::string WrongForm(const platform::StoredValues& values, int dialog)
+{
+    if (dialog == IDD_WATERMARK) {
+        for (const char16_t* name : {u"WatermarkText", u"WatermarkTextName", u"WatermarkAttributes"})
+            if (Length(values, name) != 3000) return "a watermark value is not 3000 bytes long";
+        return {};
+    }
+    const bool papers = dialog == IDD_CUSTOM_PAPER;
+    const std::size_t length = papers ? Length(values, u"CustomPaperData") : Length(values, u"OverlayData");
+    const DWORD size = papers ? Dword(values, u"CustomPaperDataSize") : Dword(values, u"OverlayDataSize");
+    if (size != 0 && size != length) return "the stored size is not that of the value";
+    if (!papers) return size == 0 || (size - 4) % sizeof(OverlayEntry) == 0 ? "" : "half an overlay is stored";
+    if (size % sizeof(CustomPaperEntry) != 0) return "half a custom size is stored";
+    for (std::size_t k = 0; k < size / sizeof(CustomPaperEntry); ++k) {
+        CustomPaperEntry entry;
+        std::memcpy(&entry, values.at(u"CustomPaperData").bytes.data() + k * sizeof entry, sizeof entry);
+        if (entry.cpCode != static_cast<SHORT>(257 + k))
+            return "custom size " + std::to_string(k) + " has code " + std::to_string(entry.cpCode);
+    }
+    return {};
+}
+
+struct Message {
+    std::u16string_view beginning;
+    int dialog;
+    bool (*refused)(const View&);
+};
+bool StillUp(const View&) { return true; }
+constexpr Message Messages[] = {
+    {u"Selected paper source can't work with duplex printing.\nOnly Tray1 is supported.", IDD_SETUP,
+     [](const View& v) { return !v.record.dmDuplexOn || v.record.dmDefaultSource == v.before.dmDefaultSource; }    },
+    {u"Transparency can't work with duplex printing,\nPlease choose other Media Type.",   IDD_SETUP,
+     [](const View& v) { return v.record.dmMediaIndex == 0 && v.record.dmDuplexOn; }                               },
+    {u"You cannot add a blank name.",                                                     IDD_WATERMARK,    StillUp},
+    {u"The watermark name is already registered.\nOverwrite it?",                         IDD_WATERMARK,    StillUp},
+    {u"The specific file is not found in this directory.",                                IDD_OVERLAY_EDIT, StillUp},
+    {u"The path you entered, '",                                                          IDD_OVERLAY_EDIT, StillUp},
+};
+// Told without refusing anything, or by the platform's own file dialog.
+constexpr std::pair<std::u16string_view, int> Notices[] = {
+    {u"The printer has no room to store all watermarks.",  IDD_WATERMARK   },
+    {u"Close the open dialogs with OK and print the form", IDD_OVERLAY_EDIT},
+    {u"/",                                                 IDD_OVERLAY_EDIT},
+};
+
+}  // namespace
+
+std::string WrongStores(const Start& start, const platform::StoredValues& before, const platform::StoredValues& after,
+                        int dialogBefore, int control)
+{
+    if (before == after) return {};
+    if (!start.mayChange) return "what is stored changes without the right to it";
+    for (const auto& [name, value] : after) {
+        const auto old = before.find(name);
+        if (old != before.end() && old->second == value) continue;
+        const std::string utf8 = platform::ToUtf8(name);
+        const auto writes = [&](const StoreRow& row) {
+            return Names(row.values, utf8) && row.dialog == dialogBefore && control == IDOK;
+        };
+        if (!std::any_of(std::begin(Stores), std::end(Stores), writes))
+            return utf8 + " is stored by control " + std::to_string(control) + " of dialog " +
+                   std::to_string(dialogBefore);
+    }
+    return WrongForm(after, dialogBefore);
+}
+
+std::string WrongMessage(const View& view, int dialogBefore, int control, std::u16string_view text)
+{
+    for (const Message& message : Messages) {
+        if (!text.starts_with(message.beginning)) continue;
+        const bool good = message.dialog == dialogBefore &&
+                          (message.refused == StillUp ? view.dialog == dialogBefore : message.refused(view));
+        return good ? "" : platform::ToUtf8(text) + " goes with no refusal by control " + std::to_string(control);
+    }
+    for (const auto& [beginning, dialog] : Notices)
+        if (text.starts_with(beginning) && dialog == dialogBefore) return {};
+    return "an unknown message: " + platform::ToUtf8(text);
+}
+
+}  // namespace random_use

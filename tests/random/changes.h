@@ -1,0 +1,24 @@
+// What a step may change, and what it may say: which control writes which field of the record and what, which button
+// writes what is stored with the printer, and which messages go with a choice that did not come about.
+#pragma once
+
+#include <string>
+
+#include "tests/random/steps.h"
+#include "tests/random/view.h"
+
+namespace random_use {
+
+// control: the one that the step was on, the field beside a pair of arrows; Arrival if the step has brought the page
+// to the front, Elsewhere for the keyboard. What is wrong, empty if nothing.
+inline constexpr int Arrival = 0;
+inline constexpr int Elsewhere = -1;
+inline constexpr int Applied = -2;  // Apply: then the page comes to the front again
+std::string WrongChanges(const View& view, int dialogBefore, int control);
+
+std::string WrongStores(const Start& start, const platform::StoredValues& before, const platform::StoredValues& after,
+                        int dialogBefore, int control);
+
+std::string WrongMessage(const View& view, int dialogBefore, int control, std::u16string_view text);
+
+}  // namespace random_use

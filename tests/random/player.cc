@@ -1,0 +1,444 @@
+#include "tests/random/player.h"
+
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstring>
+#include <fstream>
+#include <functional>
+
+#include "module.h"
+#include "platform/gdi/job.h"
+#include "platform/kernel/memory.h"
+#include "platform/kernel/modules.h"
+#include "platform/registry/keys.h"
+#include "platform/seams/desktop.h"
+#include "platform/seams/fonts.h"
+#include "platform/seams/surface.h"
+#include "platform/services/sheet_service.h"
+#include "platform/spooler/printers.h"
+#include "platform/user/windows.h"
+#include "resources/control_numbers.h"
+#include "settings/options.h"
+#include "spooler/document_properties.h"
+#include "tests/random/changes.h"
+#include "tests/random/invariants.h"
+#include "tests/support/sheet_driver.h"
+
+extern "C" int __lsan_do_recoverable_leak_check() __attribute__((weak));
+
+namespace random_use {
+
+namespace {
+
+namespace user = platform::user;
+using testing_support::TestPrinter;
+using user::Outcome;
+
+// What the process notes for the one that waits for it.
+struct Ledger {
+    int count;
+    Step steps[MostSteps];
+    std::uint8_t boxes[MostSteps], files[MostSteps];
+    char failure[2000], story[500];
+};
+
+template <std::size_t Room>
+void Note(char (&field)[Room], const std::string& text)
+{
+    if (field[0] == 0) field[text.copy(field, Room - 1)] = 0;
+}
+
+struct Counter {
+    const char* what;
+    std::size_t (*count)();
+};
+constexpr Counter Counters[] = {
+    {"windows",         user::WindowCount               },
+    {"contexts",        platform::gdi::ContextCount     },
+    {"drawing objects", platform::gdi::ObjectCount      },
+    {"blocks",          platform::memory::BlockCount    },
+    {"private heaps",   platform::memory::HeapCount     },
+    {"blocks in heaps", platform::memory::HeapBlockCount},
+    {"printer handles", platform::spooler::OpenCount    },
+    {"registry keys",   platform::registry::OpenCount   },
+};
+
+// Draws nothing: what is drawn is looked at elsewhere, and a long walk draws much.
+class Nowhere : public platform::Surface {
+  public:
+    void SetClip(const std::optional<RECT>&) override {}
+    void Line(const platform::PenSpec&, POINT, POINT) override {}
+    void Rectangle(const platform::PenSpec&, const platform::BrushSpec&, const RECT&) override {}
+    void Polygon(const platform::PenSpec&, const platform::BrushSpec&, std::span<const POINT>) override {}
+    void Arc(const platform::PenSpec&, const RECT&, POINT, POINT) override {}
+    void Fill(const RECT&, COLORREF) override {}
+    void Text(const platform::TextSpec&) override {}
+    void Image(const RECT&, const platform::PixelImage&) override {}
+    void Erase(const RECT&) override {}
+};
+
+class Player : public platform::Desktop {
+  public:
+    Player(Ledger& ledger, std::uint64_t seed, const std::optional<std::vector<Step>>& steps)
+        : ledger_(ledger), random_(seed), given_(steps), start_(MakeStart(random_))
+    {
+        Note(ledger_.story, start_.story);
+    }
+
+    void Play();
+
+    void Opened(HWND) override {}
+    void Closed(HWND) override {}
+    void Changed(HWND) override {}
+    void Help(const platform::HelpRequest&) override {}
+    void Run(HWND top) override;
+    std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override { return std::make_shared<Nowhere>(); }
+    int MessageBox(const platform::MessageBoxRequest& request) override
+    {
+        ++ledger_.boxes[at_];
+        boxes_.push_back(request.text);
+        return (request.style & 0x0F) == MB_OK || now_.ok ? IDOK : IDCANCEL;
+    }
+    std::optional<std::u16string> PickFile(const platform::FileDialogRequest& request) override
+    {
+        ++ledger_.files[at_];
+        if (now_.file == 0 || !request.accept(Files[now_.file])) return std::nullopt;
+        return Files[now_.file];
+    }
+    void Beep(UINT) override { beeped_ = true; }
+
+  private:
+    bool Failed() const { return ledger_.failure[0] != 0; }
+    void Fail(const std::string& what) { Note(ledger_.failure, what); }
+    bool MoreSteps() const { return ledger_.count < static_cast<int>(given_ ? given_->size() : MostSteps); }
+    Step Draw(HWND top);
+    Outcome Act(const Step& step, HWND top);
+    void Take(const Step& step, HWND top);
+    void Judge(const Step& step, int dialogBefore, int control);
+    void ShowSheet();
+
+    Ledger& ledger_;
+    Random random_;
+    const std::optional<std::vector<Step>>& given_;
+    Start start_;
+    Invariants invariants_;
+    Step now_;  // the step that is being taken
+    int at_ = 0;
+    std::vector<std::u16string> boxes_;
+    bool beeped_ = false, applied_ = false;
+    DriverDevMode last_{};
+    platform::StoredValues lastStore_;
+};
+
+int TemplateOf(HWND dialog)
+{
+    const user::Window* window = user::Find(dialog);
+    const auto* state = window ? window->As<user::DialogState>() : nullptr;
+    return state ? state->templateNumber : 0;
+}
+
+// What a user could take hold of, each as often as it is likely.
+Step Player::Draw(HWND top)
+{
+    const HWND dialog = user::DialogOf(top);
+    const bool sheet = dialog != top;
+    std::vector<Step> bag;
+    const auto put = [&](int times, Action action, int control = 0) {
+        for (; times > 0; --times) bag.push_back({action, true, 0, static_cast<std::int16_t>(control), 0});
+    };
+    if (const user::Window* window = user::Find(dialog)) {
+        for (const HWND handle : window->children) {
+            const user::Window& child = *user::Find(handle);
+            // Now and then what is locked: it has to be refused.
+            if (child.id <= 0 || ((!child.enabled || !child.visible) && !random_.Chance(1, 20))) continue;
+            const DWORD type = child.style & 0x0F;
+            const bool ends =
+                child.id == IDOK || child.id == IDCANCEL || child.id == IDC_HELP || child.id == IDC_DEFAULT;
+            if (child.kind == user::Kind::Button && type != BS_GROUPBOX && type != BS_OWNERDRAW)
+                put(ends ? 1 : 3, Action::Click, child.id);
+            if (child.As<user::ListState>()) put(5, Action::Choose, child.id);
+            if (child.kind == user::Kind::UpDown) put(2, Action::Spin, child.id);
+            if (child.kind == user::Kind::ListView) put(4, Action::Row, child.id);
+            if (child.kind == user::Kind::Edit) {
+                put(3, Action::Type, child.id);
+                put(1, Action::Append, child.id);
+                put(1, Action::Paste, child.id);
+                put(1, Action::Focus, child.id);
+            }
+        }
+    }
+    put(2, Action::Key);
+    if (sheet) {
+        put(10, Action::Page);
+        put(1, Action::Apply);
+        if (random_.Chance(1, 4))
+            put(1, random_.From(std::array{Action::Ok, Action::Ok, Action::Cancel, Action::Help}));
+    }
+    Step step = random_.From(bag);
+    step.ok = random_.Chance(1, 2);
+    step.file = static_cast<std::uint8_t>(random_.Below(Files.size()));
+    const user::Window* control = user::Find(user::Control(dialog, step.control));
+    const auto below = [&](std::size_t limit) {
+        return static_cast<std::int16_t>(random_.Below(std::max<std::size_t>(limit, 1)));
+    };
+    switch (step.action) {
+        case Action::Page:
+            step.value = below(4);
+            break;
+        case Action::Choose:
+            step.value = below(control->As<user::ListState>()->items.size());
+            break;
+        case Action::Row:
+            step.value = below(control->As<user::ListViewState>()->rows.size());
+            break;
+        case Action::Type:
+        case Action::Append:
+        case Action::Paste:
+            step.value = below(Texts.size());
+            break;
+        case Action::Spin:
+            step.value = below(2);
+            break;
+        case Action::Key:
+            step.value = random_.Chance(1, 6) ? below(std::size(Keys)) : 0;
+            break;
+        default:
+            break;
+    }
+    return step;
+}
+
+Outcome Player::Act(const Step& step, HWND top)
+{
+    constexpr user::Key PressedKeys[] = {user::Key::Tab, user::Key::Enter, user::Key::Escape, user::Key::F1};
+    const HWND control = user::Control(user::DialogOf(top), step.control);
+    switch (step.action) {
+        case Action::Page:
+            return user::ShowPage(top, step.value);
+        case Action::Click:
+            return user::Click(control);
+        case Action::Choose:
+            return user::Pick(control, step.value);
+        case Action::Type:
+            return user::Type(control, Texts[static_cast<std::size_t>(step.value)]);
+        case Action::Append:
+            return user::Append(control, Texts[static_cast<std::size_t>(step.value)]);
+        case Action::Paste:
+            return user::Paste(control, Texts[static_cast<std::size_t>(step.value)]);
+        case Action::Spin:
+            return user::Spin(control, step.value != 0);
+        case Action::Row:
+            return user::SelectRow(control, step.value);
+        case Action::Focus:
+            return user::Focus(control);
+        case Action::Key:
+            return user::Press(top, PressedKeys[step.value]);
+        case Action::Ok:
+            return user::PressButton(top, user::SheetButton::Ok);
+        case Action::Cancel:
+            return user::PressButton(top, user::SheetButton::Cancel);
+        case Action::Apply:
+            return user::PressButton(top, user::SheetButton::Apply);
+        case Action::Help:
+            return user::PressButton(top, user::SheetButton::Help);
+    }
+    return Outcome::Unsuited;
+}
+
+// Which row of the rules a step stands for.
+int ControlOf(const Step& step, HWND top)
+{
+    switch (step.action) {
+        case Action::Page:
+            return Arrival;
+        case Action::Apply:
+            return Applied;
+        case Action::Spin: {
+            const user::Window* arrows = user::Find(user::Control(user::DialogOf(top), step.control));
+            const auto* state = arrows ? arrows->As<user::UpDownState>() : nullptr;
+            const user::Window* buddy = state ? user::Find(state->buddy) : nullptr;
+            return buddy ? buddy->id : step.control;
+        }
+        case Action::Key: {
+            if (Keys[step.value] != "ENTER") return Elsewhere;
+            const user::Window* focus = user::Find(user::FocusWindow());
+            const bool pushed = focus && focus->kind == user::Kind::Button && (focus->style & 0x0F) <= BS_DEFPUSHBUTTON;
+            return pushed ? focus->id : IDOK;
+        }
+        case Action::Ok:
+        case Action::Cancel:
+        case Action::Help:
+            return Elsewhere;
+        default:
+            return step.control;
+    }
+}
+
+void Player::Take(const Step& step, HWND top)
+{
+    if (ledger_.count == MostSteps) return;
+    const int at = at_ = ledger_.count++;
+    ledger_.steps[at] = now_ = step;
+    const int dialog = TemplateOf(user::DialogOf(top)), control = ControlOf(step, top);
+    boxes_.clear();
+    beeped_ = false;
+    const Outcome outcome = Act(step, top);
+    at_ = at, now_ = step;
+    if (step.action == Action::Apply && outcome == Outcome::Done) applied_ = true;
+    Judge(step, dialog, control);
+}
+
+void Player::Judge(const Step& step, int dialogBefore, int control)
+{
+    const HWND top = user::TopWindow();
+    if (Failed()) return;
+    const platform::StoredValues store = start_.machine->store->Values(TestPrinter);
+    std::string wrong = WrongStores(start_, lastStore_, store, dialogBefore, control);
+    lastStore_ = store;
+    const HWND sheet = user::OpenWindows().empty() ? nullptr : user::OpenWindows().front();
+    if (wrong.empty() && top && !user::Ended(sheet)) {
+        const HWND page = user::DialogOf(top);
+        const bool mayEdit = start_.mayChange && !(start_.mode & DM_NOPERMISSION);
+        const bool fromShell = !platform::CurrentEnvironment().facts->OwnerModule().empty();
+        const View view{start_, top, page, TemplateOf(page), *CurrentSettings, last_, mayEdit, fromShell};
+        wrong = WrongChanges(view, dialogBefore, control);
+        for (std::size_t k = 0; k < boxes_.size() && wrong.empty(); ++k)
+            wrong = WrongMessage(view, dialogBefore, control, boxes_[k]);
+        if (wrong.empty() && beeped_ && dialogBefore != IDD_WATERMARK) wrong = "a beep";
+        // The lists of a dialog that has ended are gone.
+        if (wrong.empty() && !user::Ended(top)) wrong = invariants_.Judge(view);
+        last_ = *CurrentSettings;
+    }
+    boxes_.clear(), beeped_ = false;
+    if (!wrong.empty()) Fail(wrong + ", after: " + ScriptOf(step, 0, 0));
+}
+
+// Also when a dialog ends within a step of the one beneath.
+void Player::Run(HWND top)
+{
+    if (user::OpenWindows().size() == 1) {
+        invariants_.NewSheet();
+        last_ = *CurrentSettings;
+        lastStore_ = start_.machine->store->Values(TestPrinter);
+    }
+    // Paints the page before it is looked at.
+    user::PaintPending();
+    boxes_.clear();
+    Judge({Action::Page, true, 0, 0, 0}, 0, Arrival);
+    while (!user::Ended(top) && !Failed() && MoreSteps())
+        Take(given_ ? (*given_)[static_cast<std::size_t>(ledger_.count)] : Draw(top), top);
+    for (int tries = 0; !user::Ended(top); ++tries) {
+        if (tries == 3) {
+            Fail("dialog " + std::to_string(TemplateOf(user::DialogOf(top))) + " cannot be left");
+            _exit(0);
+        }
+        user::Close(top);
+    }
+}
+
+void Player::ShowSheet()
+{
+    std::vector<BYTE> input = start_.input, output(140000, BYTE{0xEE});
+    std::u16string name = TestPrinter;
+    const bool owned = !platform::CurrentEnvironment().facts->OwnerModule().empty();
+    const HWND owner = owned ? platform::services::MakeOwnerWindow() : nullptr;
+    const HANDLE printer = platform::spooler::Open(name, 0);
+    applied_ = false;
+    auto* out = reinterpret_cast<DEVMODEW*>(output.data());
+    auto* in = input.empty() ? nullptr : reinterpret_cast<DEVMODEW*>(input.data());
+    const LONG result = DrvDocumentProperties(owner, printer, name.data(), out, in, start_.mode);
+    platform::spooler::Close(printer);
+    if (owner) platform::services::DestroyOwnerWindow(owner);
+    if (Failed()) return;
+    if (!start_.service) {
+        if (result >= 0) Fail("a sheet without its service");
+        ledger_.count = MostSteps;  // there is nothing to take a step in
+        return;
+    }
+    const bool untouched = std::all_of(output.begin(), output.end(), [](BYTE byte) { return byte == 0xEE; });
+    if (result != IDOK && result != IDCANCEL) return Fail("the sheet answers " + std::to_string(result));
+    if (result == IDCANCEL && !applied_ && !untouched) return Fail("a cancelled sheet publishes a record");
+    if (result == IDOK && untouched) return Fail("OK publishes nothing");
+    // The same user goes on with what was chosen.
+    if (result == IDOK && in == nullptr) start_.input.assign(output.begin(), output.begin() + sizeof(DriverDevMode));
+}
+
+void Player::Play()
+{
+    platform::Environment& environment = platform::CurrentEnvironment();
+    environment.fonts = platform::MakeBuiltinFonts();
+    environment.desktop = std::shared_ptr<Player>(this, [](Player*) {});
+    std::vector<std::size_t> before;
+    for (const Counter& counter : Counters) before.push_back(counter.count());
+    for (int sheet = 0; sheet < 4 && MoreSteps() && !Failed(); ++sheet) ShowSheet();
+    for (std::size_t k = 0; k < std::size(Counters); ++k)
+        if (Counters[k].count() != before[k])
+            Fail(std::string(Counters[k].what) + " left: " + std::to_string(Counters[k].count()) + " after " +
+                 std::to_string(before[k]));
+    environment.desktop = nullptr;
+    environment.fonts = nullptr;
+    if (__lsan_do_recoverable_leak_check && __lsan_do_recoverable_leak_check()) Fail("memory is left");
+}
+
+}  // namespace
+
+Played Play(std::uint64_t seed, const std::optional<std::vector<Step>>& steps)
+{
+    static Ledger* const ledger =
+        static_cast<Ledger*>(mmap(nullptr, sizeof(Ledger), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    if (ledger == MAP_FAILED) throw std::runtime_error("no shared memory");
+    std::memset(static_cast<void*>(ledger), 0, sizeof *ledger);
+    std::string why;
+    static const HMODULE module = platform::modules::Load(QD_MODULE_PATH, &why);
+    if (!module) throw std::runtime_error("the module cannot be loaded: " + why);
+    ModuleHandle = ResourceHandle = module;
+    std::ofstream("/tmp/qd480-random.oxl") << "overlay";
+
+    const pid_t child = fork();
+    if (child < 0) throw std::runtime_error("no process for a walk");
+    if (child == 0) {
+        alarm(60);  // a handler that never returns
+        try {
+            Player(*ledger, seed, steps).Play();
+        } catch (const std::exception& error) {
+            Note(ledger->failure, std::string("an exception: ") + error.what());
+        }
+        _exit(0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (WIFSIGNALED(status)) Note(ledger->failure, "signal " + std::to_string(WTERMSIG(status)));
+    if (WIFEXITED(status) && WEXITSTATUS(status) != 0)
+        Note(ledger->failure, "exit status " + std::to_string(WEXITSTATUS(status)));
+
+    Played played;
+    const auto count = std::min(ledger->count, MostSteps);
+    played.steps.assign(ledger->steps, ledger->steps + count);
+    played.failure = ledger->failure;
+    played.story = ledger->story;
+    for (int k = 0; k < count; ++k) played.script += ScriptOf(ledger->steps[k], ledger->boxes[k], ledger->files[k]);
+    return played;
+}
+
+Played Shrink(std::uint64_t seed, const Played& failed)
+{
+    Played shortest = failed;
+    for (std::size_t part = std::max<std::size_t>(failed.steps.size() / 2, 1); part > 0; part /= 2) {
+        for (std::size_t from = 0; from < shortest.steps.size();) {
+            std::vector<Step> fewer = shortest.steps;
+            fewer.erase(fewer.begin() + static_cast<std::ptrdiff_t>(from),
+                        fewer.begin() + static_cast<std::ptrdiff_t>(std::min(from + part, fewer.size())));
+            const Played tried = Play(seed, fewer);
+            if (tried.failure.empty())
+                from += part;
+            else
+                shortest = tried;
+        }
+    }
+    return shortest;
+}
+
+}  // namespace random_use
