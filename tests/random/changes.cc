@@ -7,7 +7,6 @@
 #include "settings/list_rows.h"
 #include "settings/model_tables.h"
 #include "tests/support/records.h"
-#include "watermark/geometry.h"
 #include "watermark/overlay_list.h"
 
 namespace random_use {
@@ -32,8 +31,7 @@ bool Anything(const View&, long) { return true; }
 // The diagonal of a damaged record's page may point anywhere.
 bool OfAnAngle(const View& view, long degrees)
 {
-    const bool diagonal = view.record.dmWatermark.wmAngleMode == 2 && degrees == DiagonalAngle;
-    return In<-180, 180>(view, degrees) || (diagonal && !view.start.asBuilt);
+    return In<-180, 180>(view, degrees) || (view.record.dmWatermark.wmAngleMode == 2 && !view.start.asBuilt);
 }
 bool OfAPaper(const View&, long code)
 {

@@ -126,7 +126,7 @@ class Player : public platform::Desktop {
     Start start_;
     Invariants invariants_;
     Step now_;  // the step that is being taken
-    int at_ = 0;
+    int at_ = 0, dialog_ = 0, control_ = Arrival;
     std::vector<std::u16string> boxes_;
     bool beeped_ = false, applied_ = false;
     DriverDevMode last_{};
@@ -282,11 +282,11 @@ void Player::Take(const Step& step, HWND top)
     if (ledger_.count == MostSteps) return;
     const int at = at_ = ledger_.count++;
     ledger_.steps[at] = now_ = step;
-    const int dialog = TemplateOf(user::DialogOf(top)), control = ControlOf(step, top);
+    const int dialog = dialog_ = TemplateOf(user::DialogOf(top)), control = control_ = ControlOf(step, top);
     boxes_.clear();
     beeped_ = false;
     const Outcome outcome = Act(step, top);
-    at_ = at, now_ = step;
+    at_ = at, now_ = step, dialog_ = dialog, control_ = control;
     if (step.action == Action::Apply && outcome == Outcome::Done) applied_ = true;
     Judge(step, dialog, control);
 }
@@ -321,13 +321,13 @@ void Player::Run(HWND top)
 {
     if (user::OpenWindows().size() == 1) {
         invariants_.NewSheet();
+        now_ = {Action::Page, true, 0, 0, 0}, dialog_ = 0, control_ = Arrival;
         last_ = *CurrentSettings;
         lastStore_ = start_.machine->store->Values(TestPrinter);
     }
     // Paints the page before it is looked at.
     user::PaintPending();
-    boxes_.clear();
-    Judge({Action::Page, true, 0, 0, 0}, 0, Arrival);
+    Judge(now_, dialog_, control_);  // what the step has changed that brought the dialog up
     while (!user::Ended(top) && !Failed() && MoreSteps())
         Take(given_ ? (*given_)[static_cast<std::size_t>(ledger_.count)] : Draw(top), top);
     for (int tries = 0; !user::Ended(top); ++tries) {
