@@ -52,7 +52,9 @@ void SyncRows(const ListViewState& list, QTreeWidget& tree)
         for (std::size_t column = 0; column < row.cells.size(); ++column)
             item.setText(int(column), ToQString(row.cells[column]));
         item.setSelected(row.selected);
-        if (row.selected) tree.scrollToItem(&item);
+        if (!row.selected) continue;
+        tree.setCurrentItem(&item);
+        tree.scrollToItem(&item);
     }
 }
 
@@ -78,11 +80,19 @@ void SyncRows(const TreeState& state, QTreeWidget& tree)
     if (state.selection >= 0 && state.selection < items.size()) tree.setCurrentItem(items[state.selection]);
 }
 
+constexpr char CaretNote[] = "caret";
+
+// Moving the caret takes a selection back, so it is moved only where the program has done so.
 void SyncText(const EditState& edit, const std::u16string& text, QLineEdit& field)
 {
     const QString wanted = ToQString(text);
-    if (field.text() != wanted) field.setText(wanted);
-    if (field.cursorPosition() != int(edit.caret)) field.setCursorPosition(int(edit.caret));
+    const bool moved = field.property(CaretNote).toULongLong() != edit.caret;
+    if (field.text() != wanted)
+        field.setText(wanted);
+    else if (!moved)
+        return;
+    field.setCursorPosition(int(edit.caret));
+    NoteCaret(&field, edit.caret);
 }
 
 }  // namespace
@@ -98,6 +108,40 @@ bool IsGroupBox(const Window& window)
     return window.kind == Kind::Button && (window.style & BS_TYPEMASK) == BS_GROUPBOX;
 }
 
+bool IsOwnerDrawn(const Window& window)
+{
+    return window.kind == Kind::Button && (window.style & BS_TYPEMASK) == BS_OWNERDRAW;
+}
+
+bool IsTextStatic(const Window& window)
+{
+    const DWORD type = window.style & SS_TYPEMASK;
+    return window.kind == Kind::Static && (type <= SS_RIGHT || type == SS_SIMPLE || type == SS_LEFTNOWORDWRAP);
+}
+
+void NoteCaret(QWidget* field, std::size_t caret) { field->setProperty(CaretNote, qulonglong(caret)); }
+
+int HeldRow(const Window& window)
+{
+    if (const auto* list = window.As<ListState>()) return list->selection;
+    if (const auto* tree = window.As<TreeState>()) return tree->selection;
+    if (const auto* view = window.As<ListViewState>())
+        for (std::size_t row = 0; row < view->rows.size(); ++row)
+            if (view->rows[row].selected) return int(row);
+    return -1;
+}
+
+int ShownRow(const QWidget* widget)
+{
+    if (const auto* combo = qobject_cast<const QComboBox*>(widget)) return combo->currentIndex();
+    if (const auto* box = qobject_cast<const QListWidget*>(widget)) return box->currentRow();
+    auto* tree = qobject_cast<QTreeWidget*>(const_cast<QWidget*>(widget));
+    if (!tree || !tree->currentItem()) return -1;
+    int row = 0;
+    for (QTreeWidgetItemIterator item(tree); *item && *item != tree->currentItem(); ++item) ++row;
+    return row;
+}
+
 void SyncWidget(const Window& window, QWidget* widget)
 {
     const QSignalBlocker blocker(widget);
@@ -107,10 +151,9 @@ void SyncWidget(const Window& window, QWidget* widget)
         button->setText(ToQString(window.text));
         if (const auto* state = window.As<ButtonState>(); state && button->isCheckable())
             button->setChecked(state->check == BST_CHECKED);
-        if (IsRadio(window)) button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
     } else if (auto* group = qobject_cast<QGroupBox*>(widget)) {
         group->setTitle(ToQString(window.text));
-    } else if (auto* label = qobject_cast<QLabel*>(widget)) {
+    } else if (auto* label = qobject_cast<QLabel*>(widget); label && !IsOwnerDrawn(window)) {
         label->setText(ToQString(window.text));
     } else if (auto* combo = qobject_cast<QComboBox*>(widget)) {
         if (const auto* list = window.As<ListState>()) SyncItems(*list, *combo);

@@ -45,18 +45,29 @@ class Arrows : public QWidget {
             arrow->setAutoRepeat(true);
             arrow->setFocusPolicy(Qt::NoFocus);
             arrow->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-            arrow->setAccessibleName(up ? tr("Up") : tr("Down"));
             connect(arrow, &QToolButton::clicked, this, [clicked, up] { clicked(up); });
             layout->addWidget(arrow);
         }
     }
 };
 
-bool IsTextStatic(const Window& window)
-{
-    const DWORD type = window.style & SS_TYPEMASK;
-    return type <= SS_RIGHT || type == SS_SIMPLE || type == SS_LEFTNOWORDWRAP;
-}
+// A list whose own keys (Home, Page Down, the letters of a row) tell of the row that they have picked.
+template <class List>
+class KeyedList : public List {
+  public:
+    KeyedList(QWidget* parent, std::function<void()> keyed) : List(parent), keyed_(std::move(keyed)) {}
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        const int before = ShownRow(this);
+        List::keyPressEvent(event);
+        if (ShownRow(this) != before) keyed_();
+    }
+
+  private:
+    std::function<void()> keyed_;
+};
 
 }  // namespace
 
@@ -66,7 +77,6 @@ DialogView::DialogView(HWND dialog, Act act, QWidget* parent) : QWidget(parent),
     if (!window) return;
     resize(window->Width(), window->Height());
     setMinimumSize(size());
-    QWidget* before = nullptr;
     for (HWND handle : window->children) {
         const Window* control = Find(handle);
         if (!control) continue;
@@ -76,16 +86,23 @@ DialogView::DialogView(HWND dialog, Act act, QWidget* parent) : QWidget(parent),
         Place(*control, widget);
         handles_.insert(widget, handle);
         widget->installEventFilter(this);
-        if (!(control->style & WS_TABSTOP) && widget->focusPolicy() == Qt::StrongFocus && !IsRadio(*control))
+        if (!(control->style & WS_TABSTOP) && (widget->focusPolicy() & Qt::TabFocus) && !IsRadio(*control))
             widget->setFocusPolicy(Qt::ClickFocus);
-        if (widget->focusPolicy() != Qt::NoFocus) {
-            if (before) setTabOrder(before, widget);
-            before = widget;
-        }
         if (IsGroupBox(*control)) widget->lower();
     }
-    LinkLabels();
+    NameControls(rows_);
+    ChainBehind(this);
     Sync();
+}
+
+QWidget* DialogView::ChainBehind(QWidget* before)
+{
+    for (const ControlRow& row : rows_) {
+        if (!row.widget || row.widget->focusPolicy() == Qt::NoFocus) continue;
+        setTabOrder(before, row.widget);
+        before = row.widget;
+    }
+    return before;
 }
 
 QWidget* DialogView::MakeWidget(const Window& window)
@@ -118,10 +135,10 @@ QWidget* DialogView::MakeButton(const Window& window)
     QAbstractButton* button = nullptr;
     switch (window.style & BS_TYPEMASK) {
         case BS_OWNERDRAW:
-            return nullptr;
+            return MakePicture();
         case BS_GROUPBOX:
             return new GroupFrame(this, [this, handle] {
-                if (const HWND next = NextFocusable(handle)) act_([next] { platform::user::Focus(next); });
+                if (const HWND next = NextStop(rows_, handle)) act_([next] { platform::user::Focus(next); });
             });
         case BS_CHECKBOX:
         case BS_AUTOCHECKBOX:
@@ -143,6 +160,17 @@ QWidget* DialogView::MakeButton(const Window& window)
     }
     connect(button, &QAbstractButton::clicked, this, [this, handle] { act_([handle] { Click(handle); }); });
     return button;
+}
+
+// What an owner-drawn button draws shows in the dialog's picture; this tells that it is there.
+QWidget* DialogView::MakePicture()
+{
+    QPixmap nothing(1, 1);
+    nothing.fill(Qt::transparent);
+    auto* picture = new QLabel(this);
+    picture->setPixmap(nothing);
+    picture->setAttribute(Qt::WA_TransparentForMouseEvents);
+    return picture;
 }
 
 QWidget* DialogView::MakeStatic(const Window& window)
@@ -167,6 +195,7 @@ QWidget* DialogView::MakeEdit(const Window& window)
     connect(field, &QLineEdit::textEdited, this, [this, field, handle](const QString& text) {
         const std::u16string wide = ToWideString(text);
         const std::size_t caret = std::size_t(field->cursorPosition());
+        NoteCaret(field, caret);
         act_([handle, wide, caret] { EditTo(handle, wide, caret); });
     });
     return field;
@@ -174,8 +203,8 @@ QWidget* DialogView::MakeEdit(const Window& window)
 
 QWidget* DialogView::MakeCombo(const Window& window)
 {
-    auto* combo = new QComboBox(this);
     const HWND handle = window.handle;
+    auto* combo = new KeyedList<QComboBox>(this, [this, handle] { PickShown(handle); });
     connect(combo, &QComboBox::activated, this,
             [this, handle](int row) { act_([handle, row] { Pick(handle, row); }); });
     return combo;
@@ -183,8 +212,8 @@ QWidget* DialogView::MakeCombo(const Window& window)
 
 QWidget* DialogView::MakeListBox(const Window& window)
 {
-    auto* box = new QListWidget(this);
     const HWND handle = window.handle;
+    auto* box = new KeyedList<QListWidget>(this, [this, handle] { PickShown(handle); });
     connect(box, &QListWidget::itemClicked, this, [this, handle, box](QListWidgetItem* item) {
         const int row = box->row(item);
         act_([handle, row] { Pick(handle, row); });
@@ -200,8 +229,8 @@ QWidget* DialogView::MakeUpDown(const Window& window)
 
 QWidget* DialogView::MakeListView(const Window& window)
 {
-    auto* tree = new QTreeWidget(this);
     const HWND handle = window.handle;
+    auto* tree = new KeyedList<QTreeWidget>(this, [this, handle] { PickShown(handle); });
     tree->setRootIsDecorated(false);
     tree->setUniformRowHeights(true);
     tree->setHeaderHidden((window.style & LVS_NOCOLUMNHEADER) != 0);
@@ -214,8 +243,8 @@ QWidget* DialogView::MakeListView(const Window& window)
 
 QWidget* DialogView::MakeTreeView(const Window& window)
 {
-    auto* tree = new QTreeWidget(this);
     const HWND handle = window.handle;
+    auto* tree = new KeyedList<QTreeWidget>(this, [this, handle] { PickShown(handle); });
     tree->setHeaderHidden(true);
     tree->setRootIsDecorated(false);  // the layer keeps every row open
     tree->setItemsExpandable(false);
@@ -234,45 +263,24 @@ void DialogView::Place(const Window& window, QWidget* widget)
     widget->setGeometry(rect);
 }
 
-void DialogView::LinkLabels()
+void DialogView::PickShown(HWND list)
 {
-    for (const Row& row : rows_) {
-        auto* label = qobject_cast<QLabel*>(row.widget);
-        if (!label) continue;
-        const HWND next = NextFocusable(row.handle);
-        for (const Row& other : rows_)
-            if (other.handle == next && other.widget) label->setBuddy(other.widget);
-    }
-    // A field is named by the label or frame before it.
-    QString name;
-    for (const Row& row : rows_) {
-        const Window* window = Find(row.handle);
-        if (!window || !row.widget) continue;
-        if (window->kind == Kind::Static || IsGroupBox(*window))
-            name = ToQString(window->text).remove('&');
-        else if (window->kind != Kind::Button)
-            row.widget->setAccessibleName(name);
-    }
-}
-
-HWND DialogView::NextFocusable(HWND after) const
-{
-    bool behind = false;
-    for (const Row& row : rows_) {
-        const Window* window = Find(row.handle);
-        if (behind && window && row.widget && row.widget->focusPolicy() != Qt::NoFocus && window->kind != Kind::Static)
-            return row.handle;
-        if (row.handle == after) behind = true;
-    }
-    return nullptr;
+    const Window* window = Find(list);
+    const auto row = std::ranges::find(rows_, list, &ControlRow::handle);
+    if (!window || row == rows_.end()) return;
+    const int shown = ShownRow(row->widget);
+    if (shown < 0 || shown == HeldRow(*window)) return;
+    const bool hasRows = window->kind == Kind::ListView || window->kind == Kind::TreeView;
+    act_([list, shown, hasRows] { hasRows ? SelectRow(list, shown) : Pick(list, shown); });
 }
 
 void DialogView::Sync()
 {
     if (syncing_) return;
     syncing_ = true;
-    for (const Row& row : rows_)
+    for (const ControlRow& row : rows_)
         if (const Window* window = Find(row.handle); window && row.widget) SyncWidget(*window, row.widget);
+    SyncStops(rows_);
     syncing_ = false;
     update();
 }
@@ -282,12 +290,15 @@ void DialogView::SyncFocus()
     const Window* window = Find(dialog_);
     const DialogState* state = window ? window->As<DialogState>() : nullptr;
     if (!state) return;
-    for (const Row& row : rows_)
-        if (row.handle == state->focus && row.widget && !row.widget->hasFocus()) {
-            syncing_ = true;
-            row.widget->setFocus();
-            syncing_ = false;
-        }
+    for (const ControlRow& row : rows_) {
+        if (row.handle != state->focus || !row.widget) continue;
+        syncing_ = true;
+        if (!row.widget->hasFocus()) row.widget->setFocus();
+        // As the Tab key does: what is in a dialog's first field is typed over.
+        if (auto* field = qobject_cast<QLineEdit*>(row.widget); field && !entered_) field->selectAll();
+        syncing_ = false;
+        entered_ = true;
+    }
 }
 
 void DialogView::paintEvent(QPaintEvent*)
@@ -312,6 +323,7 @@ bool DialogView::HandleKey(HWND control, int key)
     if (!window || !top) return false;
     const bool list = window->kind == Kind::ComboBox || window->kind == Kind::ListBox ||
                       window->kind == Kind::ListView || window->kind == Kind::TreeView;
+    const bool counts = window->kind == Kind::Edit;  // by the arrows beside it
     const auto press = [&](Key which) {
         act_([top, which] { Press(top, which); });
         return true;
@@ -323,9 +335,9 @@ bool DialogView::HandleKey(HWND control, int key)
         case Qt::Key_F1:
             return press(Key::F1);
         case Qt::Key_Up:
-            return IsRadio(*window) || list ? press(Key::Up) : false;
+            return IsRadio(*window) || list || counts ? press(Key::Up) : false;
         case Qt::Key_Down:
-            return IsRadio(*window) || list ? press(Key::Down) : false;
+            return IsRadio(*window) || list || counts ? press(Key::Down) : false;
         case Qt::Key_Left:
             return IsRadio(*window) ? press(Key::Left) : false;
         case Qt::Key_Right:

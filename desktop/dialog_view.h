@@ -6,8 +6,8 @@
 #include <QWidget>
 #include <functional>
 
+#include "access.h"
 #include "platform/user/actions.h"
-#include "platform/user/window.h"
 
 namespace desktop {
 
@@ -19,6 +19,8 @@ class DialogView : public QWidget {
     DialogView(HWND dialog, Act act, QWidget* parent = nullptr);
     void Sync();       // shows the layer's state of every control
     void SyncFocus();  // gives Qt's focus to the control that has the layer's
+    // Puts the controls behind a widget in the order of the Tab key; the last one.
+    QWidget* ChainBehind(QWidget* before);
     HWND Dialog() const { return dialog_; }
     HWND ControlOf(const QObject* widget) const { return handles_.value(widget); }
 
@@ -27,12 +29,9 @@ class DialogView : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    struct Row {
-        HWND handle;
-        QWidget* widget;  // null: the control shows in the picture alone
-    };
     QWidget* MakeWidget(const platform::user::Window& window);
     QWidget* MakeButton(const platform::user::Window& window);
+    QWidget* MakePicture();
     QWidget* MakeStatic(const platform::user::Window& window);
     QWidget* MakeEdit(const platform::user::Window& window);
     QWidget* MakeCombo(const platform::user::Window& window);
@@ -41,15 +40,16 @@ class DialogView : public QWidget {
     QWidget* MakeListView(const platform::user::Window& window);
     QWidget* MakeTreeView(const platform::user::Window& window);
     void Place(const platform::user::Window& window, QWidget* widget);
-    void LinkLabels();
+    // After a key that the list itself has worked: picks the row that it shows now.
+    void PickShown(HWND list);
     bool HandleKey(HWND control, int key);
-    HWND NextFocusable(HWND after) const;
 
     HWND dialog_;
     Act act_;
-    QVector<Row> rows_;
+    QVector<ControlRow> rows_;
     QHash<const QObject*, HWND> handles_;
     bool syncing_ = false;
+    bool entered_ = false;  // has had the focus
 };
 
 }  // namespace desktop

@@ -79,6 +79,13 @@ void TopWindow::BuildSheet()
             connect(button, &QPushButton::clicked, this,
                     [this, which = which] { act_([this, which] { PressButton(top_, which); }); });
     buttons_->button(QDialogButtonBox::Ok)->setDefault(true);
+    // OK and Cancel have keys of their own; letters of a theme's choice might be a page's.
+    buttons_->button(QDialogButtonBox::Ok)->setText("OK");
+    buttons_->button(QDialogButtonBox::Cancel)->setText("Cancel");
+    buttons_->button(QDialogButtonBox::Apply)->setText("&Apply");
+    if (QPushButton* help = buttons_->button(QDialogButtonBox::Help)) help->setText("Help");
+    tabs_->setAccessibleName(windowTitle());
+    lastStop_ = tabs_;
 }
 
 void TopWindow::SyncSheet()
@@ -93,6 +100,7 @@ void TopWindow::SyncSheet()
         auto* view = new DialogView(page, act_, tabs_->widget(int(i)));
         view->move(PageMargin, PageMargin);
         view->show();
+        lastStop_ = view->ChainBehind(lastStop_);
         pages_.insert(page, view);
     }
     for (int i = 0; i < tabs_->count(); ++i)
@@ -116,6 +124,10 @@ void TopWindow::Sync()
             const QWidget* focused = QApplication::focusWidget();
             // The sheet's own buttons and tabs keep the focus that the user gave them.
             if (!focused || view->isAncestorOf(focused)) view->SyncFocus();
+            // A page without a field leaves the focus on its bare background.
+            focused = focusWidget();
+            if (tabs_ && focused && tabs_->isAncestorOf(focused) && focused->focusPolicy() == Qt::NoFocus)
+                tabs_->setFocus();
         }
     }
     syncing_ = false;

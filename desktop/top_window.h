@@ -32,6 +32,7 @@ class TopWindow : public QDialog {
     QDialogButtonBox* buttons_ = nullptr;
     DialogView* view_ = nullptr;      // of a dialog
     QHash<HWND, DialogView*> pages_;  // of a sheet, as they come to be
+    QWidget* lastStop_ = nullptr;     // of the pages that there are, in the order of the Tab key
     bool syncing_ = false;
 };
 

@@ -9,18 +9,11 @@
 #include "desktop/dialog_view.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/qt_fonts.h"
-#include "driver_dev_mode.h"
 #include "pclui/resources/control_numbers.h"
-#include "platform/kernel/modules.h"
-#include "platform/seams/environment.h"
-#include "platform/seams/memory_stores.h"
-#include "platform/seams/system_facts.h"
-#include "platform/services/sheet_service.h"
-#include "platform/spooler/printers.h"
+#include "tests/support/sheet_fixture.h"
 
 namespace {
 
-constexpr char16_t Printer[] = u"Ordana Quillet 4820E";
 constexpr int OptionTree = 99, OptionButton = 100;  // of the option page of the common sheet
 
 // What the user does goes through the X server, from a thread of its own, while the windows run.
@@ -134,48 +127,13 @@ class User {
     std::thread thread_;
 };
 
-class SheetWindow : public testing::Test {
+class SheetWindow : public testing_support::SheetFixture {
   protected:
-    SheetWindow()
+    SheetWindow() : SheetFixture(QD_MODULE_PATH)
     {
-        store->Add({Printer, Printer});
-        auto& environment = platform::CurrentEnvironment();
-        environment.printers = store;
-        environment.registry = store;
-        environment.desktop = desktop::MakeQtDesktop();
-        environment.fonts = desktop::MakeQtFonts();
-        std::string why;
-        module = platform::modules::Load(QD_MODULE_PATH, &why);
-        EXPECT_TRUE(module) << why;
+        platform::CurrentEnvironment().desktop = desktop::MakeQtDesktop();
+        platform::CurrentEnvironment().fonts = desktop::MakeQtFonts();
     }
-
-    ~SheetWindow() override
-    {
-        platform::modules::Unload(module);
-        platform::CurrentEnvironment().desktop = nullptr;
-        platform::CurrentEnvironment().fonts = nullptr;
-    }
-
-    // Shows the sheet on the printer's defaults; the record that comes out.
-    DriverDevMode Show(DWORD* result)
-    {
-        const auto sheet =
-            reinterpret_cast<PFNPROPSHEETUI>(platform::modules::Entry(module, "DrvDocumentPropertySheets"));
-        DriverDevMode out{};
-        DOCUMENTPROPERTYHEADER header{};
-        header.cbSize = sizeof header;
-        header.hPrinter = platform::spooler::Open(Printer, 0);
-        header.pszPrinterName = const_cast<WCHAR*>(Printer);
-        header.pdmOut = PublicPart(&out);
-        header.cbOut = sizeof out;
-        header.fMode = DM_COPY;
-        EXPECT_GT(platform::services::RunCommonSheet(nullptr, sheet, reinterpret_cast<LPARAM>(&header), result), 0);
-        platform::spooler::Close(header.hPrinter);
-        return out;
-    }
-
-    std::shared_ptr<platform::MemoryStore> store = std::make_shared<platform::MemoryStore>();
-    HMODULE module = nullptr;
 };
 
 TEST_F(SheetWindow, ChoosesTheLowestResolutionAndTonerSaveByMouseAndKeyboard)
@@ -340,11 +298,6 @@ TEST_F(SheetWindow, NamesTheFileOfANewOverlayInAFileDialogThatStaysUntilThePathF
 
 TEST_F(SheetWindow, TheDeviceSheetIsWorkedByKeyboardAlone)
 {
-    DEVICEPROPERTYHEADER header{};
-    header.cbSize = sizeof header;
-    header.hPrinter = platform::spooler::Open(Printer, 0);
-    header.pszPrinterName = const_cast<WCHAR*>(Printer);
-    const auto sheet = reinterpret_cast<PFNPROPSHEETUI>(platform::modules::Entry(module, "DrvDevicePropertySheets"));
     DWORD result = 99;
     bool rootHasNoButton = false, boxShown = false;
     {
@@ -360,9 +313,8 @@ TEST_F(SheetWindow, TheDeviceSheetIsWorkedByKeyboardAlone)
             self.ShowPage("About");
             self.Press("Return");
         });
-        platform::services::RunCommonSheet(nullptr, sheet, reinterpret_cast<LPARAM>(&header), &result);
+        ShowDevice(&result);
     }
-    platform::spooler::Close(header.hPrinter);
     EXPECT_TRUE(rootHasNoButton);
     EXPECT_TRUE(boxShown);
     EXPECT_EQ(result, 1u);
