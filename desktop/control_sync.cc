@@ -95,6 +95,14 @@ void SyncText(const EditState& edit, const std::u16string& text, QLineEdit& fiel
     NoteCaret(&field, edit.caret);
 }
 
+// Arrows are grey with the field that they count in.
+bool IsEnabled(const Window& window)
+{
+    const auto* arrows = window.As<UpDownState>();
+    const Window* field = arrows ? Find(arrows->buddy) : nullptr;
+    return window.enabled && (!field || field->enabled);
+}
+
 }  // namespace
 
 bool IsRadio(const Window& window)
@@ -145,7 +153,7 @@ int ShownRow(const QWidget* widget)
 void SyncWidget(const Window& window, QWidget* widget)
 {
     const QSignalBlocker blocker(widget);
-    widget->setEnabled(window.enabled);
+    widget->setEnabled(IsEnabled(window));
     widget->setVisible(window.visible);
     if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
         button->setText(ToQString(window.text));

@@ -138,7 +138,9 @@ QWidget* DialogView::MakeButton(const Window& window)
             return MakePicture();
         case BS_GROUPBOX:
             return new GroupFrame(this, [this, handle] {
-                if (const HWND next = NextStop(rows_, handle)) act_([next] { platform::user::Focus(next); });
+                const HWND next = NextStop(rows_, handle);
+                for (const ControlRow& row : rows_)
+                    if (next && row.handle == next) row.widget->setFocus(Qt::ShortcutFocusReason);
             });
         case BS_CHECKBOX:
         case BS_AUTOCHECKBOX:
@@ -294,10 +296,7 @@ void DialogView::SyncFocus()
         if (row.handle != state->focus || !row.widget) continue;
         syncing_ = true;
         if (!row.widget->hasFocus()) row.widget->setFocus();
-        // As the Tab key does: what is in a dialog's first field is typed over.
-        if (auto* field = qobject_cast<QLineEdit*>(row.widget); field && !entered_) field->selectAll();
         syncing_ = false;
-        entered_ = true;
     }
 }
 
@@ -350,6 +349,11 @@ bool DialogView::HandleKey(HWND control, int key)
 bool DialogView::eventFilter(QObject* watched, QEvent* event)
 {
     const HWND control = handles_.value(watched);
+    if (control && event->type() == QEvent::FocusIn && !entered_) {
+        // As the Tab key does: what is in a dialog's first field is typed over.
+        if (auto* field = qobject_cast<QLineEdit*>(watched)) field->selectAll();
+        entered_ = true;
+    }
     if (!control || syncing_) return QWidget::eventFilter(watched, event);
     if (event->type() == QEvent::FocusIn) {
         const Window* window = Find(dialog_);

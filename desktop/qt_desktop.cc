@@ -16,21 +16,23 @@ using platform::MessageBoxRequest;
 
 namespace {
 
+// Edges are made from the face that they stand on: a theme's own need not go with it.
 struct SystemColorRow {
     int index;
     QPalette::ColorRole role;
     QPalette::ColorGroup group;
+    int darker;  // per cent, as QColor::darker takes it
 };
 constexpr SystemColorRow SystemColors[] = {
-    {COLOR_WINDOW,       QPalette::Base,       QPalette::Active  },
-    {COLOR_WINDOWTEXT,   QPalette::Text,       QPalette::Active  },
-    {COLOR_BTNFACE,      QPalette::Window,     QPalette::Active  },
-    {COLOR_BTNSHADOW,    QPalette::Mid,        QPalette::Active  },
-    {COLOR_GRAYTEXT,     QPalette::WindowText, QPalette::Disabled},
-    {COLOR_BTNTEXT,      QPalette::WindowText, QPalette::Active  },
-    {COLOR_BTNHIGHLIGHT, QPalette::Light,      QPalette::Active  },
-    {COLOR_3DDKSHADOW,   QPalette::Dark,       QPalette::Active  },
-    {COLOR_3DLIGHT,      QPalette::Midlight,   QPalette::Active  },
+    {COLOR_WINDOW,       QPalette::Base,       QPalette::Active,   100},
+    {COLOR_WINDOWTEXT,   QPalette::Text,       QPalette::Active,   100},
+    {COLOR_BTNFACE,      QPalette::Window,     QPalette::Active,   100},
+    {COLOR_BTNSHADOW,    QPalette::Window,     QPalette::Active,   150},
+    {COLOR_GRAYTEXT,     QPalette::WindowText, QPalette::Disabled, 100},
+    {COLOR_BTNTEXT,      QPalette::WindowText, QPalette::Active,   100},
+    {COLOR_BTNHIGHLIGHT, QPalette::Window,     QPalette::Active,   60 },
+    {COLOR_3DDKSHADOW,   QPalette::Window,     QPalette::Active,   229},
+    {COLOR_3DLIGHT,      QPalette::Window,     QPalette::Active,   106},
 };
 
 // A file dialog that asks before it takes a path; refused, it stays open.
@@ -157,7 +159,7 @@ class QtDesktop : public platform::Desktop {
     {
         for (const SystemColorRow& row : SystemColors)
             if (row.index == index) {
-                const QColor color = QApplication::palette().color(row.group, row.role);
+                const QColor color = QApplication::palette().color(row.group, row.role).darker(row.darker);
                 return DWORD(color.red()) | DWORD(color.green()) << 8 | DWORD(color.blue()) << 16;
             }
         return std::nullopt;

@@ -1,5 +1,7 @@
 #include "qt_runtime.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
@@ -10,6 +12,43 @@ namespace desktop {
 namespace {
 
 bool screen_wanted = false;
+
+double Luminance(const QColor& color)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+// How well letters stand out, from 1 to 21 (WCAG 2).
+double Contrast(const QColor& a, const QColor& b)
+{
+    const auto [less, more] = std::minmax({Luminance(a), Luminance(b)});
+    return (more + 0.05) / (less + 0.05);
+}
+
+QColor Mix(const QColor& a, const QColor& b, double share)
+{
+    return QColor::fromRgbF(float(a.redF() * share + b.redF() * (1 - share)),
+                            float(a.greenF() * share + b.greenF() * (1 - share)),
+                            float(a.blueF() * share + b.blueF() * (1 - share)));
+}
+
+constexpr double LeastContrast = 3;
+constexpr double GreyShare = 0.55;  // of the text's colour: 108 of 255 for black on the usual 240
+
+// Many themes grey out until nothing can be read; what is not available now is still worth reading.
+void KeepGreyTextReadable()
+{
+    const QPalette theme = QApplication::palette();
+    const QColor background = theme.color(QPalette::Window);
+    QPalette changed;
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        if (Contrast(theme.color(QPalette::Disabled, role), background) < LeastContrast)
+            changed.setColor(QPalette::Disabled, role, Mix(theme.color(role), background, GreyShare));
+    QApplication::setPalette(changed);
+}
 
 QPalette LayerPalette()
 {
@@ -53,6 +92,7 @@ void EnsureApplication()
     QApplication::setStyle("Fusion");
     QApplication::setQuitOnLastWindowClosed(false);
     if (!screen) QApplication::setPalette(LayerPalette());
+    KeepGreyTextReadable();
 }
 
 }  // namespace desktop

@@ -121,7 +121,7 @@ void TopWindow::Sync()
         for (DialogView* page : std::as_const(pages_)) page->Sync();
         if (view_) view_->Sync();
         if (DialogView* view = ActiveView(); view && TopWindow::Handle() == platform::user::TopWindow()) {
-            const QWidget* focused = QApplication::focusWidget();
+            const QWidget* focused = focusWidget();
             // The sheet's own buttons and tabs keep the focus that the user gave them.
             if (!focused || view->isAncestorOf(focused)) view->SyncFocus();
             // A page without a field leaves the focus on its bare background.

@@ -515,6 +515,8 @@ TEST_F(Access, EveryLetterWorks)
         for (int wait = 0; presses && wait < 50 && !heard.contains(number); ++wait) QTest::qWait(10);
         EXPECT_TRUE(!presses || heard.contains(number)) << "the dialog hears nothing of it";
         EXPECT_TRUE(presses || locked || FocusedControl(top) == next->handle) << "the focus is on " << FocusName(top);
+        const auto* field = qobject_cast<QLineEdit*>(next->widget);
+        EXPECT_TRUE(locked || !field || field->selectedText() == field->text()) << "does not select what is there";
     });
 }
 
