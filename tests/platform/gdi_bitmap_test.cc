@@ -75,7 +75,7 @@ TEST_F(Bitmaps, OfUnknownDepthOrEndlessSizeAreRefused)
 
 TEST_F(Bitmaps, AreDescribedWithTheirRows)
 {
-    const HBITMAP bitmap = CreateBitmap(17, 3, 1, 1, nullptr);
+    const HBITMAP bitmap = Own(CreateBitmap(17, 3, 1, 1, nullptr));
     BITMAP told{};
     EXPECT_EQ(GetObjectW(bitmap, sizeof told, &told), int{sizeof told});
     EXPECT_EQ(told.bmWidth, 17);
@@ -84,19 +84,17 @@ TEST_F(Bitmaps, AreDescribedWithTheirRows)
     EXPECT_EQ(told.bmBitsPixel, 1);
     EXPECT_EQ(GetObjectW(bitmap, 8, &told), 0);
     EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
-    DeleteObject(bitmap);
 }
 
 TEST_F(Bitmaps, FillsStayWithinBitmapAndClip)
 {
     const Memory memory(3, 1, 32);
-    const HBRUSH red = CreateSolidBrush(Red);
-    const HRGN all = CreateRectRgn(-1000000, -1000000, 1000000, 1000000), middle = CreateRectRgn(1, 0, 2, 1);
+    const HBRUSH red = Own(CreateSolidBrush(Red));
+    const HRGN all = Own(CreateRectRgn(-1000000, -1000000, 1000000, 1000000)), middle = Own(CreateRectRgn(1, 0, 2, 1));
     EXPECT_TRUE(FillRgn(memory.context, all, red));
     SelectClipRgn(memory.context, middle);
     EXPECT_TRUE(PaintRgn(memory.context, all));
     EXPECT_THAT(memory.Pixels(), ElementsAre("0000ff", "ffffff", "0000ff"));
-    for (const HGDIOBJ object : {HGDIOBJ{red}, HGDIOBJ{all}, HGDIOBJ{middle}}) DeleteObject(object);
 }
 
 TEST_F(Bitmaps, ARectangleHasItsOutline)
@@ -111,11 +109,10 @@ TEST_F(Bitmaps, ARectangleHasItsOutline)
 TEST_F(Bitmaps, OnMonochromeTheLighterColoursAreWhite)
 {
     const Memory memory(2, 1, 1);
-    const HBRUSH light = CreateSolidBrush(RGB(200, 200, 100));
+    const HBRUSH light = Own(CreateSolidBrush(RGB(200, 200, 100)));
     const RECT first{0, 0, 1, 1};
     FillRect(memory.context, &first, light);
     EXPECT_THAT(memory.Pixels(), ElementsAre("ffffff", "000000"));
-    DeleteObject(light);
 }
 
 TEST_F(Bitmaps, WhatNeedsASurfaceIsRefused)
@@ -127,35 +124,21 @@ TEST_F(Bitmaps, WhatNeedsASurfaceIsRefused)
     EXPECT_EQ(GetLastError(), ERROR_NOT_SUPPORTED);
 }
 
-struct OperationRow {
-    const char* name;
-    DWORD operation;
-    COLORREF result;  // of 0x0F0F0F on the target and 0x333333 from the source
-};
-const OperationRow OperationRows[] = {
-    {"Copy",   SRCCOPY,   0x333333},
-    {"And",    SRCAND,    0x030303},
-    {"Paint",  SRCPAINT,  0x3F3F3F},
-    {"Invert", SRCINVERT, 0x3C3C3C},
-};
-
-class Operations : public Drawing, public testing::WithParamInterface<OperationRow> {};
-
-TEST_P(Operations, CombineSourceAndTarget)
+TEST_F(Bitmaps, OperationsCombineSourceAndTarget)
 {
-    const Memory target(1, 1, 32), source(1, 1, 32);
-    const RECT box{0, 0, 1, 1};
-    for (const auto& [context, color] : {std::pair(target.context, 0x0F0F0F), std::pair(source.context, 0x333333)}) {
-        const HBRUSH brush = CreateSolidBrush(static_cast<COLORREF>(color));
-        FillRect(context, &box, brush);
-        DeleteObject(brush);
+    constexpr std::pair<DWORD, COLORREF> Rows[] = {
+        {SRCCOPY,   0x333333},
+        {SRCAND,    0x030303},
+        {SRCPAINT,  0x3F3F3F},
+        {SRCINVERT, 0x3C3C3C},
+    };
+    for (const auto& [operation, result] : Rows) {
+        const std::array<std::uint8_t, 4> under = {0x0F, 0x0F, 0x0F}, over = {0x33, 0x33, 0x33};
+        const Memory target(1, 1, 32, under.data()), source(1, 1, 32, over.data());
+        EXPECT_TRUE(StretchBlt(target.context, 0, 0, 1, 1, source.context, 0, 0, 1, 1, operation));
+        EXPECT_EQ(GetPixel(target.context, 0, 0), result) << operation;
     }
-    EXPECT_TRUE(StretchBlt(target.context, 0, 0, 1, 1, source.context, 0, 0, 1, 1, GetParam().operation));
-    EXPECT_EQ(GetPixel(target.context, 0, 0), GetParam().result);
 }
-
-INSTANTIATE_TEST_SUITE_P(Gdi, Operations, testing::ValuesIn(OperationRows),
-                         [](const auto& test) { return std::string(test.param.name); });
 
 struct StretchRow {
     const char* name;
@@ -176,61 +159,19 @@ const StretchRow StretchRows[] = {
     {"NoWidth",         0,           0,          0,           2,          "...."},
 };
 
-class Stretches : public Drawing, public testing::WithParamInterface<StretchRow> {
-  protected:
-    static char Letter(COLORREF color) { return color == Blue ? 'B' : color == Red ? 'R' : '.'; }
-};
-
-TEST_P(Stretches, TakeTheNearestPixel)
+TEST_F(Bitmaps, StretchedTakeTheNearestPixel)
 {
-    const StretchRow& row = GetParam();
-    const Memory target(4, 1, 32), source(2, 1, 32, BlueRed.data());
-    EXPECT_TRUE(StretchBlt(target.context, row.x, 0, row.width, 1, source.context, row.sourceX, 0, row.sourceWidth, 1,
-                           SRCCOPY));
-    std::string result;
-    for (int x = 0; x < 4; ++x) result += Letter(GetPixel(target.context, x, 0));
-    EXPECT_EQ(result, row.result);
-}
-
-INSTANTIATE_TEST_SUITE_P(Gdi, Stretches, testing::ValuesIn(StretchRows),
-                         [](const auto& test) { return std::string(test.param.name); });
-
-TEST_F(Bitmaps, ColourBecomesMonochromeByTheSourcesBackground)
-{
-    const Memory mono(2, 1, 1), colored(2, 1, 32, BlueRed.data());
-    SetBkColor(colored.context, Red);
-    StretchBlt(mono.context, 0, 0, 2, 1, colored.context, 0, 0, 2, 1, SRCCOPY);
-    EXPECT_THAT(mono.Pixels(), ElementsAre("000000", "ffffff"));
-}
-
-TEST_F(Bitmaps, MonochromeBecomesTextAndBackgroundColour)
-{
-    const Memory colored(2, 1, 32), mono(2, 2, 1, Diagonal.data());
-    SetTextColor(colored.context, Red);
-    SetBkColor(colored.context, Blue);
-    StretchBlt(colored.context, 0, 0, 2, 1, mono.context, 0, 0, 2, 1, SRCCOPY);
-    EXPECT_EQ(GetPixel(colored.context, 0, 0), Blue);
-    EXPECT_EQ(GetPixel(colored.context, 1, 0), Red);
-}
-
-TEST_F(Bitmaps, APictureIsLaidOverABackgroundByItsKeyColour)
-{
-    // Blue, at the top left, is the key; the background is white.
-    const Memory image(2, 1, 32), source(2, 1, 32, BlueRed.data()), mask(2, 1, 1);
-    const HRGN all = CreateRectRgn(0, 0, 2, 1);
-    FillRgn(image.context, all, static_cast<HBRUSH>(GetStockObject(LTGRAY_BRUSH)));
-    DeleteObject(all);
-    SetBkColor(source.context, GetPixel(source.context, 0, 0));
-    SetBkColor(image.context, White);
-    SetTextColor(image.context, Black);
-    const auto copy = [](const Memory& to, const Memory& from, DWORD operation) {
-        EXPECT_TRUE(StretchBlt(to.context, 0, 0, 2, 1, from.context, 0, 0, 2, 1, operation));
-    };
-    copy(mask, source, SRCCOPY);
-    copy(image, source, SRCINVERT);
-    copy(image, mask, SRCAND);
-    copy(image, source, SRCINVERT);
-    EXPECT_THAT(image.Pixels(), ElementsAre(Hex(RGB(192, 192, 192)), Hex(Red)));
+    for (const StretchRow& row : StretchRows) {
+        const Memory target(4, 1, 32), source(2, 1, 32, BlueRed.data());
+        EXPECT_TRUE(StretchBlt(target.context, row.x, 0, row.width, 1, source.context, row.sourceX, 0, row.sourceWidth,
+                               1, SRCCOPY));
+        std::string result;
+        for (int x = 0; x < 4; ++x) {
+            const COLORREF color = GetPixel(target.context, x, 0);
+            result += color == Blue ? 'B' : color == Red ? 'R' : '.';
+        }
+        EXPECT_EQ(result, row.result) << row.name;
+    }
 }
 
 TEST_F(Bitmaps, BlocksMayOverlapWithinOneBitmap)
@@ -251,7 +192,6 @@ TEST_F(Bitmaps, OnASurfaceABlockIsAnImageInItsPlace)
     EXPECT_TRUE(StretchBlt(job, 0, 0, 100, 50, source.context, 5, 0, 2, 1, SRCCOPY));
     EXPECT_THAT(page->Take(), ElementsAre("image 10,20,110,70 of 2x1 0000ff ff0000",
                                           "image 10,20,110,70 of 2x1 ff0000 0000ff", "image 0,0,50,50 of 1x1 ff0000"));
-    platform::gdi::DeleteJobContext(job);
 }
 
 TEST_F(Bitmaps, ASurfaceIsNeverRead)
@@ -265,7 +205,6 @@ TEST_F(Bitmaps, ASurfaceIsNeverRead)
     EXPECT_EQ(GetLastError(), ERROR_NOT_SUPPORTED);
     EXPECT_FALSE(StretchBlt(job, 0, 0, 2, 1, nullptr, 0, 0, 2, 1, SRCCOPY));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
-    platform::gdi::DeleteJobContext(job);
 }
 
 }  // namespace

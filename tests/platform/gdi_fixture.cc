@@ -158,6 +158,9 @@ Drawing::~Drawing()
 {
     platform::CurrentEnvironment().trace = nullptr;
     platform::CurrentEnvironment().faults.Clear();
+    for (const HDC job : jobs_) platform::gdi::DeleteJobContext(job);
+    for (const auto& [window, context] : taken_) EXPECT_EQ(ReleaseDC(window, context), 1);
+    for (const HGDIOBJ object : owned_) EXPECT_TRUE(DeleteObject(object));
     platform::user::Destroy(dialog);
     EXPECT_EQ(platform::gdi::ContextCount(), contexts_) << "contexts that were not given back";
     EXPECT_EQ(platform::gdi::ObjectCount(), objects_) << "objects that were not deleted";
@@ -171,7 +174,9 @@ HDC Drawing::Job(platform::gdi::EscapeTarget* escapes)
     device.offsetX = device.offsetY = 100;
     device.printableWidth = 4900;
     device.printableHeight = 6400;
-    return platform::gdi::CreateJobContext(device, page, escapes);
+    return jobs_.emplace_back(platform::gdi::CreateJobContext(device, page, escapes));
 }
+
+HDC Drawing::Context(HWND window) { return taken_.emplace_back(window, GetDC(window)).second; }
 
 }  // namespace gdi_test

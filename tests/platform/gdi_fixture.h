@@ -64,8 +64,15 @@ class Drawing : public testing::Test {
     Drawing();
     ~Drawing() override;
 
-    // A job at 600 dots per inch whose drawing goes to page.
+    // A job at 600 dots per inch whose drawing goes to page; like all that is made with these, it goes with the test.
     HDC Job(platform::gdi::EscapeTarget* escapes = nullptr);
+    HDC Context(HWND window);
+    template <class Object>
+    Object Own(Object object)
+    {
+        owned_.push_back(object);
+        return object;
+    }
 
     std::shared_ptr<SurfaceLog> picture = std::make_shared<SurfaceLog>();  // of the dialog
     std::shared_ptr<SurfaceLog> page = std::make_shared<SurfaceLog>();
@@ -76,6 +83,9 @@ class Drawing : public testing::Test {
 
   private:
     std::size_t contexts_, objects_;
+    std::vector<HDC> jobs_;
+    std::vector<std::pair<HWND, HDC>> taken_;
+    std::vector<HGDIOBJ> owned_;
 };
 
 }  // namespace gdi_test

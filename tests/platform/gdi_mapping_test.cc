@@ -51,37 +51,31 @@ const MappingRow MappingRows[] = {
      "134217727,-134217727"                                                                                       },
 };
 
-class Mapping : public Drawing, public testing::WithParamInterface<MappingRow> {};
+using Mapping = Drawing;
 
-TEST_P(Mapping, TurnsUnitsIntoPixels)
+TEST_F(Mapping, TurnsUnitsIntoPixels)
 {
-    const MappingRow& row = GetParam();
-    const HDC job = Job();
-    SetMapMode(job, row.mode);
-    SetWindowOrgEx(job, row.windowOrigin.x, row.windowOrigin.y, nullptr);
-    SetViewportOrgEx(job, row.viewportOrigin.x, row.viewportOrigin.y, nullptr);
-    EXPECT_TRUE(SetWindowExtEx(job, row.window.cx, row.window.cy, nullptr));
-    EXPECT_TRUE(SetViewportExtEx(job, row.viewport.cx, row.viewport.cy, nullptr));
-
-    SIZE adjusted{};
-    SetViewportExtEx(job, row.viewport.cx, row.viewport.cy, &adjusted);
-    EXPECT_EQ(adjusted.cx, row.adjusted.cx);
-    EXPECT_EQ(adjusted.cy, row.adjusted.cy);
-
-    MoveToEx(job, row.logical.x, row.logical.y, nullptr);
-    LineTo(job, row.logical.x, row.logical.y);
-    EXPECT_THAT(page->Take(), testing::ElementsAre(testing::StartsWith("line " + std::string(row.device) + " to")));
-    platform::gdi::DeleteJobContext(job);
+    for (const MappingRow& row : MappingRows) {
+        SCOPED_TRACE(row.name);
+        const HDC job = Job();
+        SetMapMode(job, row.mode);
+        SetWindowOrgEx(job, row.windowOrigin.x, row.windowOrigin.y, nullptr);
+        SetViewportOrgEx(job, row.viewportOrigin.x, row.viewportOrigin.y, nullptr);
+        EXPECT_TRUE(SetWindowExtEx(job, row.window.cx, row.window.cy, nullptr));
+        EXPECT_TRUE(SetViewportExtEx(job, row.viewport.cx, row.viewport.cy, nullptr));
+        SIZE adjusted{};
+        SetViewportExtEx(job, row.viewport.cx, row.viewport.cy, &adjusted);
+        EXPECT_EQ(adjusted.cx, row.adjusted.cx);
+        EXPECT_EQ(adjusted.cy, row.adjusted.cy);
+        MoveToEx(job, row.logical.x, row.logical.y, nullptr);
+        LineTo(job, row.logical.x, row.logical.y);
+        EXPECT_THAT(page->Take(), testing::ElementsAre(testing::StartsWith("line " + std::string(row.device) + " to")));
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Gdi, Mapping, testing::ValuesIn(MappingRows),
-                         [](const auto& test) { return std::string(test.param.name); });
-
-using MappingModes = Drawing;
-
-TEST_F(MappingModes, IsotropicStartsWithTenthsOfMillimetresAndYRunningUp)
+TEST_F(Mapping, IsotropicStartsWithTenthsOfMillimetresAndYRunningUp)
 {
-    const HDC screen = GetDC(nullptr);
+    const HDC screen = Context(nullptr);
     EXPECT_EQ(SetMapMode(screen, MM_ISOTROPIC), MM_TEXT);
     SIZE window{}, viewport{};
     SetViewportExtEx(screen, 1, 1, &viewport);
@@ -90,24 +84,22 @@ TEST_F(MappingModes, IsotropicStartsWithTenthsOfMillimetresAndYRunningUp)
     EXPECT_EQ(window.cy, 2032);
     EXPECT_EQ(viewport.cx, 1024);
     EXPECT_EQ(viewport.cy, -768);
-    ReleaseDC(nullptr, screen);
 }
 
-TEST_F(MappingModes, TextModePutsTheExtentsBack)
+TEST_F(Mapping, TextModePutsTheExtentsBack)
 {
-    const HDC screen = GetDC(nullptr);
+    const HDC screen = Context(nullptr);
     SetMapMode(screen, MM_ANISOTROPIC);
     SetWindowExtEx(screen, 10, 10, nullptr);
     EXPECT_EQ(SetMapMode(screen, MM_TEXT), MM_ANISOTROPIC);
     SIZE window{};
     EXPECT_TRUE(SetWindowExtEx(screen, 5, 5, &window));
     EXPECT_EQ(window.cx, 1);
-    ReleaseDC(nullptr, screen);
 }
 
-TEST_F(MappingModes, AnExtentOfNothingIsRefusedAndChangesNothing)
+TEST_F(Mapping, AnExtentOfNothingIsRefusedAndChangesNothing)
 {
-    const HDC screen = GetDC(nullptr);
+    const HDC screen = Context(nullptr);
     SetMapMode(screen, MM_ANISOTROPIC);
     SIZE extent{-7, -7};
     EXPECT_FALSE(SetWindowExtEx(screen, 10, 0, &extent));
@@ -115,10 +107,9 @@ TEST_F(MappingModes, AnExtentOfNothingIsRefusedAndChangesNothing)
     EXPECT_EQ(extent.cx, -7);
     EXPECT_TRUE(SetWindowExtEx(screen, 10, 10, &extent));
     EXPECT_EQ(extent.cx, 1);
-    ReleaseDC(nullptr, screen);
 }
 
-TEST_F(MappingModes, AUnitIsAsLongAcrossAsDownOnAPrinterOfUnevenDots)
+TEST_F(Mapping, AUnitIsAsLongAcrossAsDownOnAPrinterOfUnevenDots)
 {
     platform::gdi::JobDevice device;
     device.dotsPerInchX = 1200;

@@ -12,16 +12,7 @@ using testing::IsEmpty;
 class Shapes : public Drawing {
   protected:
     Shapes() : job(Job()) {}
-    ~Shapes() override
-    {
-        platform::gdi::DeleteJobContext(job);
-        for (const HGDIOBJ object : made_) EXPECT_TRUE(DeleteObject(object));
-    }
-    void Use(HGDIOBJ object)
-    {
-        SelectObject(job, object);
-        made_.push_back(object);
-    }
+    void Use(HGDIOBJ object) { SelectObject(job, Own(object)); }
     void Stretch(int window, int viewport)
     {
         SetMapMode(job, MM_ANISOTROPIC);
@@ -29,9 +20,6 @@ class Shapes : public Drawing {
         SetViewportExtEx(job, viewport, viewport, nullptr);
     }
     HDC job;
-
-  private:
-    std::vector<HGDIOBJ> made_;
 };
 
 TEST_F(Shapes, ARectangleIsPutInOrderAndScaled)
@@ -47,11 +35,6 @@ TEST_F(Shapes, WithoutAnOutlineTheFillingLosesItsLastColumnAndRow)
     Rectangle(job, 10, 10, 20, 12);
     Rectangle(job, 10, 10, 11, 20);
     EXPECT_THAT(page->Take(), ElementsAre("fill 10,10,19,11 ffffff"));
-}
-
-TEST_F(Shapes, WithoutOutlineAndFillingNothingIsDrawn)
-{
-    SelectObject(job, GetStockObject(NULL_PEN));
     SelectObject(job, GetStockObject(NULL_BRUSH));
     EXPECT_TRUE(Rectangle(job, 10, 10, 20, 20));
     EXPECT_TRUE(LineTo(job, 5, 5));
@@ -112,23 +95,21 @@ TEST_F(Shapes, PolygonsAndArcsGoPointByPoint)
 TEST_F(Shapes, RegionsArePaintedInUnitsButClipInPixels)
 {
     Stretch(10, 5);
-    const HRGN region = CreateRectRgn(40, 40, 20, 20);
+    const HRGN region = Own(CreateRectRgn(40, 40, 20, 20));
     EXPECT_TRUE(PaintRgn(job, region));
     EXPECT_EQ(SelectClipRgn(job, region), SIMPLEREGION);
     EXPECT_TRUE(FillRgn(job, region, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))));
     EXPECT_EQ(SelectClipRgn(job, nullptr), SIMPLEREGION);
-    DeleteObject(region);
     EXPECT_THAT(page->Take(),
                 ElementsAre("fill 10,10,20,20 ffffff", "clip 20,20,40,40", "fill 10,10,20,20 000000", "clip none"));
 }
 
 TEST_F(Shapes, ThroughAnEmptyClipNothingIsSeen)
 {
-    const HRGN region = CreateRectRgn(5, 5, 5, 9);
+    const HRGN region = Own(CreateRectRgn(5, 5, 5, 9));
     EXPECT_EQ(reinterpret_cast<std::intptr_t>(SelectObject(job, region)), NULLREGION);
     EXPECT_TRUE(Rectangle(job, 0, 0, 9, 9));
     EXPECT_TRUE(PaintRgn(job, region));
-    DeleteObject(region);
     EXPECT_THAT(page->Take(), IsEmpty());
 }
 
@@ -217,7 +198,7 @@ using WindowShapes = Drawing;
 
 TEST_F(WindowShapes, AControlDrawsInItsPartOfThePictureAndLeavesNoClip)
 {
-    const HDC context = GetDC(control);
+    const HDC context = Context(control);
     RECT client{};
     EXPECT_TRUE(GetClientRect(control, &client));
     EXPECT_EQ(client.right, 50);
@@ -225,28 +206,19 @@ TEST_F(WindowShapes, AControlDrawsInItsPartOfThePictureAndLeavesNoClip)
     Rectangle(context, 0, 0, 500, 500);
     EXPECT_THAT(picture->Take(),
                 ElementsAre("clip 10,20,60,50", "rectangle 10,20,510,520 pen 0/1/000000 brush ffffff", "clip none"));
-    ReleaseDC(control, context);
+    LineTo(Context(dialog), 5, 5);
+    EXPECT_THAT(picture->Take(), ElementsAre("clip 0,0,100,80", "line 0,0 to 5,5 pen 0/1/000000", "clip none"));
 }
 
 TEST_F(WindowShapes, ARegionClipsWithinTheControl)
 {
-    const HDC context = GetDC(control);
-    const HRGN region = CreateRectRgn(-5, 5, 2000000000, 10);
+    const HDC context = Context(control);
+    const HRGN region = Own(CreateRectRgn(-5, 5, 2000000000, 10));
     SelectClipRgn(context, region);
     SetViewportOrgEx(context, 3, 3, nullptr);
     const RECT box{0, 0, 9, 9};
     FillRect(context, &box, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
     EXPECT_THAT(picture->Take(), ElementsAre("clip 10,25,60,30", "fill 13,23,22,32 000000", "clip none"));
-    ReleaseDC(control, context);
-    DeleteObject(region);
-}
-
-TEST_F(WindowShapes, ADialogDrawsOnItsWholePicture)
-{
-    const HDC context = GetDC(dialog);
-    LineTo(context, 5, 5);
-    EXPECT_THAT(picture->Take(), ElementsAre("clip 0,0,100,80", "line 0,0 to 5,5 pen 0/1/000000", "clip none"));
-    ReleaseDC(dialog, context);
 }
 
 TEST_F(WindowShapes, AnEdgeIsNoPartOfTheClientRectangle)
@@ -255,23 +227,20 @@ TEST_F(WindowShapes, AnEdgeIsNoPartOfTheClientRectangle)
     RECT client{};
     GetClientRect(control, &client);
     EXPECT_EQ(client.right, 46);
-    const HDC context = GetDC(control);
+    const HDC context = Context(control);
     const RECT box{0, 0, 1, 1};
     FillRect(context, &box, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
     EXPECT_THAT(picture->Take(), ElementsAre("clip 12,22,58,48", "fill 12,22,13,23 000000", "clip none"));
-    ReleaseDC(control, context);
 }
 
 TEST_F(WindowShapes, TheScreenAndAJobWithoutAPageTakeDrawingAndShowNothing)
 {
-    const HDC screen = GetDC(nullptr), job = Job();
+    const HDC screen = Context(nullptr), job = Job();
     EXPECT_TRUE(platform::gdi::SetJobSurface(job, nullptr));
     EXPECT_FALSE(platform::gdi::SetJobSurface(screen, page));
     EXPECT_TRUE(Rectangle(screen, 0, 0, 5, 5));
     EXPECT_TRUE(TextOutW(job, 0, 0, u"a", 1));
     EXPECT_THAT(page->Take(), IsEmpty());
-    platform::gdi::DeleteJobContext(job);
-    ReleaseDC(nullptr, screen);
 }
 
 }  // namespace

@@ -7,55 +7,44 @@ namespace {
 
 using State = Drawing;
 
-TEST_F(State, AContextStartsWithTheStockObjectsAndPlainSettings)
+TEST_F(State, AContextStartsPlainAndEverySettingGivesWhatStoodBefore)
 {
-    const HDC screen = GetDC(nullptr);
+    const HDC screen = Context(nullptr);
     EXPECT_EQ(SelectObject(screen, GetStockObject(NULL_PEN)), GetStockObject(BLACK_PEN));
     EXPECT_EQ(SelectObject(screen, GetStockObject(NULL_BRUSH)), GetStockObject(WHITE_BRUSH));
     EXPECT_EQ(SelectObject(screen, GetStockObject(SYSTEM_FIXED_FONT)), GetStockObject(SYSTEM_FONT));
     EXPECT_EQ(SetBkMode(screen, TRANSPARENT), OPAQUE);
-    EXPECT_EQ(SetBkColor(screen, 1), RGB(255, 255, 255));
-    EXPECT_EQ(SetTextColor(screen, 1), RGB(0, 0, 0));
-    EXPECT_EQ(SetTextAlign(screen, TA_CENTER), TA_LEFT);
-    EXPECT_EQ(SetROP2(screen, R2_BLACK), R2_COPYPEN);
+    EXPECT_EQ(SetBkMode(screen, OPAQUE), TRANSPARENT);
+    EXPECT_EQ(SetBkColor(screen, 0x112233), RGB(255, 255, 255));
+    EXPECT_EQ(SetBkColor(screen, 0), 0x112233u);
+    EXPECT_EQ(SetTextColor(screen, 0x445566), RGB(0, 0, 0));
+    EXPECT_EQ(SetTextColor(screen, 0), 0x445566u);
+    EXPECT_EQ(SetTextAlign(screen, TA_RIGHT | TA_BASELINE), TA_LEFT);
+    EXPECT_EQ(GetTextAlign(screen), TA_RIGHT | TA_BASELINE);
+    EXPECT_EQ(SetROP2(screen, R2_WHITE), R2_COPYPEN);
+    EXPECT_EQ(SetROP2(screen, R2_COPYPEN), R2_WHITE);
     EXPECT_EQ(SetMapMode(screen, MM_ANISOTROPIC), MM_TEXT);
-    ReleaseDC(nullptr, screen);
 }
 
-TEST_F(State, EverySettingGivesWhatStoodBefore)
+TEST_F(State, OriginsAndPositionGiveWhatStoodBefore)
 {
-    const HDC screen = GetDC(nullptr);
-    SetBkMode(screen, TRANSPARENT);
-    SetBkColor(screen, 0x112233);
-    SetTextColor(screen, 0x445566);
-    SetTextAlign(screen, TA_RIGHT | TA_BASELINE);
-    SetROP2(screen, R2_WHITE);
-    SetWindowOrgEx(screen, 1, 2, nullptr);
-    SetViewportOrgEx(screen, 3, 4, nullptr);
-    MoveToEx(screen, 5, 6, nullptr);
-    EXPECT_EQ(SetBkMode(screen, OPAQUE), TRANSPARENT);
-    EXPECT_EQ(SetBkColor(screen, 0), 0x112233u);
-    EXPECT_EQ(SetTextColor(screen, 0), 0x445566u);
-    EXPECT_EQ(GetTextAlign(screen), TA_RIGHT | TA_BASELINE);
-    EXPECT_EQ(SetROP2(screen, R2_COPYPEN), R2_WHITE);
-    POINT window{}, viewport{}, position{};
-    SetWindowOrgEx(screen, 0, 0, &window);
-    SetViewportOrgEx(screen, 0, 0, &viewport);
-    MoveToEx(screen, 0, 0, &position);
-    EXPECT_EQ(window.y, 2);
-    EXPECT_EQ(viewport.y, 4);
-    EXPECT_EQ(position.y, 6);
-    ReleaseDC(nullptr, screen);
+    const HDC screen = Context(nullptr);
+    for (const auto set : {SetWindowOrgEx, SetViewportOrgEx, MoveToEx}) {
+        POINT before{};
+        set(screen, 1, 2, nullptr);
+        set(screen, 0, 0, &before);
+        EXPECT_EQ(before.x, 1);
+        EXPECT_EQ(before.y, 2);
+    }
 }
 
 TEST_F(State, AModeThatDoesNotExistIsRefused)
 {
-    const HDC screen = GetDC(nullptr);
+    const HDC screen = Context(nullptr);
     EXPECT_EQ(SetBkMode(screen, 3), 0);
     EXPECT_EQ(SetROP2(screen, 17), 0);
     EXPECT_EQ(SetMapMode(screen, 9), 0);
     EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-    ReleaseDC(nullptr, screen);
 }
 
 TEST_F(State, AContextThatIsGivenBackIsKnownAsStale)
@@ -81,32 +70,24 @@ TEST_F(State, ContextsAreGivenBackTheWayTheyWereTaken)
     EXPECT_EQ(ReleaseDC(nullptr, job), 0);
     EXPECT_TRUE(DeleteDC(memory));
     EXPECT_EQ(ReleaseDC(nullptr, screen), 1);
-    platform::gdi::DeleteJobContext(job);
 }
 
-TEST_F(State, AWindowThatIsGoneHasNoContext)
+TEST_F(State, AWindowThatIsGoneHasNoContextAndIsDrawnNowhere)
 {
-    const HWND gone = control;
+    const HDC context = Context(control);
     platform::user::Destroy(dialog);
-    EXPECT_EQ(GetDC(gone), nullptr);
+    EXPECT_EQ(GetDC(control), nullptr);
     EXPECT_EQ(GetLastError(), ERROR_INVALID_WINDOW_HANDLE);
     RECT client{1, 2, 3, 4};
-    EXPECT_FALSE(GetClientRect(gone, &client));
+    EXPECT_FALSE(GetClientRect(control, &client));
     EXPECT_EQ(client.left, 1);
-}
-
-TEST_F(State, DrawingOnAWindowThatGoesMeanwhileDrawsNowhere)
-{
-    const HDC context = GetDC(control);
-    platform::user::Destroy(dialog);
     EXPECT_TRUE(Rectangle(context, 0, 0, 5, 5));
     EXPECT_THAT(picture->Take(), testing::IsEmpty());
-    EXPECT_EQ(ReleaseDC(control, context), 1);
 }
 
 TEST_F(State, CapabilitiesAreTheDevices)
 {
-    const HDC screen = GetDC(nullptr), job = Job();
+    const HDC screen = Context(nullptr), job = Job();
     const HDC memory = CreateCompatibleDC(job);
     EXPECT_EQ(GetDeviceCaps(screen, LOGPIXELSY), 96);
     EXPECT_EQ(GetDeviceCaps(screen, BITSPIXEL), 32);
@@ -118,28 +99,20 @@ TEST_F(State, CapabilitiesAreTheDevices)
     EXPECT_EQ(GetDeviceCaps(memory, LOGPIXELSX), 600);
     EXPECT_EQ(GetDeviceCaps(memory, -1), 0);
     DeleteDC(memory);
-    ReleaseDC(nullptr, screen);
-    platform::gdi::DeleteJobContext(job);
 }
 
-TEST_F(State, ASelectedObjectCannotBeDeletedUntilItIsPutDown)
+TEST_F(State, ASelectedObjectCannotBeDeletedUntilItIsPutDownOrItsContextGoes)
 {
     const HDC screen = GetDC(nullptr);
     const HPEN pen = CreatePen(PS_SOLID, 1, 0);
+    const HBRUSH brush = CreateSolidBrush(0);
     const HGDIOBJ before = SelectObject(screen, pen);
+    SelectObject(screen, brush);
     EXPECT_FALSE(DeleteObject(pen));
     EXPECT_EQ(SelectObject(screen, before), pen);
     EXPECT_TRUE(DeleteObject(pen));
     EXPECT_FALSE(DeleteObject(pen));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
-    ReleaseDC(nullptr, screen);
-}
-
-TEST_F(State, AContextThatGoesPutsDownWhatItHolds)
-{
-    const HDC screen = GetDC(nullptr);
-    const HBRUSH brush = CreateSolidBrush(0);
-    SelectObject(screen, brush);
     ReleaseDC(nullptr, screen);
     EXPECT_TRUE(DeleteObject(brush));
 }
@@ -149,9 +122,8 @@ TEST_F(State, StockObjectsStayWhateverIsDone)
     const HGDIOBJ pen = GetStockObject(BLACK_PEN);
     DeleteObject(pen);
     EXPECT_EQ(GetStockObject(BLACK_PEN), pen);
-    const HDC screen = GetDC(nullptr);
+    const HDC screen = Context(nullptr);
     EXPECT_EQ(SelectObject(screen, pen), pen);
-    ReleaseDC(nullptr, screen);
     EXPECT_EQ(GetStockObject(9), nullptr);
     EXPECT_EQ(GetStockObject(-1), nullptr);
 }
@@ -176,7 +148,7 @@ TEST_F(State, ABitmapGoesIntoOneMemoryContextAlone)
 
 TEST_F(State, WhatIsNoObjectIsRefusedEverywhere)
 {
-    const HDC screen = GetDC(nullptr);
+    const HDC screen = Context(nullptr);
     const auto wrong = reinterpret_cast<HGDIOBJ>(std::uintptr_t{0xBAD0});
     const RECT box{0, 0, 1, 1};
     EXPECT_EQ(SelectObject(screen, wrong), nullptr);
@@ -188,7 +160,6 @@ TEST_F(State, WhatIsNoObjectIsRefusedEverywhere)
     EXPECT_EQ(SelectClipRgn(screen, static_cast<HRGN>(wrong)), ERROR_REGION);
     EXPECT_FALSE(DrawIcon(screen, 0, 0, static_cast<HICON>(wrong)));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
-    ReleaseDC(nullptr, screen);
 }
 
 TEST_F(State, AFontIsDescribedAsItWasMade)
@@ -197,7 +168,7 @@ TEST_F(State, AFontIsDescribedAsItWasMade)
     font.lfHeight = -300;
     font.lfEscapement = 530;
     font.lfFaceName[0] = u'A';
-    const HFONT made = CreateFontIndirectW(&font);
+    const HFONT made = Own(CreateFontIndirectW(&font));
     EXPECT_EQ(GetObjectW(made, 0, nullptr), 92);
     EXPECT_EQ(GetObjectW(made, sizeof told, &told), 92);
     EXPECT_EQ(std::memcmp(&font, &told, sizeof font), 0);
@@ -206,16 +177,14 @@ TEST_F(State, AFontIsDescribedAsItWasMade)
     EXPECT_EQ(told.lfHeight, -300);
     EXPECT_EQ(told.lfEscapement, 0);
     EXPECT_EQ(GetObjectW(made, 0, &told), 0);
-    DeleteObject(made);
 }
 
 TEST_F(State, BrokenPensAreOnePixelWide)
 {
     EXPECT_EQ(CreatePen(99, 1, 0), nullptr);
     platform::CurrentEnvironment().trace = trace;
-    const HPEN wide = CreatePen(PS_DOT, 3, 0);
+    Own(CreatePen(PS_DOT, 3, 0));
     EXPECT_THAT(trace->Take(), testing::ElementsAre("no dc: CreatePen [2,3,0] = {pen:{style:0,width:3,color:0}}"));
-    DeleteObject(wide);
 }
 
 }  // namespace
