@@ -32,6 +32,9 @@ TEST(Button, ARadioGroupIsTheRunFromOneGroupStyleToTheNext)
         Click(rig[22]);
         EXPECT_THAT(Checked(rig, {20, 21, 22, 23, 24}), ElementsAre(22, 24));
         EXPECT_THAT(rig.Log(), ElementsAre("click 21", "click 24", "click 22"));
+        CheckRadioButton(rig.dialog, 20, 22, 20);
+        EXPECT_THAT(Checked(rig, {20, 21, 22, 23, 24}), ElementsAre(20, 24));
+        EXPECT_THAT(rig.Log(), IsEmpty());  // a program's checks are silent
     });
 }
 
@@ -47,19 +50,6 @@ TEST(Button, ChangesBeforeItNotifies)
         EXPECT_EQ(then, BST_CHECKED);
         Click(rig[20]);
         EXPECT_EQ(then, BST_UNCHECKED);
-    });
-}
-
-TEST(Button, AProgramsChecksAreSilent)
-{
-    Rig rig(Radios());
-    rig.Up([&] {
-        CheckRadioButton(rig.dialog, 20, 22, 21);
-        CheckDlgButton(rig.dialog, 23, BST_CHECKED);
-        EXPECT_THAT(Checked(rig, {20, 21, 22, 23, 24}), ElementsAre(21, 23));
-        CheckRadioButton(rig.dialog, 20, 22, 20);
-        EXPECT_THAT(Checked(rig, {20, 21, 22, 23, 24}), ElementsAre(20, 23));
-        EXPECT_THAT(rig.Log(), IsEmpty());
     });
 }
 
@@ -133,20 +123,10 @@ TEST_P(Lists, InsertAtAPositionAndAtTheEnd)
     EXPECT_EQ(Tell(kind.count), 3);
 }
 
-TEST_P(Lists, APositionPastTheEndClearsTheSelection)
-{
-    Insert(-1, u"a");
-    Insert(-1, u"b");
-    EXPECT_EQ(Tell(kind.select, 1), 1);
-    EXPECT_EQ(Tell(kind.selection), 1);
-    EXPECT_EQ(Tell(kind.select, 2), CB_ERR);
-    EXPECT_EQ(Tell(kind.selection), CB_ERR);
-}
-
 TEST_P(Lists, TheSelectionStaysWithItsRow)
 {
     for (const char16_t* text : {u"a", u"b", u"c"}) Insert(-1, text);
-    Tell(kind.select, 1);
+    EXPECT_EQ(Tell(kind.select, 1), 1);
     Insert(0, u"0");
     EXPECT_EQ(Tell(kind.selection), 2);
     EXPECT_EQ(Tell(kind.remove, 0), 3);
@@ -154,6 +134,9 @@ TEST_P(Lists, TheSelectionStaysWithItsRow)
     Tell(kind.remove, 1);
     EXPECT_EQ(Tell(kind.selection), CB_ERR);
     EXPECT_EQ(Tell(kind.remove, 2), CB_ERR);
+    Tell(kind.select, 1);
+    EXPECT_EQ(Tell(kind.select, 2), CB_ERR);
+    EXPECT_EQ(Tell(kind.selection), CB_ERR);
 }
 
 TEST_P(Lists, GiveTextAndDataOfARow)
@@ -169,11 +152,10 @@ TEST_P(Lists, GiveTextAndDataOfARow)
         EXPECT_EQ(Tell(message, 1, reinterpret_cast<LPARAM>(text.data())), CB_ERR);
 }
 
-TEST_P(Lists, AreSilentForTheProgramAndNotifyForEveryPick)
+TEST_P(Lists, NotifyForEveryPickButNotForTheProgram)
 {
     rig.Up([&] {
-        Insert(-1, u"a");
-        Insert(-1, u"b");
+        for (const char16_t* text : {u"a", u"b"}) Insert(-1, text);
         Tell(kind.select, 1);
         EXPECT_THAT(rig.Log(), IsEmpty());
         EXPECT_EQ(Pick(rig[12], 0), Outcome::Done);
@@ -181,24 +163,13 @@ TEST_P(Lists, AreSilentForTheProgramAndNotifyForEveryPick)
         EXPECT_THAT(rig.Log(), ElementsAre("pick 12", "pick 12"));
         EXPECT_EQ(Pick(rig[12], 2), Outcome::NoRow);
         EXPECT_EQ(Pick(rig[12], -1), Outcome::NoRow);
-        EXPECT_THAT(rig.Log(), IsEmpty());
-        Tell(kind.reset);
-        EXPECT_EQ(Tell(kind.selection), CB_ERR);
-    });
-}
-
-TEST_P(Lists, ArrowsPickTheNextRowUpToTheEnds)
-{
-    rig.Up([&] {
-        for (const char16_t* text : {u"a", u"b"}) Insert(-1, text);
-        Press(rig.dialog, Key::Down);
-        EXPECT_EQ(Tell(kind.selection), 0);
-        Press(rig.dialog, Key::Down);
-        Press(rig.dialog, Key::Down);
+        for (const Key key : {Key::Up, Key::Down, Key::Down}) Press(rig.dialog, key);
         EXPECT_EQ(Tell(kind.selection), 1);
         Press(rig.dialog, Key::Up);
         EXPECT_EQ(Tell(kind.selection), 0);
-        EXPECT_THAT(rig.Log(), ElementsAre("pick 12", "pick 12", "pick 12"));
+        EXPECT_THAT(rig.Log(), ElementsAre("pick 12", "pick 12"));
+        Tell(kind.reset);
+        EXPECT_EQ(Tell(kind.selection), CB_ERR);
     });
 }
 
@@ -337,13 +308,6 @@ TEST_F(ListView, CellsTakeAndGiveText)
     EXPECT_EQ(Cell(1, 0), u"b");
     item.iSubItem = 2;
     EXPECT_EQ(Send(rig[13], LVM_SETITEMTEXTW, 1, reinterpret_cast<LPARAM>(&item)), FALSE);
-}
-
-TEST_F(ListView, AddsToTheExtendedStyle)
-{
-    Send(rig[13], LVM_SETEXTENDEDLISTVIEWSTYLE, 0, 0x1);
-    EXPECT_EQ(Send(rig[13], LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT), 0x1);
-    EXPECT_EQ(Send(rig[13], LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0), LRESULT{LVS_EX_FULLROWSELECT | 0x1});
 }
 
 // A handler may empty the list while it is told of a change.

@@ -8,7 +8,9 @@ namespace user_tests {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(Edit, EachTypedCharacterIsOneChange)
+constexpr DWORD ArrowStyle = Shown | UDS_AUTOBUDDY | UDS_SETBUDDYINT | UDS_ARROWKEYS | UDS_ALIGNRIGHT;
+
+TEST(Edit, EachTypedCharacterAndEachPasteIsOneChange)
 {
     Rig rig({Make(u"Edit", 10, Stop, u"old")});
     rig.Up([&] {
@@ -18,22 +20,16 @@ TEST(Edit, EachTypedCharacterIsOneChange)
         Append(rig[10], u"0");
         EXPECT_EQ(rig.Text(rig[10]), u"150");
         EXPECT_THAT(rig.Log(), ElementsAre("change 10"));
+        Paste(rig[10], u"150");
+        EXPECT_THAT(rig.Log(), ElementsAre("change 10"));
+        Paste(rig[10], u"one\nline");
+        EXPECT_EQ(rig.Text(rig[10]), u"one");
+        rig.Log();
         Type(rig[10], u"");
         EXPECT_EQ(rig.Text(rig[10]), u"");
         EXPECT_THAT(rig.Log(), ElementsAre("change 10"));
         Type(rig[10], u"");
         EXPECT_THAT(rig.Log(), IsEmpty());
-    });
-}
-
-TEST(Edit, PastingIsOneChangeAlsoOfTheSameText)
-{
-    Rig rig({Make(u"Edit", 10, Stop, u"abc")});
-    rig.Up([&] {
-        Paste(rig[10], u"abc");
-        EXPECT_THAT(rig.Log(), ElementsAre("change 10"));
-        Paste(rig[10], u"one\nline");
-        EXPECT_EQ(rig.Text(rig[10]), u"one");
     });
 }
 
@@ -165,9 +161,10 @@ TEST(Edit, LeavingSendsKillFocusAndTheFocusIsElsewhereByThen)
 TEST(Edit, RefusesWhatAUserCannotDo)
 {
     Rig rig({Make(u"Edit", 10, Grey), Make(u"Edit", 11, Gone), Make(u"Edit", 12, Stop | ES_READONLY),
-             Make(u"Static", 13, Shown)});
+             Make(u"Static", 13, Shown), Make(u"Edit", 15, Grey, u"1"), Make(u"msctls_updown32", 16, ArrowStyle)});
     rig.Up([&] {
         EXPECT_EQ(Type(rig[10], u"x"), Outcome::Disabled);
+        EXPECT_EQ(Spin(rig[16], true), Outcome::Disabled);
         EXPECT_EQ(Append(rig[11], u"x"), Outcome::Hidden);
         EXPECT_EQ(Paste(rig[12], u"x"), Outcome::ReadOnly);
         EXPECT_EQ(Type(rig[13], u"x"), Outcome::Unsuited);
@@ -175,8 +172,6 @@ TEST(Edit, RefusesWhatAUserCannotDo)
         EXPECT_THAT(rig.Log(), IsEmpty());
     });
 }
-
-DWORD Arrows() { return Shown | UDS_AUTOBUDDY | UDS_SETBUDDYINT | UDS_ARROWKEYS | UDS_ALIGNRIGHT; }
 
 LPARAM Range(int lower, int upper)
 {
@@ -205,7 +200,7 @@ TEST(UpDown, AClickWritesTheFieldWithinTheRange)
         {u"3",   10,  1,   true,  u"2"  },
     };
     for (const SpinRow& row : rows) {
-        Rig rig({Make(u"Edit", 10, Stop, row.before), Make(u"msctls_updown32", 11, Arrows())});
+        Rig rig({Make(u"Edit", 10, Stop, row.before), Make(u"msctls_updown32", 11, ArrowStyle)});
         rig.Up([&] {
             Send(rig[11], UDM_SETRANGE, 0, Range(row.lower, row.upper));
             EXPECT_THAT(rig.Log(), IsEmpty());
@@ -218,7 +213,7 @@ TEST(UpDown, AClickWritesTheFieldWithinTheRange)
 
 TEST(UpDown, AClickTakesTheFocusToTheField)
 {
-    Rig rig({Make(u"Edit", 9, Stop), Make(u"Edit", 10, Stop, u"1"), Make(u"msctls_updown32", 11, Arrows())});
+    Rig rig({Make(u"Edit", 9, Stop), Make(u"Edit", 10, Stop, u"1"), Make(u"msctls_updown32", 11, ArrowStyle)});
     rig.Up([&] {
         Spin(rig[11], true);
         EXPECT_EQ(GetFocus(), rig[10]);
@@ -228,15 +223,9 @@ TEST(UpDown, AClickTakesTheFocusToTheField)
     });
 }
 
-TEST(UpDown, IsGreyWithItsField)
-{
-    Rig rig({Make(u"Edit", 10, Grey, u"1"), Make(u"msctls_updown32", 11, Arrows())});
-    rig.Up([&] { EXPECT_EQ(Spin(rig[11], true), Outcome::Disabled); });
-}
-
 TEST(UpDown, TakesItsPlaceOutOfTheField)
 {
-    Rig rig({Make(u"Edit", 10, Stop), Make(u"msctls_updown32", 11, Arrows())});
+    Rig rig({Make(u"Edit", 10, Stop), Make(u"msctls_updown32", 11, ArrowStyle)});
     // The field of 50 pixels has arrows that claim as much.
     const RECT arrows = Find(rig[11])->rect;
     EXPECT_EQ(arrows.right, 60);

@@ -30,12 +30,6 @@ std::vector<ControlTemplate> Mixed()
     };
 }
 
-TEST(Focus, BeginsAtTheFirstStopThatCanBeReached)
-{
-    Rig rig(Mixed());
-    rig.Up([&] { EXPECT_EQ(FocusId(), 32); });
-}
-
 struct InitialRow {
     const char* what;
     INT_PTR result;
@@ -110,28 +104,20 @@ TEST(Keys, PressButtonsWhereTheFocusStays)
         {"Space in a field",       Key::Space,  10, {"change 10"}, Outcome::Done    },
         {"Space on a combo box",   Key::Space,  12, {},            Outcome::Unsuited},
         {"F1",                     Key::F1,     12, {"help 12"},   Outcome::Done    },
+        {"Enter, default greyed",  Key::Enter,  10, {},            Outcome::Disabled},
     };
     for (const KeyRow& row : rows) {
         Rig rig({Make(u"Edit", 10, Stop), Make(u"Button", 5, Stop), Make(u"Button", 6, Stop | BS_AUTOCHECKBOX),
                  Make(u"ComboBox", 12, Stop), Make(u"Button", 1, Stop | BS_DEFPUSHBUTTON)});
         rig.Up([&] {
             Focus(rig[row.focus]);
+            Enable(rig[1], row.outcome != Outcome::Disabled);
             rig.Log();
             EXPECT_EQ(platform::user::Press(rig.dialog, row.key), row.outcome) << row.what;
             EXPECT_EQ(rig.Log(), row.told) << row.what;
             EXPECT_EQ(FocusId(), row.focus) << row.what;
         });
     }
-}
-
-TEST(Keys, ADisabledDefaultButtonIsNotPressed)
-{
-    Rig rig({Make(u"Edit", 10, Stop), Make(u"Button", 1, Grey), Make(u"Button", 2, Grey)});
-    rig.Up([&] {
-        EXPECT_EQ(platform::user::Press(rig.dialog, Key::Enter), Outcome::Disabled);
-        EXPECT_EQ(platform::user::Press(rig.dialog, Key::Escape), Outcome::Disabled);
-        EXPECT_THAT(rig.Log(), IsEmpty());
-    });
 }
 
 TEST(Focus, GoesWhenItsControlIsHiddenOrDisabled)
@@ -174,56 +160,6 @@ TEST(Help, ComesForDisabledControlsToo)
         EXPECT_EQ(seen.hItemHandle, HANDLE{rig[40]});
         EXPECT_EQ(ContextHelp(rig[41]), Outcome::Hidden);
     });
-}
-
-// A sheet of two controls' worth: what is the layer's own part of it.
-TEST(Sheet, KeysAndButtonsReachItsActions)
-{
-    Rig rig({});
-    std::vector<std::string> pressed;
-    HWND page = nullptr;
-    const HWND sheet = MakeSheet(nullptr, u"Sheet", [](HWND, UINT, WPARAM, LPARAM) { return LRESULT{0}; },
-                                 {[](HWND, int) { return Outcome::Done; },
-                                  [&](HWND window, SheetButton button) {
-                                      pressed.push_back(std::to_string(static_cast<int>(button)));
-                                      if (button == SheetButton::Cancel) Get(window)->As<SheetState>()->ended = true;
-                                      return Outcome::Done;
-                                  }});
-    rig.layout.controls = {Make(u"Edit", 10, Stop), Make(u"Edit", 11, Stop)};
-    page = MakeDialog({nullptr, 2, sheet, RigProcedure, 0, false}, rig.layout);
-    Get(sheet)->As<SheetState>()->pages = {
-        {u"One", page   },
-        {u"Two", nullptr}
-    };
-    Get(sheet)->As<SheetState>()->active = 0;
-    Show(page, true);
-    rig.desktop->runs = {[&](HWND top) {
-        EXPECT_EQ(DialogOf(top), page);
-        EXPECT_EQ(TopLevelOf(Control(page, 10)), sheet);
-        EXPECT_EQ(GetParent(page), sheet);
-        platform::user::Press(top, Key::Enter);
-        EXPECT_EQ(FocusId(), 10);
-        EXPECT_THAT(pressed, ElementsAre("0"));
-        // The sheet's own buttons are one stop behind the page.
-        platform::user::Press(top, Key::Tab);
-        platform::user::Press(top, Key::Tab);
-        EXPECT_EQ(GetFocus(), sheet);
-        platform::user::Press(top, Key::Tab);
-        EXPECT_EQ(FocusId(), 10);
-        platform::user::Press(top, Key::BackTab);
-        EXPECT_EQ(GetFocus(), sheet);
-        Focus(Control(page, 10));
-        rig.Log();
-        EXPECT_EQ(PressButton(top, SheetButton::Apply), Outcome::Disabled);
-        EXPECT_EQ(ShowPage(top, 2), Outcome::NoRow);
-        EXPECT_THAT(rig.Log(), IsEmpty());
-        EXPECT_EQ(ShowPage(top, 1), Outcome::Done);
-        EXPECT_THAT(rig.Log(), ElementsAre("killfocus 10"));
-        platform::user::Press(top, Key::Escape);
-    }};
-    EXPECT_TRUE(RunModal(sheet));
-    Destroy(sheet);
-    EXPECT_EQ(Find(page), nullptr);
 }
 
 }  // namespace user_tests

@@ -42,25 +42,17 @@ TEST(Modal, GivesTheResultAndLeavesNothingBehind)
     EXPECT_EQ(rig.desktop->opened.size(), 1u);
 }
 
-TEST(Modal, PassesTheParameter)
+TEST(Modal, EndedAsItIsMadeItNeverComesUp)
 {
     LPARAM seen = 0;
     Rig rig({}, [&](HWND dialog, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
-        if (message == WM_INITDIALOG && Find(dialog)->As<DialogState>()->templateNumber == 101) seen = lParam;
-        return TRUE;
-    });
-    RunBox(nullptr, 101, -5);
-    EXPECT_EQ(seen, -5);
-}
-
-TEST(Modal, EndedAsItIsMadeItNeverComesUp)
-{
-    Rig rig({}, [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
+        if (message == WM_INITDIALOG) seen = lParam;
         if (message == WM_INITDIALOG) EndDialog(dialog, 7);
         return TRUE;
     });
     rig.Log();
-    EXPECT_EQ(RunBox(nullptr), 7);
+    EXPECT_EQ(RunBox(nullptr, 101, -5), 7);
+    EXPECT_EQ(seen, -5);
     EXPECT_THAT(rig.desktop->opened, IsEmpty());
     EXPECT_THAT(rig.Log(), ElementsAre("init", "destroy"));
 }
@@ -204,23 +196,6 @@ TEST(Template, EveryCutIsRefusedWithAReason)
             EXPECT_NE(why, "");
         }
     }
-}
-
-TEST(Template, AnyDamageIsReadWithoutHarm)
-{
-    const auto whole = TemplateBytes(100);
-    for (std::size_t place = 0; place < whole.size(); ++place)
-        for (const std::uint8_t value : {0x00, 0x7F, 0xFF}) {
-            auto damaged = whole;
-            damaged[place] = value;
-            std::string why;
-            const auto parsed = ParseDialogTemplate(damaged, &why);
-            if (parsed) {
-                EXPECT_LE(parsed->width, 6000);
-            } else {
-                EXPECT_NE(why, "");
-            }
-        }
 }
 
 TEST(Template, UnitsBecomePixelsByTheNearest)
