@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <functional>
 
-#include "platform/seams/desktop.h"
-#include "platform/seams/environment.h"
-#include "platform/seams/surface.h"
 #include "platform/services.h"
 #include "platform/user/windows.h"
+#include "tests/platform/quiet_desktop.h"
 
 namespace {
 
@@ -79,32 +77,14 @@ controls::SheetPagePlan Page(char letter, bool help = false)
             }};
 }
 
-// Runs what a test does, on the first dialog that comes up, and then cancels.
-class ActingDesktop : public Desktop {
-  public:
-    explicit ActingDesktop(std::function<void(HWND)> act) : act_(std::move(act)) {}
-    void Opened(HWND) override { journal.lines.push_back("opened"); }
-    void Closed(HWND) override {}
-    void Run(HWND top) override { act_(top); }
-    void Changed(HWND) override {}
-    std::shared_ptr<Surface> MakePicture(HWND, int, int) override { return std::make_shared<RecordingSurface>(); }
-    int MessageBox(const MessageBoxRequest&) override { return IDCANCEL; }
-    std::optional<std::u16string> PickFile(const FileDialogRequest&) override { return std::nullopt; }
-    void Help(const HelpRequest&) override {}
-    void Beep(UINT) override {}
-
-  private:
-    std::function<void(HWND)> act_;
-};
-
 class PropertySheet : public testing::Test {
   protected:
-    ~PropertySheet() override { CurrentEnvironment().desktop.reset(); }
-
     LONG Run(std::vector<controls::SheetPagePlan> pages, std::function<void(HWND sheet)> act)
     {
         journal = {};
-        CurrentEnvironment().desktop = std::make_shared<ActingDesktop>(std::move(act));
+        testing_support::QuietDesktopPlugged desktop;
+        desktop->opened = [] { journal.lines.push_back("opened"); };
+        desktop->run = std::move(act);
         const std::size_t before = user::WindowCount();
         const LONG result = controls::RunPropertySheet({nullptr, u"Sheet", std::move(pages)});
         EXPECT_EQ(user::WindowCount(), before);
@@ -124,25 +104,18 @@ TEST_F(PropertySheet, MakesThePageAndThenActivatesItBeforeItOpens)
         [](HWND) { EXPECT_THAT(journal.Take(), ElementsAre("A made", "A active", "A focus", "opened")); });
 }
 
-TEST_F(PropertySheet, LeavesOnePageForTheOther)
+TEST_F(PropertySheet, LeavesOnePageForTheOtherWhichIsMadeOnlyOnce)
 {
     Run({Page('A'), Page('B')}, [](HWND sheet) {
         journal.Take();
+        EXPECT_EQ(user::FocusWindow(), user::Control(StateOf(sheet).pages[0].page, FieldNumber));
         EXPECT_EQ(user::ShowPage(sheet, 1), Outcome::Done);
         EXPECT_THAT(journal.Take(), ElementsAre("A field left", "A leave", "B made", "B active", "B focus"));
         EXPECT_FALSE(user::Find(StateOf(sheet).pages[0].page)->visible);
         EXPECT_TRUE(user::Find(StateOf(sheet).pages[1].page)->visible);
-    });
-}
-
-TEST_F(PropertySheet, MakesAPageOnlyOnce)
-{
-    Run({Page('A'), Page('B')}, [](HWND sheet) {
-        user::ShowPage(sheet, 1);
+        EXPECT_EQ(user::FocusWindow(), user::Control(StateOf(sheet).pages[1].page, FieldNumber));
         user::ShowPage(sheet, 0);
-        journal.Take();
-        user::ShowPage(sheet, 1);
-        EXPECT_THAT(journal.Take(), ElementsAre("A field left", "A leave", "B active", "B focus"));
+        EXPECT_THAT(journal.Take(), ElementsAre("B field left", "B leave", "A active", "A focus"));
     });
 }
 
@@ -156,15 +129,6 @@ TEST_F(PropertySheet, StaysOnAPageThatRefusesToBeLeft)
         EXPECT_THAT(journal.Take(), ElementsAre("A leave"));
         EXPECT_EQ(StateOf(sheet).active, 0);
         EXPECT_FALSE(user::Ended(sheet));
-    });
-}
-
-TEST_F(PropertySheet, GivesAPageTheFocusThatItHadBefore)
-{
-    Run({Page('A'), Page('B')}, [](HWND sheet) {
-        EXPECT_EQ(user::FocusWindow(), user::Control(StateOf(sheet).pages[0].page, FieldNumber));
-        user::ShowPage(sheet, 1);
-        EXPECT_EQ(user::FocusWindow(), user::Control(StateOf(sheet).pages[1].page, FieldNumber));
     });
 }
 
@@ -184,27 +148,17 @@ TEST_F(PropertySheet, ApplyWaitsForAChangeAndActivatesThePageAgain)
 {
     Run({Page('A'), Page('B')}, [](HWND sheet) {
         EXPECT_EQ(user::PressButton(sheet, SheetButton::Apply), Outcome::Disabled);
-        SayChanged(sheet, 0);
-        journal.Take();
-        EXPECT_EQ(user::PressButton(sheet, SheetButton::Apply), Outcome::Done);
-        EXPECT_THAT(journal.Take(), ElementsAre("A field left", "A leave", "A apply now", "A active"));
-        EXPECT_FALSE(StateOf(sheet).applyEnabled);
-        EXPECT_EQ(StateOf(sheet).changes, 1);
-        EXPECT_FALSE(user::Ended(sheet));
-    });
-}
-
-TEST_F(PropertySheet, ApplyStaysEnabledWhileAnyPageIsChanged)
-{
-    Run({Page('A'), Page('B')}, [](HWND sheet) {
         user::ShowPage(sheet, 1);
         SayChanged(sheet, 0);
         SayChanged(sheet, 1);
         user::Send(sheet, PSM_UNCHANGED, reinterpret_cast<WPARAM>(StateOf(sheet).pages[0].page), 0);
         EXPECT_TRUE(StateOf(sheet).applyEnabled);
-        user::Send(sheet, PSM_UNCHANGED, reinterpret_cast<WPARAM>(StateOf(sheet).pages[1].page), 0);
+        journal.Take();
+        EXPECT_EQ(user::PressButton(sheet, SheetButton::Apply), Outcome::Done);
+        EXPECT_THAT(journal.Take(), ElementsAre("B field left", "B leave", "A apply now", "B apply now", "B active"));
         EXPECT_FALSE(StateOf(sheet).applyEnabled);
         EXPECT_EQ(StateOf(sheet).changes, 2);
+        EXPECT_FALSE(user::Ended(sheet));
     });
 }
 
@@ -220,17 +174,42 @@ TEST_F(PropertySheet, ComesBackToThePageThatDoesNotAccept)
     });
 }
 
-TEST_F(PropertySheet, CancelResetsThePagesThatExist)
+TEST_F(PropertySheet, CancelAndCloseResetThePagesThatExist)
 {
-    const LONG result = Run({Page('A'), Page('B'), Page('C')}, [](HWND sheet) {
-        user::ShowPage(sheet, 1);
-        SayChanged(sheet, 1);
-        user::PressButton(sheet, SheetButton::Apply);
-        journal.Take();
-        user::PressButton(sheet, SheetButton::Cancel);
+    for (const bool close : {false, true}) {
+        const LONG result = Run({Page('A'), Page('B'), Page('C')}, [&](HWND sheet) {
+            user::ShowPage(sheet, 1);
+            SayChanged(sheet, 1);
+            user::PressButton(sheet, SheetButton::Apply);
+            journal.Take();
+            close ? user::Close(sheet) : void(user::PressButton(sheet, SheetButton::Cancel));
+        });
+        EXPECT_THAT(journal.Take(), ElementsAre("A reset", "B reset"));
+        EXPECT_EQ(result, CPSUI_CANCEL);
+    }
+}
+
+TEST_F(PropertySheet, KeysReachItsButtons)
+{
+    Run({Page('A'), Page('B')}, [](HWND sheet) {
+        const HWND page = StateOf(sheet).pages[0].page, field = user::Control(page, FieldNumber);
+        EXPECT_EQ(user::DialogOf(sheet), page);
+        EXPECT_EQ(user::TopLevelOf(field), sheet);
+        // The sheet's own buttons are one stop behind the page.
+        for (const auto key : {user::Key::Tab, user::Key::BackTab}) {
+            user::Press(sheet, key);
+            EXPECT_EQ(user::FocusWindow(), sheet);
+            user::Press(sheet, key);
+            EXPECT_EQ(user::FocusWindow(), field);
+        }
+        EXPECT_EQ(user::ShowPage(sheet, 2), Outcome::NoRow);
+        journal = {{}, "A leave"};
+        user::Press(sheet, user::Key::Enter);
+        EXPECT_EQ(user::FocusWindow(), field);
+        EXPECT_THAT(journal.Take(), ElementsAre("A leave"));
+        user::Press(sheet, user::Key::Escape);
+        EXPECT_THAT(journal.Take(), ElementsAre("A reset"));
     });
-    EXPECT_THAT(journal.Take(), ElementsAre("A reset", "B reset"));
-    EXPECT_EQ(result, CPSUI_CANCEL);
 }
 
 TEST_F(PropertySheet, HelpGoesToTheActivePageThatHasIt)
@@ -260,11 +239,6 @@ TEST_F(PropertySheet, DoesNotComeUpWithoutItsFirstPage)
     controls::SheetPagePlan broken{u"A", false, [](HWND) -> HWND { return nullptr; }};
     EXPECT_LT(Run({broken, Page('B')}, [](HWND) { FAIL(); }), 0);
     EXPECT_LT(Run({}, [](HWND) { FAIL(); }), 0);
-}
-
-TEST_F(PropertySheet, IsCancelledByItsCloseBox)
-{
-    EXPECT_EQ(Run({Page('A')}, [](HWND sheet) { user::Close(sheet); }), CPSUI_CANCEL);
 }
 
 }  // namespace

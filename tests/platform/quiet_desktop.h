@@ -14,13 +14,17 @@ namespace testing_support {
 
 class QuietDesktop : public platform::Desktop {
   public:
+    std::function<void()> opened;
     std::function<void(HWND top)> run;  // what the user does while a dialog or sheet is up
     std::function<std::optional<std::u16string>(const platform::FileDialogRequest&)> pick;
     int answer = IDCANCEL;  // to message boxes that have a choice
     std::vector<platform::MessageBoxRequest> boxes;
     std::vector<platform::HelpRequest> helps;
 
-    void Opened(HWND) override {}
+    void Opened(HWND) override
+    {
+        if (opened) opened();
+    }
     void Closed(HWND) override {}
     void Run(HWND top) override
     {
