@@ -50,52 +50,38 @@ class LocaleVariables : public FreshEnvironment {
         for (const char* name : Names) {
             const char* value = std::getenv(name);
             before_.push_back(value == nullptr ? std::nullopt : std::optional<std::string>(value));
-            unsetenv(name);
         }
     }
     ~LocaleVariables() override
     {
-        for (std::size_t i = 0; i < before_.size(); ++i) {
-            if (before_[i])
-                setenv(Names[i], before_[i]->c_str(), 1);
-            else
-                unsetenv(Names[i]);
-        }
+        for (std::size_t i = 0; i < before_.size(); ++i) Set(Names[i], before_[i] ? before_[i]->c_str() : nullptr);
     }
+    static void Set(const char* name, const char* value) { value ? setenv(name, value, 1) : unsetenv(name); }
+
+    static constexpr const char* Names[] = {"LC_ALL", "LC_PAPER", "LC_MESSAGES", "LANG"};
 
   private:
-    static constexpr const char* Names[] = {"LC_ALL", "LC_PAPER", "LC_MESSAGES", "LANG"};
     std::vector<std::optional<std::string>> before_;
 };
 
-TEST_F(LocaleVariables, NoneStandsForTheUnitedStates)
+TEST_F(LocaleVariables, DecideInTheirOrder)
 {
-    EXPECT_EQ(MachineFactValues().country, 1);
-    EXPECT_EQ(MachineFactValues().language, 0x0409);
-}
-
-TEST_F(LocaleVariables, PaperDecidesTheCountryAndMessagesTheLanguage)
-{
-    setenv("LANG", "fr_FR.UTF-8", 1);
-    setenv("LC_PAPER", "de_DE.UTF-8", 1);
-    setenv("LC_MESSAGES", "en_GB.UTF-8", 1);
-    EXPECT_EQ(MakeMachineFacts()->Country(), 49);
-    EXPECT_EQ(MakeMachineFacts()->Language(), 0x0809);
-}
-
-TEST_F(LocaleVariables, AnEmptyVariableIsNoneAndLangIsTheLastResort)
-{
-    setenv("LC_ALL", "", 1);
-    setenv("LANG", "fr_FR.UTF-8", 1);
-    EXPECT_EQ(MachineFactValues().country, 33);
-    EXPECT_EQ(MachineFactValues().language, 0x040C);
-}
-
-TEST_F(LocaleVariables, AllGoesBeforeTheOthers)
-{
-    setenv("LC_ALL", "it_IT", 1);
-    setenv("LC_PAPER", "de_DE", 1);
-    EXPECT_EQ(MachineFactValues().country, 39);
+    const struct {
+        const char *all, *paper, *messages, *lang;
+        int country;
+        LANGID language;
+    } rows[] = {
+        {nullptr, nullptr,       nullptr, nullptr,       1,  0x0409},
+        {nullptr, "de_DE.UTF-8", "en_GB", "fr_FR.UTF-8", 49, 0x0809},
+        {"",      nullptr,       nullptr, "fr_FR.UTF-8", 33, 0x040C},
+        {"it_IT", "de_DE",       "de_DE", nullptr,       39, 0x0410},
+    };
+    for (const auto& row : rows) {
+        const char* values[] = {row.all, row.paper, row.messages, row.lang};
+        for (std::size_t i = 0; i < std::size(Names); ++i) Set(Names[i], values[i]);
+        EXPECT_EQ(MakeMachineFacts()->Country(), row.country);
+        EXPECT_EQ(MakeMachineFacts()->Language(), row.language) << row.country;
+    }
 }
 
 TEST(FixedFacts, ListsNameLibrariesAndWindowsWithoutRegardToCase)

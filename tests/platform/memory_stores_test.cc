@@ -9,27 +9,22 @@ const StoredValue Number{
     4, {1, 2, 3, 4}
 };
 
-TEST(MemoryStore, ListsPrintersByName)
-{
-    MemoryStore store;
-    EXPECT_TRUE(store.Add({u"B", u"", true}));
-    EXPECT_TRUE(store.Add({u"A", u"", true}));
-    EXPECT_FALSE(store.Add({u"A", u"other", false}));
-    ASSERT_EQ(store.Printers().size(), 2u);
-    EXPECT_EQ(store.Printers()[0].name, u"A");
-    EXPECT_EQ(store.Printers()[0].driverName, u"");
-}
-
-TEST(MemoryStore, KeepsValuesOfPrintersThatExist)
+TEST(MemoryStore, KeepsWhatPrintersThatExistHave)
 {
     MemoryStore store;
     EXPECT_FALSE(store.SetValue(u"A", u"v", Number));
-    store.Add({u"A", u"", true});
+    EXPECT_FALSE(store.SetDefaultRecord(u"A", {1}));
+    EXPECT_TRUE(store.Add({u"B", u"", true}));
+    EXPECT_TRUE(store.Add({u"A", u"", true}));
+    EXPECT_FALSE(store.Add({u"A", u"other", false}));
+    EXPECT_EQ(store.Printers().at(0).name, u"A");
+    EXPECT_EQ(store.Printers().at(0).driverName, u"");
     EXPECT_TRUE(store.SetValue(u"A", u"v", Number));
     EXPECT_EQ(store.Value(u"A", u"v"), Number);
     EXPECT_TRUE(store.DeleteValue(u"A", u"v"));
     EXPECT_FALSE(store.DeleteValue(u"A", u"v"));
-    EXPECT_EQ(store.Value(u"A", u"v"), std::nullopt);
+    EXPECT_TRUE(store.SetDefaultRecord(u"A", {1, 2}));
+    EXPECT_EQ(store.DefaultRecord(u"A"), (Bytes{1, 2}));
 }
 
 TEST(MemoryStore, APrintersKeyExistsAsLongAsThePrinter)
@@ -46,26 +41,6 @@ TEST(MemoryStore, APrintersKeyExistsAsLongAsThePrinter)
     store.Add({u"A", u"", false});
     EXPECT_EQ(store.KeyAccess(path), Access::Read);
     EXPECT_EQ(store.KeyValue(path, u"tray2"), std::nullopt);
-}
-
-TEST(MemoryStore, KnowsNoKeyBesideThoseOfPrinters)
-{
-    MemoryStore store;
-    store.Add({u"A", u"", true});
-    for (const char16_t* path : {u"", u"SYSTEM", u"SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\A",
-                                 u"SYSTEM\\CurrentControlSet\\Control\\Print\\Printers\\PrinterDriverData"})
-        EXPECT_EQ(store.KeyAccess(path), Access::None);
-}
-
-TEST(MemoryStore, AnEmptyDefaultRecordClearsIt)
-{
-    MemoryStore store;
-    EXPECT_FALSE(store.SetDefaultRecord(u"A", {1}));
-    store.Add({u"A", u"", true});
-    EXPECT_TRUE(store.SetDefaultRecord(u"A", {1, 2}));
-    EXPECT_EQ(store.DefaultRecord(u"A"), (Bytes{1, 2}));
-    EXPECT_TRUE(store.SetDefaultRecord(u"A", {}));
-    EXPECT_TRUE(store.DefaultRecord(u"A").empty());
 }
 
 }  // namespace

@@ -62,20 +62,16 @@ TEST_F(Memory, WhatIsNoBlockIsRefusedAndNotFollowed)
     EXPECT_EQ(GlobalLock(nullptr), nullptr);
 }
 
-TEST_F(Memory, MoreThanAProcessCanHaveIsRefused)
+TEST_F(Memory, MoreThanAProcessCanHaveIsRefusedAndNothingIsABlock)
 {
     for (const SIZE_T bytes : {SIZE_T{0x7FFE0001}, SIZE_T{0xFFFFFFFF}, ~SIZE_T{0}}) {
         SetLastError(0);
         EXPECT_EQ(GlobalAlloc(GMEM_FIXED, bytes), nullptr);
         EXPECT_EQ(GetLastError(), ERROR_NOT_ENOUGH_MEMORY);
     }
-}
-
-TEST_F(Memory, AnEmptyBlockIsABlock)
-{
-    HGLOBAL block = GlobalAlloc(GMEM_FIXED, 0);
-    EXPECT_NE(block, nullptr);
-    EXPECT_EQ(GlobalFree(block), nullptr);
+    HGLOBAL empty = GlobalAlloc(GMEM_FIXED, 0);
+    EXPECT_NE(empty, nullptr);
+    EXPECT_EQ(GlobalFree(empty), nullptr);
 }
 
 TEST_F(Memory, AHeapTakesItsBlocksWithIt)
@@ -98,24 +94,17 @@ TEST_F(Memory, AHeapTakesItsBlocksWithIt)
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
 }
 
-TEST_F(Memory, AHeapWithAMaximumDoesNotGrowBeyondIt)
+TEST_F(Memory, AHeapWithAMaximumDoesNotGrowBeyondItAndItsBlocksAreItsOwn)
 {
-    HANDLE heap = HeapCreate(0, 0, 1000);
-    EXPECT_NE(HeapAlloc(heap, 0, 600), nullptr);
+    HANDLE heap = HeapCreate(0, 0, 1000), other = HeapCreate(0, 0, 0);
+    void* block = HeapAlloc(heap, 0, 600);
+    EXPECT_NE(block, nullptr);
     EXPECT_EQ(HeapAlloc(heap, 0, 600), nullptr);
     EXPECT_EQ(GetLastError(), ERROR_NOT_ENOUGH_MEMORY);
     EXPECT_NE(HeapAlloc(heap, 0, 400), nullptr);
-    HeapDestroy(heap);
-}
-
-TEST_F(Memory, ABlockOfOneHeapIsNoneOfAnother)
-{
-    HANDLE one = HeapCreate(0, 0, 0);
-    HANDLE other = HeapCreate(0, 0, 0);
-    void* block = HeapAlloc(one, 0, 16);
     EXPECT_FALSE(HeapFree(other, 0, block));
     EXPECT_EQ(GlobalFree(block), block);
-    HeapDestroy(one);
+    HeapDestroy(heap);
     HeapDestroy(other);
 }
 

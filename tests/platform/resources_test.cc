@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <random>
 
 #include "platform/kernel/unicode.h"
 
@@ -105,27 +104,6 @@ TEST(ResourceSection, ForeignAndCutFilesAreRefused)
     file[5] = 2;
     EXPECT_FALSE(FindResourceSection(file, &why));
     EXPECT_EQ(why, "at byte 4: an ELF file of another machine");
-}
-
-TEST(ResourceSection, DamageAnywhereIsBorne)
-{
-    const Data whole = ModuleFile();
-    const auto section = FindResourceSection(whole, nullptr);
-    ASSERT_TRUE(section);
-    std::mt19937 random(4820);
-    std::size_t refused = 0;
-    for (int round = 0; round < 3000; ++round) {
-        Data file(section->begin(), section->end());
-        for (int hit = 0; hit < 3; ++hit) file[random() % file.size()] = static_cast<std::uint8_t>(random());
-        std::string why;
-        const auto index = ParseCompiledResources(file, &why);
-        refused += !index;
-        EXPECT_NE(index.has_value(), !why.empty());
-        if (index)
-            for (unsigned number : {1u, 17u, 31u, 4096u})
-                StringOfBlock(index->Find(6, static_cast<int>(number / 16 + 1)), number);
-    }
-    EXPECT_GT(refused, 0u);
 }
 
 TEST(StringBlock, HoldsSixteenStrings)
