@@ -58,79 +58,44 @@ TEST(Defaults, CutALongDeviceName)
     EXPECT_EQ(std::u16string(record.dmDeviceName), u"0123456789012345678901234567890");
 }
 
-struct CountryRow {
-    int country;
-    bool usesA4;
-};
-constexpr CountryRow Countries[] = {
-    {1,   false},
-    {2,   false},
-    {3,   true },
-    {44,  true },
-    {49,  true },
-    {50,  false},
-    {52,  false},
-    {59,  false},
-    {60,  true },
-    {81,  true },
-    {499, true },
-    {500, false},
-    {599, false},
-    {600, true },
-};
-
 TEST(Defaults, TakeThePaperOfTheCountry)
 {
-    for (const CountryRow& row : Countries) {
-        const Machine machine(Machine::InCountry(row.country));
-        EXPECT_EQ(LocaleUsesA4(), row.usesA4) << row.country;
-        EXPECT_EQ(DefaultRecord().dmPaperSize, row.usesA4 ? 9 : 1) << row.country;
+    constexpr std::pair<int, bool> usesA4[] = {
+        {1,   false},
+        {2,   false},
+        {3,   true },
+        {44,  true },
+        {49,  true },
+        {50,  false},
+        {52,  false},
+        {59,  false},
+        {60,  true },
+        {81,  true },
+        {499, true },
+        {500, false},
+        {599, false},
+        {600, true },
+    };
+    for (const auto& [country, a4] : usesA4) {
+        const Machine machine(Machine::InCountry(country));
+        EXPECT_EQ(LocaleUsesA4(), a4) << country;
+        EXPECT_EQ(DefaultRecord().dmPaperSize, a4 ? 9 : 1) << country;
     }
 }
 
-struct LocaleFault {
-    const char* function;
-    std::uint64_t call;
-};
-
 TEST(Defaults, AnUnreadableLocaleUsesLetter)
 {
-    constexpr LocaleFault faults[] = {
+    constexpr std::pair<const char*, std::uint64_t> faults[] = {
         {"GetLocaleInfoW",         1},
         {"GetLocaleInfoW",         2},
         {"GlobalAlloc",            1},
         {"GlobalAlloc",            2},
         {"RtlUnicodeToMultiByteN", 1},
     };
-    for (const LocaleFault& fault : faults) {
+    for (const auto& [function, call] : faults) {
         const Machine machine(Machine::InCountry(49));
-        Machine::Fail(fault.function, fault.call);
-        EXPECT_FALSE(LocaleUsesA4()) << fault.function << ' ' << fault.call;
-    }
-}
-
-struct Tray2Row {
-    std::vector<std::uint8_t> stored;
-    DWORD flags;
-};
-
-TEST(Defaults, FindTray2InThePrintersKey)
-{
-    const std::vector<Tray2Row> rows = {
-        {{'1', 0, 0, 0},         128},
-        {{'0', 0, 0, 0},         0  },
-        {{'1'},                  128},
-        {{'7', '5', '0', '1'},   128},
-        {{'-', '1', 0, 0},       128},
-        {{1, 0, 0, 0},           0  },
-        {{},                     0  },
-        {{'x', 0, '1', 0},       0  },
-        {{'1', 0, '2', 0, 0, 0}, 0  }, // does not fit: as if it were not there
-    };
-    for (const Tray2Row& row : rows) {
-        const Machine machine;
-        machine.store->SetKeyValue(platform::PrinterKeyPath(OfficePrinter), u"tray2", {1, row.stored});
-        EXPECT_EQ(DefaultRecord().dmDeviceFlags, row.flags) << testing::PrintToString(row.stored);
+        Machine::Fail(function, call);
+        EXPECT_FALSE(LocaleUsesA4()) << function << ' ' << call;
     }
 }
 

@@ -1,5 +1,7 @@
 #include "settings/list_rows.h"
 
+#include <numeric>
+
 #include "module.h"
 #include "tests/support/machine.h"
 #include "tests/support/records.h"
@@ -47,24 +49,15 @@ class ListRows : public testing::Test {
     DriverDevMode record = BusyRecord();
 };
 
-std::vector<int> AllRows()
-{
-    std::vector<int> rows;
-    for (int k = 0; k < 28; ++k) rows.push_back(k);
-    return rows;
-}
-
-TEST_F(ListRows, BySourceTray2TakesTheFirstFivePapers)
+TEST_F(ListRows, BySourceTray2TakesTheFirstFivePapersAndEveryOtherBinAll)
 {
     record.dmDefaultSource = 2;
     EXPECT_THAT(Enabled(), testing::ElementsAre(0, 1, 2, 3, 4));
-}
-
-TEST_F(ListRows, BySourceEveryOtherBinTakesAll)
-{
+    std::vector<int> all(28);
+    std::iota(all.begin(), all.end(), 0);
     for (SHORT source : {7, 1, 4, 3, 99}) {
         record.dmDefaultSource = source;
-        EXPECT_EQ(Enabled(), AllRows()) << source;
+        EXPECT_EQ(Enabled(), all) << source;
     }
 }
 
@@ -117,6 +110,10 @@ TEST_F(ListRows, MediaAreLoadedWithNamesAndCodes)
     EXPECT_EQ(MediaRows[4].position, 4);
     EXPECT_EQ(MediaRows[4].enabled, 1u);
     EXPECT_EQ(MediaIndex, 3);
+
+    WCHAR name[RowNameChars] = u"before";
+    EXPECT_EQ(LoadRowName(65000, name), 1);
+    EXPECT_EQ(std::u16string(name), u"") << "a name that is missing";
 }
 
 TEST_F(ListRows, MediaWithANameKeepTheirPosition)
@@ -127,13 +124,6 @@ TEST_F(ListRows, MediaWithANameKeepTheirPosition)
     RefreshMediaRows();
     EXPECT_EQ(MediaRows[2].position, 9);
     EXPECT_EQ(MediaRows[2].enabled, 1u);
-}
-
-TEST_F(ListRows, ANameThatIsMissingIsEmpty)
-{
-    WCHAR name[RowNameChars] = u"before";
-    EXPECT_EQ(LoadRowName(65000, name), 1);
-    EXPECT_EQ(std::u16string(name), u"");
 }
 
 }  // namespace

@@ -66,26 +66,12 @@ TEST(BinEntryByCode, GivesTheFirstRowForAnUnknownCode)
     EXPECT_EQ(BinMaskByCode(0, 2), 4);
 }
 
-TEST(Extents, AreTenthsOfAMillimetre)
-{
-    EXPECT_EQ(MinExtent(0), 1270u << 16 | 762u);
-    EXPECT_EQ(MaxExtent(0), 3556u << 16 | 2159u);
-}
-
 TEST(Lengths, Truncate)
 {
     EXPECT_EQ(DotsToTenths(3807), 3223);
     EXPECT_EQ(MillimetresToDots(216), 2551);
     EXPECT_EQ(TenthsToDots(2100), 2480);
     EXPECT_EQ(TenthsToDots(-1), -1);
-}
-
-TEST(MediaTable, PutsPostcardBeforeThickPaper)
-{
-    EXPECT_EQ(MediaTable[3].nameString, 4045u);
-    EXPECT_EQ(MediaTable[3].mask, 0x10u);
-    EXPECT_EQ(MediaTable[4].nameString, 4044u);
-    EXPECT_EQ(MediaTable[4].mask, 8u);
 }
 
 }  // namespace

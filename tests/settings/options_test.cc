@@ -67,29 +67,17 @@ TEST_F(Options, AreReadAs16BitsAndWrittenInTheFieldsWidth)
     }
 }
 
-struct ResolutionRow {
-    SHORT choice, resolution, quality;
-};
-
 TEST_F(Options, ResolutionTellsTheTwoModesOf600Apart)
 {
-    constexpr ResolutionRow rows[] = {
-        {600,  600,  600 },
-        {2,    600,  600 },
-        {1200, 1200, 1200}
-    };
-    for (const ResolutionRow& row : rows) {
-        SetOption(ResolutionOption, row.choice);
-        EXPECT_EQ(record.dmResolutionChoice, row.choice);
-        EXPECT_EQ(record.dmResolution, row.resolution);
-        EXPECT_EQ(record.dmPrintQuality, row.quality);
-        EXPECT_EQ(GetOption<SHORT>(ResolutionOption), row.choice);
+    for (const SHORT choice : {600, 2, 1200}) {
+        const SHORT resolution = choice == 2 ? 600 : choice;
+        SetOption(ResolutionOption, choice);
+        EXPECT_EQ(record.dmResolutionChoice, choice);
+        EXPECT_EQ(record.dmResolution, resolution);
+        EXPECT_EQ(record.dmPrintQuality, resolution);
+        EXPECT_EQ(GetOption<SHORT>(ResolutionOption), choice);
     }
-}
-
-TEST_F(Options, ResolutionGoesByTheQualityWhereThatIsNot600)
-{
-    record.dmPrintQuality = 300;
+    record.dmPrintQuality = 300;  // where that is not 600, it decides
     record.dmResolutionChoice = 2;
     EXPECT_EQ(GetOption<SHORT>(ResolutionOption), 300);
 }
@@ -246,13 +234,8 @@ TEST_F(Options, AnUnknownKeyTouchesNothing)
         EXPECT_EQ(Read(key.group, key.key, 4), Buffer(4, 0xEE)) << key.group << ' ' << key.key;
     }
     EXPECT_EQ(BytesOf(record), BytesOf(BusyRecord()));
-}
-
-TEST_F(Options, WithoutARecordDoNothing)
-{
-    CurrentSettings = nullptr;
-    const SHORT zoom = 50;
-    EXPECT_EQ(SetOption(3013, 1097, &zoom), 1);
+    CurrentSettings = nullptr;  // and without a record no key does anything
+    EXPECT_EQ(SetOption(3013, 1097, in), 1);
     EXPECT_EQ(Read(3013, 1097, 2), Buffer(2, 0xEE));
 }
 
