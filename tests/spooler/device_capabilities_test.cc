@@ -71,6 +71,8 @@ TEST_F(Capability, MergesTheCallersRecord)
     EXPECT_EQ(Ask(DC_FIELDS, nullptr, &record), 20227 | 0x10);
     record.dmSpecVersion = 800;
     EXPECT_EQ(Ask(DC_FIELDS, nullptr, &record), 20227);
+    Machine::Fail("GlobalAlloc");
+    EXPECT_EQ(Ask(DC_COPIES), -1);
 }
 
 TEST_F(Capability, ListsFixedOutputs)
@@ -122,34 +124,19 @@ TEST_F(Capability, ANameWithoutTerminatorEndsWithItsField)
     EXPECT_LT(names[26].size(), 64u);
 }
 
-struct CountryRow {
-    int country;
-    LONG pagesPerMinute;
-    const char16_t* media;
-};
-
 TEST(CapabilityByCountry, SpeedAndReadyMediaFollowThePaperOfTheCountry)
 {
-    for (const CountryRow& row : {
-             CountryRow{49, 20, u"A4"    },
-             CountryRow{1,  21, u"Letter"}
-    }) {
-        const Machine machine(Machine::InCountry(row.country));
+    for (const bool metric : {false, true}) {
+        const Machine machine(Machine::InCountry(metric ? 49 : 1));
         const auto ask = [](WORD code, void* output) {
             return DrvDeviceCapabilities(nullptr, nullptr, code, output, nullptr);
         };
-        EXPECT_EQ(ask(DC_PRINTRATEPPM, nullptr), row.pagesPerMinute);
+        EXPECT_EQ(ask(DC_PRINTRATEPPM, nullptr), metric ? 20 : 21);
         EXPECT_EQ(ask(DC_MEDIAREADY, nullptr), 3);
         WCHAR media[64] = {};
         EXPECT_EQ(ask(DC_MEDIAREADY, media), 1);
-        EXPECT_EQ(std::u16string(media), row.media);
+        EXPECT_EQ(std::u16string(media), metric ? u"A4" : u"Letter");
     }
-}
-
-TEST_F(Capability, FailsWithoutMemory)
-{
-    Machine::Fail("GlobalAlloc");
-    EXPECT_EQ(Ask(DC_COPIES), -1);
 }
 
 }  // namespace

@@ -1,6 +1,4 @@
 // The document's entries through the shared library, and its sheet as a user works it.
-#include <set>
-
 #include "platform/kernel/modules.h"
 #include "platform/seams/fonts.h"
 #include "tests/spooler/printer_fixture.h"
@@ -65,6 +63,8 @@ TEST_F(DocumentEntries, GiveTheSizeAndOpenNothing)
 
 TEST_F(DocumentEntries, HandOutTheWholeRecordWithoutAnInput)
 {
+    EXPECT_EQ(Properties(DM_MODIFY), 1);
+    EXPECT_EQ(output.dmSize, 0);  // not asked for
     EXPECT_EQ(Properties(DM_COPY), 1);
     EXPECT_EQ(output.dmSize, 220);
     EXPECT_EQ(output.dmDriverExtra, 1628);
@@ -82,12 +82,6 @@ TEST_F(DocumentEntries, HandOutTheShapeOfTheInput)
     EXPECT_EQ(output.dmCopies, 7);
     EXPECT_EQ(output.dmDriverExtra, 0);
     EXPECT_EQ(output.dmPrivSignature, 0xEEEEEEEEu);
-}
-
-TEST_F(DocumentEntries, HandNothingOutUnlessAsked)
-{
-    EXPECT_EQ(Properties(DM_MODIFY), 1);
-    EXPECT_EQ(output.dmSize, 0);
 }
 
 struct EndRow {
@@ -154,20 +148,13 @@ TEST_F(DocumentEntries, FailWhereTheSheetCannotBeSetUp)
         EXPECT_EQ(Advanced(), 0) << row.function;
         EXPECT_EQ(output.dmSize, 0);
     }
-}
-
-TEST_F(DocumentEntries, FailWithoutTheService)
-{
+    platform::CurrentEnvironment().faults.Clear();
+    Machine::Fail("HeapCreate");
+    EXPECT_EQ(Properties(DM_COPY), -1);
     platform::FixedFactValues facts;
     facts.missingLibraries = u"compstui.dll";
     platform::CurrentEnvironment().facts = platform::MakeFixedFacts(facts);
     EXPECT_EQ(Properties(DM_PROMPT | DM_COPY), -1);
-}
-
-TEST_F(DocumentEntries, FailWithoutAContext)
-{
-    Machine::Fail("HeapCreate");
-    EXPECT_EQ(Properties(DM_COPY), -1);
 }
 
 TEST_F(DocumentEntries, GiveThePaperBySizeToAnApplicationThatNeedsIt)
@@ -181,38 +168,6 @@ TEST_F(DocumentEntries, GiveThePaperBySizeToAnApplicationThatNeedsIt)
     EXPECT_EQ(output.dmPaperWidth, 2099);
     EXPECT_EQ(output.dmPaperLength, 2969);
     EXPECT_EQ(output.dmFields & DM_PAPERSIZE, 0u);
-}
-
-// Every platform call of a sheet with OK, failing one at a time: an answer, and nothing left behind.
-TEST_F(DocumentEntries, SurviveTheFailureOfAnyCall)
-{
-    const auto script = [](HWND sheet) {
-        ShowPage(sheet, u"Quality");
-        user::PressButton(sheet, user::SheetButton::Apply);
-        user::PressButton(sheet, user::SheetButton::Ok);
-    };
-    platform::FaultPlan& faults = platform::CurrentEnvironment().faults;
-    Play(script);
-    faults.CountCalls(true);
-    EXPECT_EQ(Properties(DM_PROMPT | DM_COPY), 1);
-    const auto calls = faults.Calls();
-    const std::set<std::string> givesBack = {"HeapDestroy", "GlobalFree", "ClosePrinter"};  // fail by leaving it
-    ASSERT_GT(calls.size(), 20u);
-    for (const auto& [function, count] : calls) {
-        for (std::uint64_t call = 1; call <= count; ++call) {
-            faults.Clear();
-            Machine::Fail(function.c_str(), call);
-            const GivenOut start;
-            EXPECT_THAT(Properties(DM_PROMPT | DM_COPY), testing::AnyOf(1, 2, -1)) << function << ' ' << call;
-            if (givesBack.contains(function)) {
-                before.blocks += GivenOut().blocks - start.blocks;
-                before.heaps += GivenOut().heaps - start.heaps;
-                before.printers += GivenOut().printers - start.printers;
-            } else {
-                EXPECT_EQ(GivenOut(), start) << function << ' ' << call;
-            }
-        }
-    }
 }
 
 }  // namespace

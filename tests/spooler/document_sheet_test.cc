@@ -29,6 +29,19 @@ LONG_PTR CallIn(HANDLE sheet, UINT function, LPARAM, LPARAM param2)
 class DocumentSheet : public PrinterTest {
   protected:
     struct Call {
+        explicit Call(DocumentSheet& test)
+        {
+            header.hPrinter = test.printer;
+            header.pszPrinterName = test.name.data();
+            header.pdmOut = PublicPart(&test.output);
+            header.cbOut = sizeof test.output;
+            header.fMode = DM_COPY | DM_PROMPT;
+            info.hComPropSheet = reinterpret_cast<HANDLE>(0x77);
+            info.pfnComPropSheet = CallIn;
+            info.lParamInit = reinterpret_cast<LPARAM>(&header);
+        }
+        Call(const Call&) = delete;
+        Call& operator=(const Call&) = delete;
         DOCUMENTPROPERTYHEADER header{};
         PROPSHEETUI_INFO info{};
         LONG Reason(WORD reason, void* lParam)
@@ -54,25 +67,6 @@ class DocumentSheet : public PrinterTest {
         CurrentSettings = nullptr;
         EXPECT_EQ(DocumentSheetCount, 0);
     }
-    Call MakeCall()
-    {
-        Call call;
-        call.header.hPrinter = printer;
-        call.header.pszPrinterName = name.data();
-        call.header.pdmOut = PublicPart(&output);
-        call.header.cbOut = sizeof output;
-        call.header.fMode = DM_COPY | DM_PROMPT;
-        call.info.hComPropSheet = reinterpret_cast<HANDLE>(0x77);
-        call.info.pfnComPropSheet = CallIn;
-        return call;
-    }
-    // lParamInit needs the call's final address.
-    static Call& Settled(Call& call)
-    {
-        call.info.lParamInit = reinterpret_cast<LPARAM>(&call.header);
-        return call;
-    }
-
     Service calls;
     std::u16string name = OfficePrinter;
     DriverDevMode output{};
@@ -80,8 +74,7 @@ class DocumentSheet : public PrinterTest {
 
 TEST_F(DocumentSheet, IsSetUpWithItsPagesAndContext)
 {
-    Call made = MakeCall();
-    Call& call = Settled(made);
+    Call call(*this);
     call.info.Result = 9;
     ASSERT_EQ(call.Open(), 1);
     UiContext& context = call.Context();
@@ -95,47 +88,32 @@ TEST_F(DocumentSheet, IsSetUpWithItsPagesAndContext)
     EXPECT_EQ(DocumentPages[0].dwFlags, PSP_HASHELP);
     EXPECT_EQ(DocumentPages[0].hInstance, ModuleHandle);
     EXPECT_EQ(DocumentPages[0].lParam, reinterpret_cast<LPARAM>(&context));
-    EXPECT_EQ(call.Close(), 1);
-}
-
-TEST_F(DocumentSheet, NamesItselfAfterThePrinter)
-{
-    Call made = MakeCall();
-    Call& call = Settled(made);
-    call.Open();
     PROPSHEETUI_INFO_HEADER header{};
     EXPECT_EQ(call.Reason(PROPSHEETUI_REASON_GET_INFO_HEADER, &header), 1);
     EXPECT_EQ(header.Flags, 4);
     EXPECT_EQ(header.pTitle, call.header.pszPrinterName);
     EXPECT_EQ(header.hInst, ResourceHandle);
     EXPECT_EQ(header.IconID, 64082u);
-    call.Close();
+    EXPECT_EQ(call.Close(), 1);
 }
 
-TEST_F(DocumentSheet, MayNotBeEditedWithoutPermission)
+TEST_F(DocumentSheet, MayNotBeEditedWithoutPermissionOrAllAccess)
 {
-    Call made = MakeCall();
-    Call& call = Settled(made);
-    call.header.fMode |= DM_NOPERMISSION;
-    call.Open();
-    EXPECT_EQ(call.Context().canEdit, 0u);
-    call.Close();
-}
-
-TEST_F(DocumentSheet, MayNotBeEditedWithoutAllAccess)
-{
-    Call made = MakeCall();
-    Call& call = Settled(made);
-    Machine::Fail("OpenPrinterW");
-    call.Open();
-    EXPECT_EQ(call.Context().canEdit, 0u);
-    call.Close();
+    for (const bool permission : {false, true}) {
+        Call call(*this);
+        if (permission)
+            Machine::Fail("OpenPrinterW");
+        else
+            call.header.fMode |= DM_NOPERMISSION;
+        call.Open();
+        EXPECT_EQ(call.Context().canEdit, 0u);
+        call.Close();
+    }
 }
 
 TEST_F(DocumentSheet, ThatIsRefusedAPageLeavesNothing)
 {
-    Call made = MakeCall();
-    Call& call = Settled(made);
+    Call call(*this);
     CurrentSettings = &output;
     calls.refuseFrom = 0;
     EXPECT_EQ(call.Open(), -1);
@@ -161,8 +139,7 @@ TEST_F(DocumentSheet, HandsOutTheShapeOfTheInputOrAllThatFits)
         {0,    DM_PROMPT, 1848, 0xEEEE},
     };
     for (const WideningRow& row : rows) {
-        Call made = MakeCall();
-        Call& call = Settled(made);
+        Call call(*this);
         DriverDevMode input = BusyRecord();
         input.dmDriverExtra = row.inputExtra;
         std::memset(static_cast<void*>(&output), 0xEE, sizeof output);
@@ -178,32 +155,26 @@ TEST_F(DocumentSheet, HandsOutTheShapeOfTheInputOrAllThatFits)
     }
 }
 
-TEST_F(DocumentSheet, HandsNothingOutWhenItIsCancelled)
+TEST_F(DocumentSheet, HandsNothingOutWhenItIsCancelledOrHasNoOutput)
 {
-    Call made = MakeCall();
-    Call& call = Settled(made);
+    Call call(*this);
     call.Open();
     call.info.Result = 9;
     EXPECT_EQ(call.End(CPSUI_CANCEL), 1);
     EXPECT_EQ(output.dmSize, 0);
     EXPECT_EQ(call.info.Result, 0u);
-    call.Close();
-}
-
-TEST_F(DocumentSheet, TakesTheResultWithoutAnOutput)
-{
-    Call made = MakeCall();
-    Call& call = Settled(made);
     call.header.pdmOut = nullptr;
-    call.Open();
     EXPECT_EQ(call.End(CPSUI_OK), 1);
     call.Close();
 }
 
-TEST_F(DocumentSheet, RefusesWhatIsNoContextOfIts)
+TEST_F(DocumentSheet, RefusesWhatIsNoHeaderOrContextOfIts)
 {
-    Call made = MakeCall();
-    Call& call = Settled(made);
+    PROPSHEETUI_INFO info{};
+    EXPECT_EQ(DrvDocumentPropertySheets(&info, 1), -1);
+    EXPECT_EQ(DrvDocumentPropertySheets(nullptr, 0), -1);
+    Call call(*this);
+    EXPECT_EQ(call.Close(), -1);
     call.Open();
     EXPECT_EQ(call.Reason(4, nullptr), -1);
     call.Context().self = nullptr;
@@ -213,20 +184,11 @@ TEST_F(DocumentSheet, RefusesWhatIsNoContextOfIts)
     call.Close();
 }
 
-TEST_F(DocumentSheet, NeedsAHeaderAndAContext)
-{
-    PROPSHEETUI_INFO info{};
-    EXPECT_EQ(DrvDocumentPropertySheets(&info, 1), -1);
-    EXPECT_EQ(DrvDocumentPropertySheets(nullptr, 0), -1);
-    Call made = MakeCall();
-    EXPECT_EQ(Settled(made).Close(), -1);
-}
-
 TEST_F(DocumentSheet, KeepsItsRecordWhileAnotherOneIsOpen)
 {
-    Call first = MakeCall(), second = MakeCall();
-    Settled(first).Open();
-    Settled(second).Open();
+    Call first(*this), second(*this);
+    first.Open();
+    second.Open();
     UiContext& early = first.Context();
     EXPECT_EQ(first.Close(), 1);
     EXPECT_EQ(DocumentSheetCount, 1);
@@ -237,10 +199,10 @@ TEST_F(DocumentSheet, KeepsItsRecordWhileAnotherOneIsOpen)
 
 TEST_F(DocumentSheet, AnswersWithoutAServiceToo)
 {
-    Call made = MakeCall();
-    EXPECT_EQ(DrvDocumentPropertySheets(nullptr, reinterpret_cast<LPARAM>(&made.header)), 1);
+    Call call(*this);
+    EXPECT_EQ(DrvDocumentPropertySheets(nullptr, reinterpret_cast<LPARAM>(&call.header)), 1);
     EXPECT_EQ(output.dmDriverExtra, 1628);
-    EXPECT_EQ(made.header.cbOut, 1848u);
+    EXPECT_EQ(call.header.cbOut, 1848u);
     EXPECT_EQ(CurrentSettings, nullptr);
 }
 

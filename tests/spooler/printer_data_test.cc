@@ -51,6 +51,9 @@ struct StoredRow {
 
 TEST_F(PrinterData, GoesByTheStoredLength)
 {
+    EXPECT_EQ(ReadOverlayBlob(printer, nullptr), nullptr);
+    Store(u"OverlayDataSize", REG_DWORD, {3, 0, 0, 0});
+    EXPECT_EQ(ReadOverlayBlob(printer, nullptr), nullptr);
     const std::vector<StoredRow> rows = {
         {{3, 0, 0, 0},             {7, 8, 9}, {7, 8, 9}      },
         {{0, 0, 0, 0},             {7, 8, 9}, {}             },
@@ -65,13 +68,6 @@ TEST_F(PrinterData, GoesByTheStoredLength)
         Store(u"OverlayData", REG_BINARY, row.data);
         EXPECT_EQ(Blob(OverlaySlot), row.read) << testing::PrintToString(row.size);
     }
-}
-
-TEST_F(PrinterData, WithoutEitherValueIsNull)
-{
-    EXPECT_EQ(ReadOverlayBlob(printer, nullptr), nullptr);
-    Store(u"OverlayDataSize", REG_DWORD, {3, 0, 0, 0});
-    EXPECT_EQ(ReadOverlayBlob(printer, nullptr), nullptr);
 }
 
 TEST_F(PrinterData, OfAFailedWriteHasTheNewLengthBesideTheOldBytes)
@@ -155,23 +151,15 @@ TEST(PrinterDataBlock, WithoutAStoredOneIsMadeOfTheLocale)
     }
 }
 
-TEST_F(PrinterData, BlockIsReadAsItIsStored)
-{
-    const Bytes stored = {0x20, 3, 4, 0, 0xAA, 0xBB, 0xCC, 0xDD, 9, 9};
-    EXPECT_TRUE(WritePrinterDataBlock(printer, stored.data(), 10));
-    EXPECT_EQ(BytesOf(*ReadPrinterDataBlock(printer)), Bytes(stored.begin(), stored.begin() + 8));
-}
-
-TEST_F(PrinterData, BlockThatIsShortEndsInZeros)
-{
-    EXPECT_TRUE(WritePrinterDataBlock(printer, "\x20\x03\x04", 3));
-    EXPECT_EQ(BytesOf(*ReadPrinterDataBlock(printer)), (Bytes{0x20, 3, 4, 0, 0, 0, 0, 0}));
-}
-
-TEST_F(PrinterData, BlockNeedsMemory)
+TEST_F(PrinterData, BlockIsReadAsItIsStoredAndEndsInZeros)
 {
     Machine::Fail("GlobalAlloc");
     EXPECT_EQ(ReadPrinterDataBlock(printer), nullptr);
+    const Bytes stored = {0x20, 3, 4, 0, 0xAA, 0xBB, 0xCC, 0xDD, 9, 9};
+    EXPECT_TRUE(WritePrinterDataBlock(printer, stored.data(), 10));
+    EXPECT_EQ(BytesOf(*ReadPrinterDataBlock(printer)), Bytes(stored.begin(), stored.begin() + 8));
+    EXPECT_TRUE(WritePrinterDataBlock(printer, stored.data(), 3));
+    EXPECT_EQ(BytesOf(*ReadPrinterDataBlock(printer)), (Bytes{0x20, 3, 4, 0, 0, 0, 0, 0}));
 }
 
 TEST_F(PrinterData, InfoIsOneBlock)

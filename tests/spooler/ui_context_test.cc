@@ -124,9 +124,8 @@ TEST_F(Context, IsNotOpenedByHalves)
         Machine::Fail(row.function, row.call);
         EXPECT_EQ(Open(), nullptr) << row.function << row.call;
     }
+    EXPECT_EQ(OpenUiContext(nullptr, u"Office", nullptr), nullptr);
 }
-
-TEST_F(Context, NeedsAPrinter) { EXPECT_EQ(OpenUiContext(nullptr, u"Office", nullptr), nullptr); }
 
 TEST(ContextOfALongName, IsRefusedWhereTheNameDoesNotFit)
 {
