@@ -82,65 +82,41 @@ TEST_F(DocumentEvents, OfWhichNothingIsToBeDoneAreAnswered)
     EXPECT_THAT(side.Take(), IsEmpty());
 }
 
-TEST_F(DocumentEvents, OnlyTheLow16BitsOfTheCodeCount)
-{
-    EXPECT_EQ(Event(0x10005), 1);
-    EXPECT_EQ(side.Take().size(), 5u);
-}
-
 struct TransferRow {
+    int event;
     ULONG inputBytes, room;
     ULONG_PTR informationContext;
     int result;
     bool taken, stored;
 };
 
-TEST_F(DocumentEvents, ACreationIsTakenWithItsFourWordsAlone)
+TEST_F(DocumentEvents, ACreationIsTakenWithItsFourWordsAndAResetWithItsOne)
 {
     constexpr TransferRow Rows[] = {
-        {4 * Word,     Word,     0, 1, true,  true },
-        {4 * Word,     Word + 1, 0, 1, true,  true },
-        {4 * Word,     Word - 1, 0, 1, true,  false},
-        {4 * Word,     0,        0, 1, true,  false},
-        {4 * Word,     Word,     1, 0, false, false},
-        {4 * Word - 1, Word,     0, 0, false, false},
-        {4 * Word + 1, Word,     0, 0, false, false},
-        {3 * Word,     Word,     0, 0, false, false},
-        {2 * Word,     Word,     0, 0, false, false},
-        {0,            Word,     0, 0, false, false},
+        {1, 4 * Word,     Word,     0, 1, true,  true },
+        {1, 4 * Word,     Word - 1, 0, 1, true,  false},
+        {1, 4 * Word,     Word,     1, 0, false, false},
+        {1, 4 * Word - 1, Word,     0, 0, false, false},
+        {1, 4 * Word + 1, Word,     0, 0, false, false},
+        {1, 0,            Word,     0, 0, false, false},
+        {3, Word,         Word,     0, 1, true,  true },
+        {3, Word,         Word + 1, 0, 1, true,  true },
+        {3, Word,         Word - 1, 0, 1, true,  false},
+        {3, Word - 1,     Word,     0, 1, false, false},
+        {3, Word + 1,     Word,     0, 1, false, false},
+        {3, 0,            Word,     0, 1, false, false},
     };
     for (const TransferRow& row : Rows) {
         record.dmPrintQuality = -3;
         StampRepeat = StampReady = true;
-        const Creation input[2] = {
+        const Creation creation[2] = {
             {u"", u"", &record, row.informationContext}
         };
+        const void* reset[2] = {&record, nullptr};
         const void* output = nullptr;
-        EXPECT_EQ(Event(1, row.inputBytes, input, row.room, &output), row.result) << row.inputBytes;
+        const void* input = row.event == 1 ? static_cast<const void*>(creation) : reset;
+        EXPECT_EQ(Event(row.event, row.inputBytes, input, row.room, &output), row.result) << row.inputBytes;
         EXPECT_EQ(record.dmPrintQuality, row.taken ? 600 : -3) << row.inputBytes << " " << row.informationContext;
-        EXPECT_EQ(output, row.stored ? &record : nullptr) << row.room;
-        EXPECT_FALSE(StampRepeat);
-    }
-}
-
-TEST_F(DocumentEvents, AResetIsTakenWithItsOneWordAlone)
-{
-    constexpr TransferRow Rows[] = {
-        {Word,     Word,     0, 1, true,  true },
-        {Word,     Word - 1, 0, 1, true,  false},
-        {Word,     0,        0, 1, true,  false},
-        {Word - 1, Word,     0, 1, false, false},
-        {Word + 1, Word,     0, 1, false, false},
-        {2 * Word, Word,     0, 1, false, false},
-        {0,        Word,     0, 1, false, false},
-    };
-    for (const TransferRow& row : Rows) {
-        record.dmPrintQuality = -3;
-        StampRepeat = true;
-        const void* input[2] = {&record, nullptr};
-        const void* output = nullptr;
-        EXPECT_EQ(Event(3, row.inputBytes, input, row.room, &output), row.result) << row.inputBytes;
-        EXPECT_EQ(record.dmPrintQuality, row.taken ? 600 : -3) << row.inputBytes;
         EXPECT_EQ(output, row.stored ? &record : nullptr) << row.room;
         EXPECT_FALSE(StampRepeat);
     }
@@ -168,26 +144,16 @@ TEST_F(DocumentEvents, AQualityThatIsNoResolutionIsReplaced)
     }
 }
 
-struct PreparationRow {
-    DWORD on;
-    bool ready;
-    SHORT angle;
-};
-
 TEST_F(DocumentEvents, TheDiagonalOfThePageGoesIntoTheCallersRecord)
 {
-    for (const PreparationRow& row : {
-             PreparationRow{1, true,  53},
-             PreparationRow{0, false, 0 },
-             PreparationRow{2, false, 0 }
-    }) {
+    for (const DWORD on : {1, 0, 2}) {
         for (const bool created : {true, false}) {
-            record.dmWatermarkOn = row.on;
+            record.dmWatermarkOn = on;
             record.dmWatermark.wmAngle = 0;
             StampReady = true;
             EXPECT_EQ(created ? Create(&record) : Reset(&record), 1);
-            EXPECT_EQ(StampReady, row.ready);
-            EXPECT_EQ(record.dmWatermark.wmAngle, row.angle) << row.on;
+            EXPECT_EQ(StampReady, on == 1);
+            EXPECT_EQ(record.dmWatermark.wmAngle, on == 1 ? 53 : 0) << on;
         }
     }
     EXPECT_THAT(side.Take(), IsEmpty());
@@ -264,10 +230,6 @@ TEST_F(DocumentEvents, APageIsStampedFromWhatTheRenderingSideHolds)
             EXPECT_EQ(log.size(), 1u) << row.answer << ", " << row.on;
     }
     EXPECT_EQ(StampPageCount, 2u);
-}
-
-TEST_F(DocumentEvents, APageWithoutMemoryIsUnsupported)
-{
     Machine::Fail("GlobalAlloc");
     EXPECT_EQ(Event(7), 0);
     EXPECT_THAT(side.Take(), IsEmpty());
@@ -275,11 +237,12 @@ TEST_F(DocumentEvents, APageWithoutMemoryIsUnsupported)
 
 TEST_F(DocumentEvents, StartAndEndOfADocumentCountFromNothing)
 {
-    for (const int event : {5, 8}) {
+    for (const int event : {5, 0x10005, 8}) {  // the low 16 bits count
         StampPageCount = 7;
         EXPECT_EQ(Event(event), 1);
         EXPECT_EQ(StampPageCount, 0u) << event;
     }
+    EXPECT_EQ(side.Take().size(), 10u);  // the header of two starts
 }
 
 }  // namespace

@@ -115,14 +115,6 @@ TEST_F(Jobs, SendTheirHeaderAndStampEachPage)
     EXPECT_EQ(OverlayFlag(), 0);
 }
 
-TEST_F(Jobs, FollowOneAnother)
-{
-    EXPECT_EQ(Job(), WholeJob);
-    StoreOverlay(1);
-    EXPECT_EQ(Job(), WholeJob);
-    EXPECT_EQ(OverlayFlag(), 0);
-}
-
 TEST_F(Jobs, StampTheirFirstPageAloneIfSoWished)
 {
     portrait.dmWatermark.wmFirstPageOnly = landscape.dmWatermark.wmFirstPageOnly = 1;

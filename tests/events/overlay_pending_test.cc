@@ -102,20 +102,6 @@ TEST_F(OverlayPending, APrinterThatCannotBeOpenedKeepsItsFlags)
     EXPECT_EQ(ResetOverlayPending(), 0);
 }
 
-TEST_F(OverlayPending, WithoutTheRightToChangeThePrinterTheFlagsStay)
-{
-    const Bytes pending = List({1}, 1064);
-    machine.store->Remove(OfficePrinter);
-    platform::PrinterEntry entry{OfficePrinter, OfficeDriver};
-    entry.mayChange = false;
-    machine.store->Add(entry);
-    StoreList(pending, 1064);
-    SetLastError(0);
-    EXPECT_EQ(ResetOverlayPending(), 0);
-    EXPECT_EQ(GetLastError(), 87u);
-    EXPECT_EQ(Stored(u"OverlayData"), pending);
-}
-
 TEST_F(OverlayPending, AListWhoseLengthLiesIsReadWithinItsBytes)
 {
     const Bytes pending = List({1}, 1064);
