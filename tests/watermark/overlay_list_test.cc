@@ -63,40 +63,24 @@ TEST_F(OverlayStore, LoadsTheHeadAndTheRowsInOrder)
     EXPECT_EQ(std::u16string(OverlaySelected->ovPath), u"/b.oxl");
     EXPECT_EQ(RowAt(3)->ovPending, 7u);
     EXPECT_EQ(RowAt(3)->ovNext, 0u);
-}
-
-TEST_F(OverlayStore, ChoosesTheHeadForAnIndexThatNoRowHas)
-{
-    StoreOverlays(machine, OfficePrinter, three);
+    OverlayEntry* moved = RowAt(3);
+    UnlinkOverlay(moved);
+    LinkOverlay(OverlayList, moved);
+    EXPECT_THAT(Names(), ElementsAre(u"<NONE>", u"C", u"A", u"B"));
     for (const int index : {0, 4, -1}) {
-        Load(index);
-        EXPECT_EQ(OverlaySelected, OverlayList) << index;
-        EXPECT_EQ(OverlayIndex, index);
         FreeOverlayEntries(OverlayList);
+        Load(index);
+        EXPECT_EQ(OverlaySelected, OverlayList) << "no row has the index " << index;
+        EXPECT_EQ(OverlayIndex, index);
     }
-    OverlayList = nullptr;
 }
-
-struct LengthRow {
-    std::size_t bytes;
-    std::size_t rows;
-};
 
 TEST_F(OverlayStore, TakesWholeRowsOfWhatIsStored)
 {
-    for (const LengthRow& row : {
-             LengthRow{0,        0},
-             LengthRow{1,        0},
-             LengthRow{3,        0},
-             LengthRow{4,        0},
-             LengthRow{4 + 1059, 0},
-             LengthRow{4 + 1060, 1},
-             LengthRow{4 + 1061, 1},
-             LengthRow{4 + 2120, 2},
-    }) {
-        StoreOverlays(machine, OfficePrinter, three, row.bytes);
+    for (const std::size_t bytes : {0u, 1u, 3u, 4u, 4u + 1059, 4u + 1060, 4u + 1061, 4u + 2120}) {
+        StoreOverlays(machine, OfficePrinter, three, bytes);
         EXPECT_EQ(Load(0), 1);
-        EXPECT_EQ(Names().size(), row.rows + 1) << row.bytes;
+        EXPECT_EQ(Names().size(), (bytes < 4 + 1060 ? 0u : bytes < 4 + 2120 ? 1u : 2u) + 1) << bytes;
         FreeOverlayEntries(OverlayList);
     }
     OverlayList = nullptr;
@@ -183,16 +167,6 @@ TEST_F(OverlayStore, FindsTheFirstPendingRow)
     ReleaseOverlay(RowAt(2));
     EXPECT_EQ(FindPendingOverlay(OverlayList), nullptr);
     EXPECT_EQ(FindPendingOverlay(nullptr), nullptr);
-}
-
-TEST_F(OverlayStore, LinksRowsAnew)
-{
-    StoreOverlays(machine, OfficePrinter, three);
-    Load(0);
-    OverlayEntry* moved = RowAt(3);
-    UnlinkOverlay(moved);
-    LinkOverlay(OverlayList, moved);
-    EXPECT_THAT(Names(), ElementsAre(u"<NONE>", u"C", u"A", u"B"));
 }
 
 }  // namespace

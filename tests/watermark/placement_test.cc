@@ -40,53 +40,33 @@ class Placement : public testing::Test {
     WatermarkPlacement placed{};
 };
 
-// The built-in metrics make DRAFT at height 300 a text of 750 by 337.
-TEST_F(Placement, CentresTheTextOnThePrintableArea)
+// The built-in metrics make DRAFT at height 300 a text of 750 by 337, centred on the printable area.
+TEST_F(Placement, TheFontGrowsWithTheResolutionsOfThePrinter)
 {
-    ASSERT_TRUE(Place());
-    EXPECT_EQ(placed.font.lfHeight, -300);
+    for (const LONG resolution : {600, 1200, 400, 900, 300}) {
+        ASSERT_TRUE(Place(resolution));
+        EXPECT_EQ(placed.font.lfHeight, resolution == 600 ? -600 : resolution == 1200 ? -1200 : -300) << resolution;
+    }
     EXPECT_EQ(placed.origin.x, 1200 - 375);
     EXPECT_EQ(placed.origin.y, 1600 - 150);
     EXPECT_EQ(placed.font.lfWeight, 400);
     EXPECT_EQ(placed.font.lfOutPrecision, 7);
 }
 
-struct HeightRow {
-    LONG resolution, height;
-};
-
-TEST_F(Placement, TheFontGrowsWithTheResolutionsOfThePrinter)
-{
-    for (const HeightRow& row : {
-             HeightRow{300,  -300 },
-             HeightRow{600,  -600 },
-             HeightRow{1200, -1200},
-             HeightRow{400,  -300 },
-             HeightRow{900,  -300 }
-    }) {
-        ASSERT_TRUE(Place(row.resolution));
-        EXPECT_EQ(placed.font.lfHeight, row.height) << row.resolution;
-    }
-}
-
-struct PositionRow {
-    SHORT position;
-    LONG x;  // of the text's middle
-};
-
 TEST_F(Placement, PositionsGoInStepsAndNeverReachTheEdge)
 {
-    for (const PositionRow& row : {
-             PositionRow{0,    1200    },
-             PositionRow{1,    1200    },
-             PositionRow{-1,   1200    },
-             PositionRow{100,  12 * 199},
-             PositionRow{-100, 12      },
-             PositionRow{50,   12 * 149}
-    }) {
-        watermark.wmPositionX = row.position;
+    constexpr std::pair<SHORT, LONG> Rows[] = {
+        {0,    1200},
+        {1,    1200},
+        {-1,   1200},
+        {100,  2388},
+        {-100, 12  },
+        {50,   1788},
+    };
+    for (const auto& [position, middle] : Rows) {
+        watermark.wmPositionX = position;
         ASSERT_TRUE(Place());
-        EXPECT_EQ(placed.origin.x + 375, row.x) << row.position;
+        EXPECT_EQ(placed.origin.x + 375, middle) << position;
     }
 }
 
@@ -109,12 +89,6 @@ TEST_F(Placement, TheDiagonalFollowsThePage)
     EXPECT_EQ(watermark.wmAngle, 53);
     EXPECT_EQ(DiagonalAngle, 53);
     EXPECT_EQ(placed.font.lfEscapement, 530);
-}
-
-TEST_F(Placement, AFaceThatIsNotThereHasNoPlace)
-{
-    CopyToField(watermark.wmFaceName, 32, u"No Such Face");
-    EXPECT_FALSE(Place());
 }
 
 TEST_F(Placement, AnyFailingCallLeavesNoPlaceAndNothingBehind)

@@ -141,23 +141,20 @@ TEST_F(LoadedWatermarks, TheDialogShowsTheStoredRows)
     EXPECT_EQ(WatermarkOption.on, 1u);
 }
 
-struct FullRow {
-    const char16_t* count;
-    int lines, rows;
-    bool roomForMore;
-};
-
 TEST_F(LoadedWatermarks, ThirtyRowsAreTheMost)
 {
-    for (const FullRow& row : {
-             FullRow{u"29",  29, 29, true },
-             FullRow{u"30",  30, 30, false},
-             FullRow{u"31",  31, 30, false},
-             FullRow{u"999", 40, 30, false},
-             FullRow{u"999", 12, 12, true },
-             FullRow{u"12x", 12, 0,  true },
-             FullRow{u"",    12, 0,  true }
-    }) {
+    const struct {
+        const char16_t* count;
+        int lines, rows;
+    } stored[] = {
+        {u"29",  29, 29},
+        {u"30",  30, 30},
+        {u"31",  31, 30},
+        {u"999", 40, 30},
+        {u"999", 12, 12},
+        {u"12x", 12, 0 },
+    };
+    for (const auto& row : stored) {
         StoreRows(row.count, row.lines);
         SendDlgItemMessageW(rig.dialog, IDC_WM_LIST, LB_RESETCONTENT, 0, 0);
         EnableWindow(GetDlgItem(rig.dialog, IDC_WM_NEW), TRUE);
@@ -165,31 +162,27 @@ TEST_F(LoadedWatermarks, ThirtyRowsAreTheMost)
         EXPECT_THAT(List(), SizeIs(static_cast<std::size_t>(row.rows) + 1)) << row.lines;
         EXPECT_EQ(WatermarkCount, row.rows);
         EXPECT_EQ(WatermarkRowAt(row.rows + 1), nullptr);
-        EXPECT_EQ(Enabled(IDC_WM_NEW), row.roomForMore) << row.rows;
+        EXPECT_EQ(Enabled(IDC_WM_NEW), row.rows < 30) << row.rows;
         EXPECT_EQ(std::ranges::count(WatermarkSlots, 1), row.rows + 1);
     }
 }
 
-struct PageRow {
-    SHORT code, orientation, angle;
-};
-
 TEST_F(LoadedWatermarks, TheDiagonalIsThatOfTheChosenPaper)
 {
-    constexpr PageRow Rows[] = {
+    constexpr SHORT Rows[][3] = {
         {1, 1, 53},
         {1, 2, 37},
         {9, 1, 55},
         {9, 2, 35},
     };
-    for (const PageRow& row : Rows) {
-        record.dmPaperSize = row.code;
-        record.dmOrientation = row.orientation;
-        PaperSizeDots(row.code);
+    for (const auto& [code, orientation, angle] : Rows) {
+        record.dmPaperSize = code;
+        record.dmOrientation = orientation;
+        PaperSizeDots(code);
         ASSERT_EQ(Load(true), 1);
-        EXPECT_EQ(DiagonalAngle, row.angle) << row.code << ", " << row.orientation;
-        EXPECT_EQ(WatermarkRowAt(5)->wmAngle, row.angle);
-        EXPECT_EQ(WatermarkEdit.wmAngle, row.angle);
+        EXPECT_EQ(DiagonalAngle, angle) << code << ", " << orientation;
+        EXPECT_EQ(WatermarkRowAt(5)->wmAngle, angle);
+        EXPECT_EQ(WatermarkEdit.wmAngle, angle);
     }
 }
 

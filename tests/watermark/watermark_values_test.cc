@@ -91,21 +91,11 @@ TEST_F(StoredWatermarks, APrinterWithoutAListHasTheReadyMadeRows)
     EXPECT_EQ(WatermarkRowAt(5)->wmAngle, 53);
     EXPECT_EQ(WatermarkSlots[7], 1);
     EXPECT_EQ(std::u16string(WatermarkNames[7]), u"PROOF");
-}
 
-TEST_F(StoredWatermarks, AnEmptyListStaysEmpty)
-{
-    Store(u"0\r\n", u"0\r\n", u"");
-    ASSERT_EQ(BuildWatermarkList(), 1);
-    EXPECT_EQ(ReadStoredWatermarks(), 1);
-    EXPECT_EQ(Names(), std::vector<std::u16string>{u"<NONE>"});
-}
-
-TEST_F(StoredWatermarks, APrinterThatCannotBeAskedHasNoneAlone)
-{
+    FreeWatermarkList();
     Machine::Fail("OpenPrinterW");
     ASSERT_EQ(BuildWatermarkList(), 1);
-    EXPECT_EQ(Names(), std::vector<std::u16string>{u"<NONE>"});
+    EXPECT_EQ(Names(), std::vector<std::u16string>{u"<NONE>"}) << "a printer that cannot be asked";
 }
 
 struct AttributeRow {
@@ -179,29 +169,22 @@ TEST_F(StoredWatermarks, RowsThatDoNotFitAreLeftOutWholeAndCounted)
     EXPECT_EQ(Names().size(), 21u);
 }
 
-struct LimitRow {
-    std::size_t lastText;  // characters
-    int leftOut;
-};
-
 TEST_F(StoredWatermarks, AValueKeepsRoomForItsTerminator)
 {
-    for (const LimitRow& row : {
-             LimitRow{13, 0},
-             LimitRow{14, 1}
-    }) {
+    for (const int leftOut : {0, 1}) {
+        const std::size_t lastText = leftOut ? 14 : 13;
         FreeWatermarkList();
         std::vector<std::pair<std::u16string, std::u16string>> rows;
         for (char16_t c = u'a'; c < u'a' + 20; ++c) rows.emplace_back(std::u16string(1, c), std::u16string(72, c));
-        rows.emplace_back(u"last", std::u16string(row.lastText, u'z'));
+        rows.emplace_back(u"last", std::u16string(lastText, u'z'));
         Make(rows);
         ASSERT_EQ(SaveWatermarks(), 1);
-        EXPECT_EQ(WatermarksLeftOut, row.leftOut);
-        EXPECT_EQ(Stored(u"WatermarkText").size(), row.leftOut ? 1484u : 1499u);
+        EXPECT_EQ(WatermarksLeftOut, leftOut);
+        EXPECT_EQ(Stored(u"WatermarkText").size(), leftOut ? 1484u : 1499u);
         FreeWatermarkList();
         BuildWatermarkList();
         ReadStoredWatermarks();
-        EXPECT_EQ(Names().size(), row.leftOut ? 21u : 22u);
+        EXPECT_EQ(Names().size(), leftOut ? 21u : 22u);
         EXPECT_EQ(std::u16string(WatermarkRowAt(20)->wmText), std::u16string(72, u't'));
     }
 }
@@ -239,6 +222,7 @@ struct HostileRow {
 
 TEST_F(StoredWatermarks, BrokenListsEndWhereTheyBreak)
 {
+    const std::u16string full(1500, u'9');
     const HostileRow Rows[] = {
         {u"99999\r\na\r\n",       u"2\r\nx\r\ny\r\n",       u"1|20|72|0|0|0|0|2|53|F\r\n", 2},
         {u"many\r\na\r\n",        u"1\r\nx\r\n",            u"\r\n",                       1},
@@ -252,6 +236,8 @@ TEST_F(StoredWatermarks, BrokenListsEndWhereTheyBreak)
         {u"1\na\n",               u"1\nx\n",                u"\n",                         1},
         {u"2\r\na\r\nb\r\n",      u"2\r\n<NONE>\r\ny\r\n",  u"\r\n\r\n",                   2},
         {u"1\r\nno line end",     u"1\r\nx",                u"1",                          2},
+        {u"0\r\n",                u"0\r\n",                 u"",                           1},
+        {full.c_str(),            full.c_str(),             full.c_str(),                  1},
     };
     for (const HostileRow& row : Rows) {
         FreeWatermarkList();
@@ -264,35 +250,23 @@ TEST_F(StoredWatermarks, BrokenListsEndWhereTheyBreak)
     }
 }
 
-TEST_F(StoredWatermarks, AValueThatIsFullOfTextEndsWithItself)
-{
-    const std::u16string full(1500, u'9');
-    Store(full, full, full);
-    BuildWatermarkList();
-    EXPECT_EQ(ReadStoredWatermarks(), 1);
-    EXPECT_EQ(Names().size(), 1u);
-}
-
-struct RefreshRow {
-    SHORT id;
-    int result;
-    SHORT idAfter;
-    const char16_t* text;
-};
-
 TEST_F(StoredWatermarks, TheJobsRowTakesWhatIsStoredNow)
 {
     Store(u"3\r\none\r\ntwo\r\nthree\r\n", u"3\r\n1\r\n2\r\n3\r\n",
           u"1|30|9|0|0|0|0|0|0|F\r\n1|40|9|0|0|0|0|0|0|F\r\n1|50|9|0|0|0|0|2|0|F\r\n");
-    for (const RefreshRow& row : {
-             RefreshRow{1,  1, 1,  u"one"  },
-             RefreshRow{2,  1, 2,  u"two"  },
-             RefreshRow{3,  1, 3,  u"three"},
-             RefreshRow{4,  1, 3,  u"three"},
-             RefreshRow{9,  1, 3,  u"three"},
-             RefreshRow{0,  0, 0,  u"old"  },
-             RefreshRow{-4, 0, -4, u"old"  }
-    }) {
+    const struct {
+        SHORT id;
+        int result;
+        SHORT idAfter;
+        const char16_t* text;
+    } rows[] = {
+        {1,  1, 1,  u"one"  },
+        {3,  1, 3,  u"three"},
+        {4,  1, 3,  u"three"},
+        {0,  0, 0,  u"old"  },
+        {-4, 0, -4, u"old"  },
+    };
+    for (const auto& row : rows) {
         WatermarkPayload option{};
         option.on = 1;
         option.watermark.wmId = row.id;
@@ -305,27 +279,18 @@ TEST_F(StoredWatermarks, TheJobsRowTakesWhatIsStoredNow)
     }
 }
 
-TEST_F(StoredWatermarks, RefreshLeavesTheRowWhenNothingCanBeRead)
-{
-    WatermarkPayload option{};
-    option.watermark.wmId = 5;
-    EXPECT_EQ(RefreshWatermark(option), 1);
-    EXPECT_EQ(option.watermark.wmId, 5);
-}
-
-struct EmptyRow {
-    const char16_t *texts, *names;
-    int result;
-};
-
 TEST_F(StoredWatermarks, ARowOfAnEmptyListStays)
 {
-    for (const EmptyRow& row : {
-             EmptyRow{u"0\r\n",        u"0\r\n",      1},
-             EmptyRow{u"1\r\nnew\r\n", u"0\r\nx\r\n", 1},
-             EmptyRow{u"0\r\nnew\r\n", u"1\r\nx\r\n", 0},
-             EmptyRow{u"x\r\nnew\r\n", u"1\r\nx\r\n", 0}
-    }) {
+    const struct {
+        const char16_t *texts, *names;
+        int result;
+    } rows[] = {
+        {u"0\r\n",        u"0\r\n",      1},
+        {u"1\r\nnew\r\n", u"0\r\nx\r\n", 1},
+        {u"0\r\nnew\r\n", u"1\r\nx\r\n", 0},
+        {u"x\r\nnew\r\n", u"1\r\nx\r\n", 0},
+    };
+    for (const auto& row : rows) {
         Store(row.texts, row.names, u"1|20|72|0|0|0|0|2|53|F\r\n");
         WatermarkPayload option{};
         option.watermark.wmId = 1;
