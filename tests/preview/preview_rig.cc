@@ -103,32 +103,33 @@ std::string ShapeText(const platform::TraceCall& call, const gdi::Context& conte
 
 }  // namespace
 
-DriverDevMode A4(const Fields& fields)
+DriverDevMode A4()
 {
     DriverDevMode record{};
     record.dmOrientation = 1;
     record.dmPaperSize = 9;
     record.dmPrintQuality = record.dmResolution = 300;
     record.dmZoom = 100;
-    for (const auto& [name, value] : fields) testing_support::SetField(record, name, value);
     return record;
 }
 
-DriverDevMode Marked(const Fields& watermark, const Fields& fields)
+DriverDevMode Marked()
 {
-    DriverDevMode record = A4(fields);
+    DriverDevMode record = A4();
     record.dmWatermarkOn = 1;
     WatermarkRecord& mark = record.dmWatermark;
     std::u16string_view(u"DRAFT").copy(mark.wmText, 72);
     std::u16string_view(u"Times New Roman").copy(mark.wmFaceName, 31);
     mark.wmSize = 72;
     mark.wmShading = 20;
-    for (const auto& [name, value] : watermark) {
-        const auto field = std::ranges::find(WatermarkFields, std::string_view(name), &RecordField::name);
-        if (field == std::end(WatermarkFields)) throw std::invalid_argument(name);
-        std::memcpy(reinterpret_cast<std::uint8_t*>(&mark) + field->offset, &value, field->width);
-    }
     return record;
+}
+
+void Set(DriverDevMode& record, const char* name, int value)
+{
+    const auto field = std::ranges::find(WatermarkFields, std::string_view(name), &RecordField::name);
+    if (field == std::end(WatermarkFields)) return testing_support::SetField(record, name, value);
+    std::memcpy(reinterpret_cast<std::uint8_t*>(&record.dmWatermark) + field->offset, &value, field->width);
 }
 
 void DrawingLog::Call(const platform::TraceCall& call)

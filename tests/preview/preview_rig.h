@@ -30,12 +30,35 @@ struct Context;
 namespace preview_test {
 
 using Lines = std::vector<std::string>;
-using Fields = std::vector<std::pair<const char*, int>>;  // by their names in the record
 
 // A page of A4 at 300 dots per inch: 2480 by 3507, with a margin of 50 on each side.
-DriverDevMode A4(const Fields& fields = {});
-// The same with the watermark DRAFT, 72 points, of shading 20; its fields by their names.
-DriverDevMode Marked(const Fields& watermark, const Fields& fields = {});
+DriverDevMode A4();
+// The same with the watermark DRAFT, 72 points, of shading 20.
+DriverDevMode Marked();
+
+// Fields are set by their names in the record, or in its watermark: A4("dmNupOn", 1, "dmNupCount", 4).
+void Set(DriverDevMode& record, const char* field, int value);
+inline void SetAll(DriverDevMode&) {}
+template <class... More>
+void SetAll(DriverDevMode& record, const char* field, int value, More... more)
+{
+    Set(record, field, value);
+    SetAll(record, more...);
+}
+template <class... Rest>
+DriverDevMode A4(const char* field, int value, Rest... more)
+{
+    DriverDevMode record = A4();
+    SetAll(record, field, value, more...);
+    return record;
+}
+template <class... Rest>
+DriverDevMode Marked(const char* field, int value, Rest... more)
+{
+    DriverDevMode record = Marked();
+    SetAll(record, field, value, more...);
+    return record;
+}
 
 class DrawingLog : public platform::TraceSink {
   public:

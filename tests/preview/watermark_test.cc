@@ -23,14 +23,6 @@ Lines Marks(const DriverDevMode& record)
     return drawn;
 }
 
-Fields FourUp()
-{
-    return {
-        {"dmNupOn",    1},
-        {"dmNupCount", 4}
-    };
-}
-
 DriverDevMode WithText(DriverDevMode record, std::u16string_view text)
 {
     std::fill(std::begin(record.dmWatermark.wmText), std::end(record.dmWatermark.wmText), u'\0');
@@ -58,80 +50,34 @@ TEST(IntegerHypot, ReckonsInIntegerSteps)
 // The middle of the text is (1150, 1700) from the margins: 11 * 100 and 17 * 100 steps.
 TEST(Watermark, StandsInTheMiddleInItsOwnShade)
 {
-    EXPECT_THAT(Marks(Marked({})),
+    EXPECT_THAT(Marks(Marked()),
                 ElementsAre("text 775,1600 \"DRAFT\" in 50,50,2409,3436 Times New Roman -300/400 cccccc"));
 }
 
 TEST(Watermark, IsTurnedAndShaded)
 {
-    EXPECT_THAT(Marks(Marked({
-                    {"wmAngle",   90},
-                    {"wmShading", 5 },
-                    {"wmBold",    1 }
-    })),
+    EXPECT_THAT(Marks(Marked("wmAngle", 90, "wmShading", 5, "wmBold", 1)),
                 ElementsAre("text 1000,2125 \"DRAFT\" in 50,50,2409,3436 Times New Roman -300/700 turned 900 f2f2f2"));
-    EXPECT_THAT(Marks(Marked({
-                    {"wmShading", 100}
-    })),
-                ElementsAre(HasSubstr(" 000000")));
+    EXPECT_THAT(Marks(Marked("wmShading", 100, "dmTonerSave", 1)), ElementsAre(HasSubstr(" 000000")));
 }
 
 TEST(Watermark, OfTheDiagonalFollowsThePage)
 {
-    EXPECT_THAT(Marks(Marked({
-                    {"wmAngleMode", 2}
-    })),
-                ElementsAre(HasSubstr("text 812,1971 \"DRAFT\" in 50,50,2409,3436 "
-                                      "Times New Roman -300/400 turned 550 ")));
+    EXPECT_THAT(Marks(Marked("wmAngleMode", 2)), ElementsAre(HasSubstr("text 812,1971 \"DRAFT\" in 50,50,2409,3436 "
+                                                                       "Times New Roman -300/400 turned 550 ")));
     Preview preview;
-    EXPECT_THAT(preview.Draw(Marked(
-                                 {
-                                     {"wmAngleMode", 2}
-    },
-                                 {{"dmOrientation", 2}}),
-                             {"text 1356"}),
+    EXPECT_THAT(preview.Draw(Marked("wmAngleMode", 2, "dmOrientation", 2), {"text 1356"}),
                 ElementsAre("text 1356,1242 \"DRAFT\" in 50,50,3451,2424 Times New Roman -300/400 turned 350 cccccc"));
-}
-
-// Toner Save leaves it as it is.
-TEST(Watermark, KeepsItsShadeInTonerSave)
-{
-    EXPECT_THAT(Marks(Marked(
-                    {
-    },
-                    {{"dmTonerSave", 1}})),
-                ElementsAre(HasSubstr("-300/400 cccccc")));
-}
-
-TEST(Watermark, GrowsWithTheResolution)
-{
-    Preview preview;
-    EXPECT_THAT(preview.Draw(Marked(
-                                 {
-    },
-                                 {{"dmPrintQuality", 600}, {"dmResolution", 600}}),
-                             {"text 16"}),
-                ElementsAre("text 1650,3200 \"DRAFT\" in 100,100,4819,6873 Times New Roman -600/400 cccccc"));
 }
 
 TEST(Watermark, IsOnEveryPageOrOnTheFirstOfTheSheet)
 {
     const std::string mark = "text 775,1600 \"DRAFT\" in 50,50,2386,3414 Times New Roman -300/400 cccccc";
-    EXPECT_THAT(Marks(Marked({}, FourUp())), ElementsAre(mark, mark, mark, mark));
-    EXPECT_THAT(Marks(Marked(
-                    {
-                        {"wmFirstPageOnly", 1}
-    },
-                    FourUp())),
-                ElementsAre(mark));
+    EXPECT_THAT(Marks(Marked("dmNupOn", 1, "dmNupCount", 4)), ElementsAre(mark, mark, mark, mark));
+    EXPECT_THAT(Marks(Marked("wmFirstPageOnly", 1, "dmNupOn", 1, "dmNupCount", 4)), ElementsAre(mark));
 
     Preview preview;
-    const Lines drawn = preview.Draw(Marked(
-                                         {
-                                             {"wmFirstPageOnly", 1}
-    },
-                                         FourUp()),
-                                     {"map", "text"});
+    const Lines drawn = preview.Draw(Marked("wmFirstPageOnly", 1, "dmNupOn", 1, "dmNupCount", 4), {"map", "text"});
     ASSERT_THAT(drawn, SizeIs(9));
     EXPECT_EQ(drawn[2], mark);
 }
@@ -153,12 +99,8 @@ const HeightRow HeightRows[] = {
 TEST(Watermark, IsALineWhereItsTextCannotBeRead)
 {
     for (const HeightRow& row : HeightRows)
-        EXPECT_THAT(Marks(Marked(
-                        {
-                            {"wmSize",          row.points},
-                            {"wmFirstPageOnly", 1         }
-        },
-                        {{"dmNupOn", row.count > 1}, {"dmNupCount", row.count}})),
+        EXPECT_THAT(Marks(Marked("wmSize", row.points, "wmFirstPageOnly", 1, "dmNupOn", row.count > 1, "dmNupCount",
+                                 row.count)),
                     ElementsAre(row.mark))
             << row.points;
 }
@@ -181,16 +123,9 @@ TEST(Watermark, EndsAsFarFromTheEdgeAsItsPositionSays)
 {
     for (const PositionRow& row : PositionRows) {
         Preview preview;
-        const Lines drawn =
-            preview.Draw(Marked(
-                             {
-                                 {"wmSize",          8    },
-                                 {"wmPositionX",     row.x},
-                                 {"wmPositionY",     row.y},
-                                 {"wmFirstPageOnly", 1    }
-        },
-                             {{"dmNupOn", 1}, {"dmNupCount", 16}}),
-                         {"line"});
+        const Lines drawn = preview.Draw(Marked("wmSize", 8, "wmPositionX", row.x, "wmPositionY", row.y,
+                                                "wmFirstPageOnly", 1, "dmNupOn", 1, "dmNupCount", 16),
+                                         {"line"});
         EXPECT_THAT(drawn, ElementsAre(std::string(row.line) + " solid184:cccccc")) << row.x << ',' << row.y;
     }
 }
@@ -198,41 +133,28 @@ TEST(Watermark, EndsAsFarFromTheEdgeAsItsPositionSays)
 // 24 characters are 3600 dots, longer than the page: what is beyond its margins is cut off the line's end.
 TEST(Watermark, EndsWithinTheMargins)
 {
-    const Fields sixteen = {
-        {"dmNupOn",    1 },
-        {"dmNupCount", 16}
-    };
     for (const auto& [angle, line] : {std::pair(0, "line -650,1600,2288,1721 solid184:cccccc"),
                                       std::pair(-90, "line 1300,-50,988,3321 solid184:cccccc")}) {
-        const Fields turned = {
-            {"wmAngle",         angle},
-            {"wmFirstPageOnly", 1    }
-        };
         Preview preview;
-        EXPECT_THAT(preview.Draw(WithText(Marked(turned, sixteen), u"ABCDEFGHIJKLMNOPQRSTUVWX"), {"line"}),
-                    ElementsAre(line));
+        EXPECT_THAT(
+            preview.Draw(WithText(Marked("wmAngle", angle, "wmFirstPageOnly", 1, "dmNupOn", 1, "dmNupCount", 16),
+                                  u"ABCDEFGHIJKLMNOPQRSTUVWX"),
+                         {"line"}),
+            ElementsAre(line));
     }
 }
 
 // Scaled up so far that a line has no width, the text is drawn however small it is.
 TEST(Watermark, IsATextWhereALineHadNoWidth)
 {
-    EXPECT_THAT(Marks(Marked(
-                    {
-                        {"wmSize", 1}
-    },
-                    {{"dmFitToPaper", 1}, {"dmZoom", 32767}})),
-                ElementsAre(HasSubstr(" \"DRAFT\" ")));
+    EXPECT_THAT(Marks(Marked("wmSize", 1, "dmFitToPaper", 1, "dmZoom", 32767)), ElementsAre(HasSubstr(" \"DRAFT\" ")));
 }
 
 // Down the left edge: 20 characters of 150 dots are 3000, and the room from 250 to 3157 is 2977 with a fifth of
 // what lies before its start. 29 characters are 4350, and the room from -425 to 3832 is 4356.
 TEST(Watermark, IsCutToTheRoomAlongThePage)
 {
-    const DriverDevMode record = Marked({
-        {"wmPositionX", -100},
-        {"wmAngle",     -90 }
-    });
+    const DriverDevMode record = Marked("wmPositionX", -100, "wmAngle", -90);
     EXPECT_THAT(Marks(WithText(record, u"ABCDEFGHIJKLMNOPQRST")),
                 ElementsAre(HasSubstr("text 211,250 \"ABCDEFGHIJKLMNOPQRS\" in ")));
     EXPECT_THAT(Marks(WithText(record, u"ABCDEFGHIJKLMNOPQRSTUVWXYZ012")),
@@ -241,11 +163,11 @@ TEST(Watermark, IsCutToTheRoomAlongThePage)
 
 TEST(Watermark, IsNotThereWithoutTextOrFace)
 {
-    EXPECT_THAT(Marks(WithText(Marked({}), u"")), IsEmpty());
-    DriverDevMode record = Marked({});
+    EXPECT_THAT(Marks(WithText(Marked(), u"")), IsEmpty());
+    DriverDevMode record = Marked();
     record.dmWatermarkOn = 0;
     EXPECT_THAT(Marks(record), IsEmpty());
-    record = Marked({});
+    record = Marked();
     record.dmWatermark.wmFaceName[0] = u'?';
     EXPECT_THAT(Marks(record), IsEmpty());
 }
@@ -253,10 +175,7 @@ TEST(Watermark, IsNotThereWithoutTextOrFace)
 TEST(Watermark, IsFittedOnceAPainting)
 {
     Preview preview;
-    preview.Draw(Marked(
-        {
-    },
-        {{"dmNupOn", 1}, {"dmNupCount", 16}}));
+    preview.Draw(Marked("dmNupOn", 1, "dmNupCount", 16));
     // Once to place it, once to fit it.
     EXPECT_EQ(preview.Calls("GetTextExtentPointW"), 2);
 }

@@ -23,9 +23,8 @@ void SetText(DriverDevMode& record, std::u16string_view text)
 // A row of the gallery: pictures that differ by one field, under common settings.
 struct GalleryRow {
     const char* title;
-    bool marked;
-    Fields fields, watermark;
-    const char* varied;  // a field of the record or, with a capital W, of the watermark
+    DriverDevMode record;
+    const char* varied;
     std::vector<int> values;
 };
 
@@ -33,42 +32,37 @@ const std::vector<int> Counts = {1, 2, 4, 6, 9, 16};
 
 // clang-format off
 const GalleryRow GalleryRows[] = {
-    {"N-up", false, {{"dmNupOn", 1}}, {}, "dmNupCount", Counts},
-    {"N-up, with borders, Toner Save", false, {{"dmNupOn", 1}, {"dmNupBorder", 1}, {"dmTonerSave", 1}}, {}, "dmNupCount", Counts},
-    {"N-up, columns first", false, {{"dmNupOn", 1}, {"dmNupVertical", 1}}, {}, "dmNupCount", Counts},
-    {"N-up, from the right", false, {{"dmNupOn", 1}, {"dmNupDescending", 1}}, {}, "dmNupCount", Counts},
-    {"N-up, columns first, from the right", false, {{"dmNupOn", 1}, {"dmNupVertical", 1}, {"dmNupDescending", 1}}, {}, "dmNupCount", Counts},
-    {"Short edge binding", false, {{"dmNupOn", 1}, {"dmDuplexOn", 1}, {"dmDuplexBinding", 3}}, {}, "dmNupCount", Counts},
-    {"Long edge binding", false, {{"dmNupOn", 1}, {"dmDuplexOn", 1}, {"dmDuplexBinding", 1}}, {}, "dmNupCount", Counts},
-    {"Booklet, left and right", false, {{"dmNupOn", 1}, {"dmNupCount", 2}, {"dmDuplexOn", 1}, {"dmBookletPaper", 9}}, {}, "dmBookletRight", {0, 1}},
-    {"Booklet on other paper", false, {{"dmNupOn", 1}, {"dmNupCount", 2}, {"dmDuplexOn", 1}}, {}, "dmBookletPaper", {1, 5, 11}},
-    {"Scaling", false, {{"dmFitToPaper", 1}}, {}, "dmZoom", {20, 50, 90, 100, 110, 200, 400}},
-    {"Scaling with a watermark", true, {{"dmFitToPaper", 1}}, {}, "dmZoom", {20, 50, 90, 100, 110, 200, 400}},
-    {"Fit to paper", false, {{"dmFitToPaper", 2}}, {}, "dmOutputPaper", {1, 5, 9, 11, 20, 216}},
-    {"Paper", false, {}, {}, "dmPaperSize", {1, 5, 9, 11, 20, 27, 216}},
-    {"Watermark on N-up", true, {{"dmNupOn", 1}}, {}, "dmNupCount", Counts},
-    {"Diagonal watermark on N-up", true, {{"dmNupOn", 1}}, {{"wmAngleMode", 2}}, "dmNupCount", Counts},
-    {"Small watermark on N-up", true, {{"dmNupOn", 1}}, {{"wmSize", 12}}, "dmNupCount", Counts},
-    {"Watermark on the first page", true, {{"dmNupOn", 1}}, {{"wmFirstPageOnly", 1}}, "dmNupCount", Counts},
-    {"Watermark on a booklet", true, {{"dmNupOn", 1}, {"dmNupCount", 2}, {"dmDuplexOn", 1}, {"dmBookletPaper", 9}}, {{"wmAngleMode", 2}}, "dmBookletRight", {0, 1}},
-    {"Size of the watermark", true, {}, {}, "WmSize", {8, 10, 12, 24, 48, 72, 120, 200}},
-    {"Shading", true, {}, {}, "WmShading", {5, 20, 50, 100}},
-    {"Angle", true, {}, {}, "WmAngle", {-180, -120, -90, -45, 0, 45, 90, 135}},
-    {"Position across", true, {}, {}, "WmPositionX", {-100, -50, 0, 50, 100}},
-    {"Position down", true, {}, {}, "WmPositionY", {-100, -50, 0, 50, 100}},
-    {"Long watermark, by its angle", true, {{"dmCopies", -1}}, {{"wmSize", 48}}, "WmAngle", {-90, -45, 0, 45, 90}},
+    {"N-up", A4("dmNupOn", 1), "dmNupCount", Counts},
+    {"N-up, with borders, Toner Save", A4("dmNupOn", 1, "dmNupBorder", 1, "dmTonerSave", 1), "dmNupCount", Counts},
+    {"N-up, columns first", A4("dmNupOn", 1, "dmNupVertical", 1), "dmNupCount", Counts},
+    {"N-up, from the right", A4("dmNupOn", 1, "dmNupDescending", 1), "dmNupCount", Counts},
+    {"N-up, columns first, from the right", A4("dmNupOn", 1, "dmNupVertical", 1, "dmNupDescending", 1), "dmNupCount", Counts},
+    {"Short edge binding", A4("dmNupOn", 1, "dmDuplexOn", 1, "dmDuplexBinding", 3), "dmNupCount", Counts},
+    {"Long edge binding", A4("dmNupOn", 1, "dmDuplexOn", 1, "dmDuplexBinding", 1), "dmNupCount", Counts},
+    {"Booklet, left and right", A4("dmNupOn", 1, "dmNupCount", 2, "dmDuplexOn", 1, "dmBookletPaper", 9), "dmBookletRight", {0, 1}},
+    {"Booklet on other paper", A4("dmNupOn", 1, "dmNupCount", 2, "dmDuplexOn", 1), "dmBookletPaper", {1, 5, 11}},
+    {"Scaling", A4("dmFitToPaper", 1), "dmZoom", {20, 50, 90, 100, 110, 200, 400}},
+    {"Scaling with a watermark", Marked("dmFitToPaper", 1), "dmZoom", {20, 50, 90, 100, 110, 200, 400}},
+    {"Fit to paper", A4("dmFitToPaper", 2), "dmOutputPaper", {1, 5, 9, 11, 20, 216}},
+    {"Paper", A4(), "dmPaperSize", {1, 5, 9, 11, 20, 27, 216}},
+    {"Watermark on N-up", Marked("dmNupOn", 1), "dmNupCount", Counts},
+    {"Diagonal watermark on N-up", Marked("dmNupOn", 1, "wmAngleMode", 2), "dmNupCount", Counts},
+    {"Small watermark on N-up", Marked("dmNupOn", 1, "wmSize", 12), "dmNupCount", Counts},
+    {"Watermark on the first page", Marked("dmNupOn", 1, "wmFirstPageOnly", 1), "dmNupCount", Counts},
+    {"Watermark on a booklet", Marked("dmNupOn", 1, "dmNupCount", 2, "dmDuplexOn", 1, "dmBookletPaper", 9, "wmAngleMode", 2), "dmBookletRight", {0, 1}},
+    {"Size of the watermark", Marked(), "wmSize", {8, 10, 12, 24, 48, 72, 120, 200}},
+    {"Shading", Marked(), "wmShading", {5, 20, 50, 100}},
+    {"Angle", Marked(), "wmAngle", {-180, -120, -90, -45, 0, 45, 90, 135}},
+    {"Position across", Marked(), "wmPositionX", {-100, -50, 0, 50, 100}},
+    {"Position down", Marked(), "wmPositionY", {-100, -50, 0, 50, 100}},
+    {"Long watermark, by its angle", Marked("dmCopies", -1, "wmSize", 48), "wmAngle", {-90, -45, 0, 45, 90}},
 };
 // clang-format on
 
 DriverDevMode RecordOf(const GalleryRow& row, int value, int orientation)
 {
-    Fields fields = row.fields, watermark = row.watermark;
-    std::string varied = row.varied;
-    const bool ofMark = varied[0] == 'W';
-    varied[0] = static_cast<char>(std::tolower(varied[0]));
-    (ofMark ? watermark : fields).emplace_back(varied.c_str(), value);
-    fields.emplace_back("dmOrientation", orientation);
-    DriverDevMode record = row.marked ? Marked(watermark, fields) : A4(fields);
+    DriverDevMode record = row.record;
+    SetAll(record, row.varied, value, "dmOrientation", orientation);
     if (record.dmCopies < 0) SetText(record, u"STRICTLY CONFIDENTIAL, NOT TO BE COPIED");
     return record;
 }
@@ -88,43 +82,14 @@ QImage Paint(const DriverDevMode& record, Fonts fonts)
 
 std::vector<Reference> References()
 {
-    const Fields sixteen = {
-        {"dmNupOn",    1 },
-        {"dmNupCount", 16}
-    };
-    const Fields bookletRight = {
-        {"dmBookletPaper", 9},
-        {"dmDuplexOn",     1},
-        {"dmBookletRight", 1},
-        {"dmOrientation",  2}
-    };
-    const Fields turned = {
-        {"dmNupOn",         1},
-        {"dmNupCount",      6},
-        {"dmNupBorder",     1},
-        {"dmDuplexOn",      1},
-        {"dmDuplexBinding", 1}
-    };
-    const Fields fitted = {
-        {"dmFitToPaper",  2 },
-        {"dmOutputPaper", 11},
-        {"dmTonerSave",   1 }
-    };
-    const Fields scaled = {
-        {"dmFitToPaper", 1  },
-        {"dmZoom",       150}
-    };
-    const Fields diagonal = {
-        {"wmAngleMode", 2}
-    };
     return {
-        {"plain",          A4()           },
-        {"sixteen-marked", Marked(diagonal, sixteen)},
-        {"booklet-right",                A4(bookletRight)                },
-        {"six-bound",                A4(turned)    },
-        {"fitted-toner",                A4(fitted)             },
-        {"scaled-marked",                Marked(diagonal,    scaled)},
-        {"marked-with-line",         Marked({{"wmSize", 8}})                    },
+        {"plain",               A4()    },
+        {                          "sixteen-marked", Marked("wmAngleMode",        2, "dmNupOn", 1, "dmNupCount", 16)},
+        {                 "booklet-right",         A4("dmBookletPaper",              9, "dmDuplexOn", 1, "dmBookletRight", 1, "dmOrientation", 2)},
+        {                                       "six-bound",A4("dmNupOn",1, "dmNupCount", 6, "dmNupBorder", 1, "dmDuplexOn", 1, "dmDuplexBinding", 1)},
+        { "fitted-toner",     A4("dmFitToPaper",            2, "dmOutputPaper", 11, "dmTonerSave", 1)},
+        {                      "scaled-marked",                     Marked("wmAngleMode",                   2, "dmFitToPaper", 1, "dmZoom", 150)},
+        {"marked-with-line",         Marked("wmSize",                8)},
     };
 }
 
