@@ -148,13 +148,4 @@ TEST_F(FileDialog, OpensOnlyWhatExists)
     EXPECT_EQ(std::u16string(file_), Within(u"old.oxl"));
 }
 
-TEST(Help, NamesTheTopicThatTheModuleAsksFor)
-{
-    const testing_support::QuietDesktopPlugged desktop;
-    EXPECT_TRUE(WinHelpW(nullptr, u"a.hlp", HELP_CONTEXT, 1101));
-    ASSERT_EQ(desktop->helps.size(), 1U);
-    EXPECT_EQ(desktop->helps[0].file, u"a.hlp");
-    EXPECT_EQ(desktop->helps[0].context, 1101U);
-}
-
 }  // namespace

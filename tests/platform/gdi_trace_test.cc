@@ -111,28 +111,6 @@ TEST_F(Trace, AnOutputArgumentIsTheResult)
                     "no dc: GetObjectW [{stock:13},0] = null"));
 }
 
-TEST_F(Trace, ShapesAndTextsStandAsTheyWereCalled)
-{
-    const HDC screen = Context(nullptr);
-    trace->Take();
-    const std::array points{
-        POINT{1, 2},
-        POINT{3, 4}
-    };
-    const RECT box{1, 2, 3, 4};
-    Polygon(screen, points.data(), 2);
-    FillRect(screen, &box, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-    TextOutW(screen, 5, 6, u"abc", 2);
-    ExtTextOutW(screen, 5, 6, ETO_CLIPPED, &box, u"1", 1, nullptr);
-    ExtTextOutW(screen, 0, 0, 0, nullptr, nullptr, 0, nullptr);
-    SetBkColor(screen, 0xFFFFFF);
-    EXPECT_THAT(trace->Take(),
-                ElementsAre("dc: Polygon [[[1,2],[3,4]],2] = 1", "no dc: GetStockObject [0] = {stock:0}",
-                            "dc: FillRect [[1,2,3,4],{stock:0}] = 1", "dc: TextOutW [5,6,\"ab\",2] = 1",
-                            "dc: ExtTextOutW [5,6,4,[1,2,3,4],\"1\",1,null] = 1",
-                            "dc: ExtTextOutW [0,0,0,null,null,0,null] = 1", "dc: SetBkColor [16777215] = 16777215"));
-}
-
 class EchoTarget : public platform::gdi::EscapeTarget {
   public:
     int Escape(int code, std::span<const std::uint8_t> input, std::span<std::uint8_t> output) override

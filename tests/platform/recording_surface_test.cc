@@ -94,7 +94,7 @@ TEST(RecordingSurface, AWidePenReachesOut)
 {
     RecordingSurface surface;
     surface.Line({PS_SOLID, 9, 0}, {10, 10}, {20, 10});
-    surface.Fill({10, 10, 30, 30}, 0);
+    surface.Fill({8, 8, 30, 30}, 0);
     EXPECT_THAT(Told(surface), ElementsAre("line", "fill"));
 }
 

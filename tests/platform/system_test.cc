@@ -10,70 +10,22 @@ namespace {
 
 class System : public FreshEnvironment {};
 
-std::u16string LocaleText(LCTYPE type)
-{
-    WCHAR text[16] = {};
-    const int length = GetLocaleInfoW(LOCALE_USER_DEFAULT, type, text, 16);
-    EXPECT_EQ(length, GetLocaleInfoW(LOCALE_USER_DEFAULT, type, nullptr, 0));
-    EXPECT_EQ(length, lstrlenW(text) + 1);
-    return text;
-}
-
-TEST_F(System, TellsCountryAndLanguage)
-{
-    EXPECT_EQ(LocaleText(LOCALE_ICOUNTRY), u"1");
-    EXPECT_EQ(LocaleText(LOCALE_ILANGUAGE), u"0409");
-    FixedFactValues values;
-    values.country = 886;
-    values.language = 0x0C0A;
-    UseFacts(values);
-    EXPECT_EQ(LocaleText(LOCALE_ICOUNTRY), u"886");
-    EXPECT_EQ(LocaleText(LOCALE_ILANGUAGE), u"0c0a");
-}
-
-TEST_F(System, LocaleQuestionsThatCannotBeAnsweredFail)
+// What is told of country, user and version, the job header's tests read.
+TEST_F(System, QuestionsThatCannotBeAnsweredFail)
 {
     WCHAR text[] = u"keep";
+    OSVERSIONINFOW version{};
+    version.dwOSVersionInfoSize = 280;
+    EXPECT_FALSE(GetVersionExW(&version));
+    DWORD chars = 4;
+    EXPECT_FALSE(GetUserNameW(text, &chars));
+    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
+    EXPECT_EQ(chars, 5u);
     EXPECT_EQ(GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_ILANGUAGE, text, 4), 0);
     EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
     EXPECT_EQ(GetLocaleInfoW(LOCALE_USER_DEFAULT, 0x7777, text, 4), 0);
     EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
     EXPECT_EQ(std::u16string(text), u"keep");
-}
-
-TEST_F(System, TellsTheVersionInBothForms)
-{
-    OSVERSIONINFOEXW info{};
-    auto* asked = reinterpret_cast<OSVERSIONINFOW*>(&info);
-    info.dwOSVersionInfoSize = 284;
-    ASSERT_TRUE(GetVersionExW(asked));
-    EXPECT_EQ(info.dwMajorVersion, 5u);
-    EXPECT_EQ(info.dwBuildNumber, 2600u);
-    EXPECT_EQ(info.wServicePackMajor, 2);
-    EXPECT_EQ(std::u16string(info.szCSDVersion), u"Service Pack 2");
-
-    info = {};
-    info.dwOSVersionInfoSize = 276;
-    ASSERT_TRUE(GetVersionExW(asked));
-    EXPECT_EQ(info.dwPlatformId, 2u);
-    EXPECT_EQ(info.wServicePackMajor, 0);
-
-    info.dwOSVersionInfoSize = 280;
-    EXPECT_FALSE(GetVersionExW(asked));
-}
-
-TEST_F(System, TheUsersNameNeedsRoomForItsTerminator)
-{
-    FixedFactValues values;
-    values.userName = u"anna";
-    UseFacts(values);
-    WCHAR name[8];
-    DWORD chars = 4;
-    EXPECT_FALSE(GetUserNameW(name, &chars));
-    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
-    EXPECT_EQ(chars, 5u);
-    EXPECT_TRUE(GetUserNameW(name, &chars));
-    EXPECT_EQ(std::u16string(name), u"anna");
 }
 
 TEST_F(System, TheSystemDirectorySaysWhatRoomItNeeds)

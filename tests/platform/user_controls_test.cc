@@ -127,7 +127,7 @@ TEST_P(Lists, TheSelectionStaysWithItsRow)
 {
     for (const char16_t* text : {u"a", u"b", u"c"}) Insert(-1, text);
     EXPECT_EQ(Tell(kind.select, 1), 1);
-    Insert(0, u"0");
+    Insert(1, u"0");
     EXPECT_EQ(Tell(kind.selection), 2);
     EXPECT_EQ(Tell(kind.remove, 0), 3);
     EXPECT_EQ(Tell(kind.selection), 1);
