@@ -297,7 +297,7 @@ TEST_F(ListView, RowsComeAndGoWithTheMark)
     EXPECT_EQ(Send(rig[13], LVM_DELETEITEM, 0, 0), FALSE);
 }
 
-TEST_F(ListView, CellsTakeAndGiveText)
+TEST_F(ListView, CellsTakeAndGiveTextAndTheExtendedStyleGrows)
 {
     std::u16string text = u"[210 x 297]";
     LVITEMW item{};
@@ -308,6 +308,9 @@ TEST_F(ListView, CellsTakeAndGiveText)
     EXPECT_EQ(Cell(1, 0), u"b");
     item.iSubItem = 2;
     EXPECT_EQ(Send(rig[13], LVM_SETITEMTEXTW, 1, reinterpret_cast<LPARAM>(&item)), FALSE);
+    Send(rig[13], LVM_SETEXTENDEDLISTVIEWSTYLE, 0, 0x1);
+    EXPECT_EQ(Send(rig[13], LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT), 0x1);
+    EXPECT_EQ(Send(rig[13], LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0), LRESULT{LVS_EX_FULLROWSELECT | 0x1});
 }
 
 // A handler may empty the list while it is told of a change.

@@ -104,20 +104,28 @@ TEST(Keys, PressButtonsWhereTheFocusStays)
         {"Space in a field",       Key::Space,  10, {"change 10"}, Outcome::Done    },
         {"Space on a combo box",   Key::Space,  12, {},            Outcome::Unsuited},
         {"F1",                     Key::F1,     12, {"help 12"},   Outcome::Done    },
-        {"Enter, default greyed",  Key::Enter,  10, {},            Outcome::Disabled},
     };
     for (const KeyRow& row : rows) {
         Rig rig({Make(u"Edit", 10, Stop), Make(u"Button", 5, Stop), Make(u"Button", 6, Stop | BS_AUTOCHECKBOX),
                  Make(u"ComboBox", 12, Stop), Make(u"Button", 1, Stop | BS_DEFPUSHBUTTON)});
         rig.Up([&] {
             Focus(rig[row.focus]);
-            Enable(rig[1], row.outcome != Outcome::Disabled);
             rig.Log();
             EXPECT_EQ(platform::user::Press(rig.dialog, row.key), row.outcome) << row.what;
             EXPECT_EQ(rig.Log(), row.told) << row.what;
             EXPECT_EQ(FocusId(), row.focus) << row.what;
         });
     }
+}
+
+TEST(Keys, ADisabledDefaultButtonIsNotPressed)
+{
+    Rig rig({Make(u"Edit", 10, Stop), Make(u"Button", 1, Grey), Make(u"Button", 2, Grey)});
+    rig.Up([&] {
+        EXPECT_EQ(platform::user::Press(rig.dialog, Key::Enter), Outcome::Disabled);
+        EXPECT_EQ(platform::user::Press(rig.dialog, Key::Escape), Outcome::Disabled);
+        EXPECT_THAT(rig.Log(), IsEmpty());
+    });
 }
 
 TEST(Focus, GoesWhenItsControlIsHiddenOrDisabled)

@@ -55,6 +55,7 @@ TEST(Functions, TextIsCutToTheRoom)
     EXPECT_EQ(std::u16string(text), u"abc");
     EXPECT_EQ(text[4], u'x');
     EXPECT_EQ(GetWindowTextW(rig[10], text, 8), 6);
+    EXPECT_EQ(SendMessageW(rig[10], WM_GETTEXTLENGTH, 0, 0), 6);
     EXPECT_EQ(GetWindowTextW(rig[10], text, 0), 0);
     EXPECT_EQ(GetDlgItemTextW(rig.dialog, 99, text, 8), 0u);
     EXPECT_EQ(text[0], 0);
@@ -164,6 +165,10 @@ TEST(Functions, FailOnWindowsThatAreGone)
     {
         Rig rig(AllThere());
         gone = rig.dialog;
+        CheckDlgButton(gone, 12, BST_CHECKED);
+        rig.Up([&] {
+            for (const FunctionRow& row : Functions) EXPECT_FALSE(row.fails(gone)) << row.name;
+        });
     }
     for (const HWND stale : {gone, static_cast<HWND>(nullptr), reinterpret_cast<HWND>(~std::uintptr_t{0})})
         for (const FunctionRow& row : Functions) {
