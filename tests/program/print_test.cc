@@ -55,39 +55,32 @@ std::vector<std::string> Names(const Program& run)
     return names;
 }
 
-struct LayRow {
-    PdfPage page;
-    const char* contents;
-};
-
-class Lay : public testing::TestWithParam<LayRow> {};
-
-TEST_P(Lay, CentresThePageInWhatThePrinterReaches)
+TEST(Print, CentresThePageInWhatThePrinterReaches)
 {
+    const std::pair<PdfPage, const char*> rows[] = {
+        {{"0 0 200 300"},                               "q 1 0 0 1 206 246 cm /Page Do Q\n"                   },
+        {{"0 0 612 792"},                               "q 0.960784 0 0 0.960784 12 15.529412 cm /Page Do Q\n"},
+        {{"300 -100 0 -50"},                            "q 1 0 0 1 156 471 cm /Page Do Q\n"                   },
+        {{"0 0 1176 100"},                              "q 0.5 0 0 0.5 12 371 cm /Page Do Q\n"                },
+        {{"0 0 300 100", "/Rotate 90"},                 "q 0 -1 1 0 256 546 cm /Page Do Q\n"                  },
+        {{"0 0 300 100", "/Rotate 180"},                "q -1 0 0 -1 456 446 cm /Page Do Q\n"                 },
+        {{"0 0 300 100", "/Rotate -90"},                "q 0 1 -1 0 356 246 cm /Page Do Q\n"                  },
+        {{"0 0 100 1176", "/Rotate 450"},               "q 0 -0.5 0.5 0 12 421 cm /Page Do Q\n"               },
+        {{"0 0 612 792", "/CropBox [100 200 700 400]"}, "q 1 0 0 1 -50 96 cm /Page Do Q\n"                    },
+        {{"0 0 100 100", "/UserUnit 2"},                "q 2 0 0 2 206 296 cm /Page Do Q\n"                   },
+        {{"0 0 100 100", "", {}},                       ""                                                    },
+    };
     Program run;
-    run.Put("in.pdf", MakePdf({GetParam().page}));
+    std::vector<PdfPage> pages;
+    for (const auto& row : rows) pages.push_back(row.first);
+    run.Put("in.pdf", MakePdf(pages));
     ASSERT_EQ(Print(run, {"in.pdf"}), Done());
     Pdf out(run.Contents("out.pdf"));
-    EXPECT_EQ(out.Box(0), "[ 0 0 612 792 ]");
-    EXPECT_EQ(out.Contents(0), GetParam().contents);
+    for (std::size_t page = 0; page < pages.size(); ++page) {
+        EXPECT_EQ(out.Box(page), "[ 0 0 612 792 ]");
+        EXPECT_EQ(out.Contents(page), rows[page].second) << pages[page].box << ' ' << pages[page].more;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Program, Lay,
-                         testing::Values(
-                             LayRow{
-                                 {"0 0 200 300"},
-                                 "q 1 0 0 1 206 246 cm /Page Do Q\n"
-},
-                             LayRow{{"0 0 612 792"}, "q 0.960784 0 0 0.960784 12 15.529412 cm /Page Do Q\n"},
-                             LayRow{{"300 -100 0 -50"}, "q 1 0 0 1 156 471 cm /Page Do Q\n"},
-                             LayRow{{"0 0 1176 100"}, "q 0.5 0 0 0.5 12 371 cm /Page Do Q\n"},
-                             LayRow{{"0 0 300 100", "/Rotate 90"}, "q 0 -1 1 0 256 546 cm /Page Do Q\n"},
-                             LayRow{{"0 0 300 100", "/Rotate 180"}, "q -1 0 0 -1 456 446 cm /Page Do Q\n"},
-                             LayRow{{"0 0 300 100", "/Rotate -90"}, "q 0 1 -1 0 356 246 cm /Page Do Q\n"},
-                             LayRow{{"0 0 100 1176", "/Rotate 450"}, "q 0 -0.5 0.5 0 12 421 cm /Page Do Q\n"},
-                             LayRow{{"0 0 612 792", "/CropBox [100 200 700 400]"}, "q 1 0 0 1 -50 96 cm /Page Do Q\n"},
-                             LayRow{{"0 0 100 100", "/UserUnit 2"}, "q 2 0 0 2 206 296 cm /Page Do Q\n"},
-                             LayRow{{"0 0 100 100", "", {}}, ""}));
 
 TEST(Print, ShowsOfAPageWhatItsCropBoxShows)
 {
@@ -110,14 +103,7 @@ TEST(Print, JoinsContentsThatAreCutAnywhere)
     EXPECT_THAT(OutputOf("pdftotext " + run.Path("out.pdf").string() + " -"), HasSubstr("Joined"));
 }
 
-struct PaperRow {
-    std::vector<std::string> fields;
-    const char* box;
-};
-
-class Paper : public testing::TestWithParam<PaperRow> {};
-
-TEST_P(Paper, IsTheRecords)
+TEST(Print, TakesThePaperOfTheRecord)
 {
     Program run;
     // 100 x 200 mm under 257 and 300, then 8 8/16 x 5 inches under 300: of two with the same code the last one.
@@ -126,25 +112,24 @@ TEST_P(Paper, IsTheRecords)
     run({"printer", "data", Printer, "CustomPaperDataSize", "--dword", "168"});
     run({"printer", "data", Printer, "CustomPaperData", "--hex",
          "0101" + millimetres + "2C01" + millimetres + "2C01" + inches});
-    PutRecord(run, GetParam().fields);
-    ASSERT_EQ(Print(run, {"--record", "r"}), Done());
-    EXPECT_EQ(Pdf(run.Contents("out.pdf")).Box(0), GetParam().box);
+    const std::pair<std::vector<std::string>, const char*> rows[] = {
+        {{"dmPaperSize=1"},                                                            "[ 0 0 612 792 ]"      },
+        {{"dmPaperSize=9"},                                                            "[ 0 0 595.2 841.68 ]" },
+        {{"dmPaperSize=9", "dmOrientation=2"},                                         "[ 0 0 841.68 595.2 ]" },
+        {{"dmPaperSize=256", "dmFields=3", "dmPaperWidth=1000", "dmPaperLength=2000"}, "[ 0 0 283.44 566.88 ]"},
+        {{"dmPaperSize=256", "dmFields=3", "dmPaperWidth=0", "dmPaperLength=-5"},      "[ 0 0 612 792 ]"      },
+        {{"dmPaperSize=257"},                                                          "[ 0 0 283.44 566.88 ]"},
+        {{"dmPaperSize=300"},                                                          "[ 0 0 609.36 360 ]"   },
+        {{"dmPaperSize=300", "dmOrientation=2"},                                       "[ 0 0 360 609.36 ]"   },
+        {{"dmPaperSize=306"},                                                          "[ 0 0 612 792 ]"      },
+        {{"dmPaperSize=250"},                                                          "[ 0 0 612 792 ]"      },
+    };
+    for (const auto& [fields, box] : rows) {
+        PutRecord(run, fields);
+        ASSERT_EQ(Print(run, {"--record", "r"}), Done());
+        EXPECT_EQ(Pdf(run.Contents("out.pdf")).Box(0), box) << testing::PrintToString(fields);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Program, Paper,
-    testing::Values(
-        PaperRow{
-            {"dmPaperSize=1"},
-            "[ 0 0 612 792 ]"
-},
-        PaperRow{{"dmPaperSize=9"}, "[ 0 0 595.2 841.68 ]"},
-        PaperRow{{"dmPaperSize=9", "dmOrientation=2"}, "[ 0 0 841.68 595.2 ]"},
-        PaperRow{{"dmPaperSize=256", "dmFields=3", "dmPaperWidth=1000", "dmPaperLength=2000"}, "[ 0 0 283.44 566.88 ]"},
-        PaperRow{{"dmPaperSize=256", "dmFields=3", "dmPaperWidth=0", "dmPaperLength=-5"}, "[ 0 0 612 792 ]"},
-        PaperRow{{"dmPaperSize=257"}, "[ 0 0 283.44 566.88 ]"}, PaperRow{{"dmPaperSize=300"}, "[ 0 0 609.36 360 ]"},
-        PaperRow{{"dmPaperSize=300", "dmOrientation=2"}, "[ 0 0 360 609.36 ]"},
-        PaperRow{{"dmPaperSize=306"}, "[ 0 0 612 792 ]"}, PaperRow{{"dmPaperSize=250"}, "[ 0 0 612 792 ]"}));
 
 constexpr char Header[] =
     "{\"event\": 1, \"result\": 1}\n"
@@ -266,42 +251,34 @@ TEST(Print, HandsOutAnUncheckedRecordAsItIs)
     EXPECT_EQ(Print(run, {"--record", "r", "--unchecked"}), Done());
 }
 
-struct RefusedRow {
-    const char* name;
-    std::string input;
-    const char* why;
-};
-
-class Refused : public testing::TestWithParam<RefusedRow> {};
-
-TEST_P(Refused, InputsLeaveNoOutput)
-{
-    Program run;
-    run.Put("in.pdf", GetParam().input);
-    const Result result = Print(run, {"in.pdf"});
-    EXPECT_EQ(result.status, 3);
-    EXPECT_THAT(result.err, AllOf(HasSubstr("in.pdf: "), HasSubstr(GetParam().why)));
-    EXPECT_THAT(Names(run), ElementsAre());
-}
-
 std::string Damaged(std::string pdf, const std::string& old, const std::string& now)
 {
     return pdf.replace(pdf.find(old), old.size(), now);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Program, Refused,
-    testing::Values(RefusedRow{"Encrypted", Encrypted(MakePdf({{}}), "secret"), "password"},
-                    RefusedRow{"Protected", Encrypted(MakePdf({{}}), "", false), "lets nobody print"},
-                    RefusedRow{"Empty", "", "it is empty"}, RefusedRow{"Foreign", "no PDF at all\n", "damaged"},
-                    RefusedRow{"Truncated", MakePdf({{}, {}}).substr(0, 500), "damaged"},
-                    RefusedRow{"WithoutItsEnd", MakePdf({{}}).substr(0, MakePdf({{}}).size() - 40), "damaged"},
-                    RefusedRow{"WithABrokenPage", Damaged(MakePdf({{}}), "/Type /Page ", "/Type (Pa"), "damaged"},
-                    RefusedRow{"WithAPageThatDoesNotDecode", Damaged(MakePdf({{}, {}}), "stream\nx\x9c", "stream\nxx"),
-                               "contents of page"},
-                    RefusedRow{"WithoutPages", MakePdf({}), "no pages"},
-                    RefusedRow{"WithoutASize", MakePdf({{}, {"0 0 0 700"}}), "page 2 has no possible size"}),
-    [](const auto& row) { return std::string(row.param.name); });
+TEST(Print, RefusedInputsLeaveNoOutput)
+{
+    const std::pair<std::string, const char*> rows[] = {
+        {Encrypted(MakePdf({{}}),    "secret"),                  "password"},
+        {Encrypted(MakePdf({{}}),                          "",                              false), "lets nobody print"},
+        {"",                    "it is empty"},
+        {"no PDF at all\n",                         "damaged"                  },
+        {MakePdf({{}, {}}).substr(0,          500),   "damaged"},
+        {MakePdf({{}}).substr(0, MakePdf({{}}).size() - 40),              "damaged"},
+        {Damaged(MakePdf({{}}),                          "/Type /Page ",                               "/Type (Pa"), "damaged"},
+        {Damaged(MakePdf({{}, {}}),                 "stream\nx\x9c",                              "stream\nxx"), "contents of page"},
+        {MakePdf({}),"no pages"},
+        {MakePdf({{}, {"0 0 0 700"}}),                          "page 2 has no possible size"                           },
+    };
+    for (const auto& [input, why] : rows) {
+        Program run;
+        run.Put("in.pdf", input);
+        const Result result = Print(run, {"in.pdf"});
+        EXPECT_EQ(result.status, 3) << why;
+        EXPECT_THAT(result.err, AllOf(HasSubstr("in.pdf: "), HasSubstr(why)));
+        EXPECT_THAT(Names(run), ElementsAre());
+    }
+}
 
 TEST(Print, TakesAnInputThatAnybodyMayPrint)
 {
@@ -353,37 +330,23 @@ TEST(Print, TakesNotesThatAreForPaper)
     }
 }
 
-struct UsageRow {
-    std::vector<std::string> words;
-    const char* message;
-};
-
-class PrintUsage : public testing::TestWithParam<UsageRow> {};
-
-TEST_P(PrintUsage, IsRefused)
+TEST(Print, RefusesWhatDoesNotGoTogether)
 {
+    const std::pair<std::vector<std::string>, const char*> rows[] = {
+        {{"in.pdf", "--pages", "2"},    "--pages goes without an input" },
+        {{"--pages", "0"},              "--pages"                       },
+        {{"--unchecked"},               "--unchecked goes with --record"},
+        {{"in.pdf", "--reset-at", "2"}, "--reset-at 2 comes after"      },
+        {{"-", "--record", "-"},        "standard input cannot be both" },
+    };
     Program run;
     run.Put("in.pdf", MakePdf({{}}));
-    const Result result = Print(run, GetParam().words);
-    EXPECT_EQ(result.status, 2);
-    EXPECT_THAT(result.err, HasSubstr(GetParam().message));
-    EXPECT_THAT(Names(run), ElementsAre());
-}
-
-INSTANTIATE_TEST_SUITE_P(Program, PrintUsage,
-                         testing::Values(
-                             UsageRow{
-                                 {"in.pdf", "--pages", "2"},
-                                 "--pages goes without an input"
-},
-                             UsageRow{{"--pages", "0"}, "--pages"},
-                             UsageRow{{"--unchecked"}, "--unchecked goes with --record"},
-                             UsageRow{{"in.pdf", "--reset-at", "2"}, "--reset-at 2 comes after"},
-                             UsageRow{{"-", "--record", "-"}, "standard input cannot be both"}));
-
-TEST(Print, SaysWhatIsNotDoneHere)
-{
-    EXPECT_THAT(Program()({"print", "--help"}).out, HasSubstr("N-up, booklet, scaling and toner"));
+    for (const auto& [words, message] : rows) {
+        const Result result = Print(run, words);
+        EXPECT_EQ(result.status, 2) << message;
+        EXPECT_THAT(result.err, HasSubstr(message));
+        EXPECT_THAT(Names(run), ElementsAre());
+    }
 }
 
 }  // namespace

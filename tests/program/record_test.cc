@@ -79,6 +79,11 @@ TEST(RecordCommand, NamesTheFileThatItCannotUse)
     run.Put("bad", "{\"dmZoom\": }");
     run.Put("unfit", "{\"dmZoom\": 1.5}");
     run.Put("short", "short");
+    run.Put("r", std::string(80, '\0'));
+    EXPECT_EQ(run({"record", "set", "r", "dmFields=1", "-o", "none/s"}),
+              (Result{3, "", "qd480: cannot write none/s: No such file or directory\n"}));
+    EXPECT_EQ(run({"record", "set", "r", "dmFields=1", "-o", "/dev/full"}),
+              (Result{3, "", "qd480: cannot write /dev/full: No space left on device\n"}));
     EXPECT_EQ(run({"record", "show", "none"}), (Result{3, "", "qd480: cannot read none: No such file or directory\n"}));
     EXPECT_THAT(run({"record", "make", "bad"}).err,
                 HasSubstr("qd480: bad is no JSON: parse error at line 1, column 12"));
@@ -86,14 +91,6 @@ TEST(RecordCommand, NamesTheFileThatItCannotUse)
               (Result{3, "", "qd480: unfit: the field dmZoom takes a number from -32768 to 32767\n"}));
     EXPECT_EQ(run({"record", "set", "short", "dmZoom=1"}),
               (Result{3, "", "qd480: short: the record of 5 bytes does not reach the field dmZoom\n"}));
-}
-
-TEST(RecordCommand, LeavesAFileWholeThatItCannotWrite)
-{
-    Program run;
-    run.Put("r", std::string(80, '\0'));
-    EXPECT_EQ(run({"record", "set", "r", "dmFields=1", "-o", "none/s"}),
-              (Result{3, "", "qd480: cannot write none/s: No such file or directory\n"}));
 }
 
 TEST(DocumentProperties, AnswersTheDefaultRecord)
@@ -138,13 +135,6 @@ TEST(DocumentProperties, TakeRecordsThatPromiseMoreThanTheyHave)
     for (const char* file : {"liar", "short"}) {
         EXPECT_EQ(run({"document-properties", First, "--mode", "2", "--in", file, "-o", "answer"}).status, 0) << file;
     }
-}
-
-TEST(DocumentProperties, FailWhereThePlanSays)
-{
-    Program run;
-    EXPECT_EQ(run({"document-properties", First, "--mode", "2", "-o", "r", "--platform", "fail=GetPrinterW"}),
-              Done("{\"result\": -1}\n"));
 }
 
 TEST(DocumentProperties, ShowNoWindow)

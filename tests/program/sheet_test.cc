@@ -21,38 +21,25 @@ std::vector<std::string> Sheet(std::vector<std::string> more)
 
 constexpr char Change[] = "page \"Quality\"\nchoose IDC_RESOLUTION \"600 x 600\"\n";
 
-struct EntryRow {
-    const char* entry;
-    int cancelled;  // what it answers then
-};
-
-class SheetEntry : public testing::TestWithParam<EntryRow> {};
-
-TEST_P(SheetEntry, TellsOkFromCancel)
+TEST(SheetCommand, TellsOkFromCancelAndWritesWhatOkPublished)
 {
-    Program run;
-    EXPECT_EQ(run(Sheet({"--entry", GetParam().entry}), "ok"), Done("{\"end\": {\"result\": 1}}\n"));
-    const std::string end = "{\"end\": {\"result\": " + std::to_string(GetParam().cancelled) + "}}\n";
-    EXPECT_EQ(run(Sheet({"--entry", GetParam().entry}), "cancel"), (Result{1, end, ""}));
-    EXPECT_EQ(run(Sheet({"--entry", GetParam().entry}), ""), (Result{1, end, ""}));
+    const std::pair<const char*, int> cancelled[] = {
+        {"document-properties", 2},
+        {"advanced",            0},
+        {"sheets",              0},
+    };
+    for (const auto& [entry, answer] : cancelled) {
+        Program run;
+        const std::vector<std::string> sheet = Sheet({"--entry", entry, "-o", "r"});
+        const std::string end = "{\"end\": {\"result\": " + std::to_string(answer) + "}}\n";
+        EXPECT_EQ(run(sheet, std::string(Change) + "cancel"), (Result{1, end, ""}));
+        EXPECT_EQ(run(sheet, ""), (Result{1, end, ""}));
+        EXPECT_FALSE(std::filesystem::exists(run.Path("r")));
+        EXPECT_EQ(run(sheet, std::string(Change) + "ok"), Done("{\"end\": {\"result\": 1}}\n"));
+        EXPECT_EQ(run.Contents("r").size(), RecordSize);
+        EXPECT_THAT(run({"record", "show", "r"}).out, HasSubstr("\"dmResolutionChoice\": 600"));
+    }
 }
-
-TEST_P(SheetEntry, WritesWhatOkPublished)
-{
-    Program run;
-    EXPECT_EQ(run(Sheet({"--entry", GetParam().entry, "-o", "r"}), std::string(Change) + "ok").status, 0);
-    EXPECT_EQ(run.Contents("r").size(), RecordSize);
-    EXPECT_THAT(run({"record", "show", "r"}).out, HasSubstr("\"dmResolutionChoice\": 600"));
-}
-
-INSTANTIATE_TEST_SUITE_P(Program, SheetEntry,
-                         testing::Values(EntryRow{"document-properties", 2}, EntryRow{"advanced", 0},
-                                         EntryRow{"sheets", 0}),
-                         [](const auto& row) {
-                             std::string name = row.param.entry;
-                             std::erase(name, '-');
-                             return name;
-                         });
 
 TEST(SheetCommand, KeepsWhatApplyPublishedAfterCancel)
 {
@@ -61,22 +48,6 @@ TEST(SheetCommand, KeepsWhatApplyPublishedAfterCancel)
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.out, StartsWith("{\"record\": {\"dmDeviceName\": \"Ordana Quillet 4820E\""));
     EXPECT_EQ(run.Contents("r").size(), RecordSize);
-}
-
-TEST(SheetCommand, WritesNothingAfterCancelAlone)
-{
-    Program run;
-    EXPECT_EQ(run(Sheet({"-o", "r"}), std::string(Change) + "record\ncancel").out,
-              "{\"record\": null}\n{\"end\": {\"result\": 2}}\n");
-    EXPECT_FALSE(std::filesystem::exists(run.Path("r")));
-}
-
-TEST(SheetCommand, GoesOnFromARecord)
-{
-    Program run;
-    run(Sheet({"-o", "r"}), std::string(Change) + "ok");
-    run(Sheet({"--in", "r", "-o", "s"}), "ok");
-    EXPECT_EQ(run({"record", "diff", "r", "s"}), Done("{}\n"));
 }
 
 TEST(SheetCommand, StoresTheDefaultAfterOkAlone)
@@ -119,26 +90,19 @@ TEST(SheetCommand, TellsARefusedChoice)
               "{\"end\": {\"result\": 1}}\n");
 }
 
-struct RoomRow {
-    const char* room;
-    std::size_t published;
-};
-
-class SheetRoom : public testing::TestWithParam<RoomRow> {};
-
 // An input of the public part alone gets the private part too when there is room for it.
-TEST_P(SheetRoom, DecidesWhatAShortRecordBecomes)
+TEST(SheetCommand, TheRoomDecidesWhatAShortRecordBecomes)
 {
     Program run;
-    run(Sheet({"-o", "r"}), "ok");
+    run(Sheet({"-o", "r"}), std::string(Change) + "ok");
+    run(Sheet({"--in", "r", "-o", "s"}), "ok");
+    EXPECT_EQ(run({"record", "diff", "r", "s"}), Done("{}\n"));
     run({"record", "set", "r", "dmDriverExtra=0", "-o", "short"});
-    run(Sheet({"--entry", "sheets", "--in", "short", "--room", GetParam().room, "-o", "s"}), "ok");
-    EXPECT_EQ(run.Contents("s").size(), GetParam().published);
+    for (const auto& [room, published] : {std::pair("1847", 220u), std::pair("1848", 1848u)}) {
+        run(Sheet({"--entry", "sheets", "--in", "short", "--room", room, "-o", "s"}), "ok");
+        EXPECT_EQ(run.Contents("s").size(), published) << room;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Program, SheetRoom,
-                         testing::Values(RoomRow{"0", 220}, RoomRow{"1847", 220}, RoomRow{"1848", 1848},
-                                         RoomRow{"100000", 1848}));
 
 TEST(SheetCommand, StandsAnyInput)
 {
@@ -181,27 +145,25 @@ struct UsageRow {
     const char* message;
 };
 
-class SheetUsage : public testing::TestWithParam<UsageRow> {};
-
-TEST_P(SheetUsage, IsRefused)
+TEST(SheetCommand, RefusesWhatDoesNotGoTogether)
 {
-    const Result result = Program()(Sheet(GetParam().words), GetParam().script);
-    EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.out, "");
-    EXPECT_THAT(result.err, HasSubstr(GetParam().message));
+    const std::vector<UsageRow> rows = {
+        {{"--room", "5"},                            "",         "--room goes with --entry sheets"                          },
+        {{"--entry", "advanced", "--no-permission"}, "",         "--no-permission does not go with"                         },
+        {{"--entry", "other"},                       "",         "--entry"                                                  },
+        {{"--in", "-"},                              "",         "standard input cannot be both"                            },
+        {{"-o", "-"},                                "",         "standard output cannot take"                              },
+        {{},                                         "ok\njump", "standard input: line 2 of the script: \"jump\" is no step"},
+    };
+    for (const UsageRow& row : rows) {
+        const Result result = Program()(Sheet(row.words), row.script);
+        EXPECT_EQ(result.status, 2) << row.message;
+        EXPECT_EQ(result.out, "");
+        EXPECT_THAT(result.err, HasSubstr(row.message));
+    }
+    EXPECT_EQ(Program()({"sheet", "Other", "--script", "-"}),
+              (Result{3, "", "qd480: there is no printer \"Other\" in the store\n"}));
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Program, SheetUsage,
-    testing::Values(
-        UsageRow{
-            {"--room", "5"},
-            "", "--room goes with --entry sheets"
-},
-        UsageRow{{"--entry", "advanced", "--no-permission"}, "", "--no-permission does not go with"},
-        UsageRow{{"--entry", "other"}, "", "--entry"}, UsageRow{{"--in", "-"}, "", "standard input cannot be both"},
-        UsageRow{{"-o", "-"}, "", "standard output cannot take"},
-        UsageRow{{}, "ok\njump", "standard input: line 2 of the script: \"jump\" is no step"}));
 
 TEST(SheetCommand, NeedsAScriptWhereThereIsNoDisplay)
 {
@@ -212,13 +174,6 @@ TEST(SheetCommand, NeedsAScriptWhereThereIsNoDisplay)
     EXPECT_EQ(run({"sheet", Printer}).status, 2);
     EXPECT_THAT(run({"sheet", Printer}).err, HasSubstr("give --script FILE"));
     EXPECT_THAT(run({"sheet", Printer, "--strict"}).err, HasSubstr("--strict goes with --script FILE"));
-}
-
-TEST(SheetCommand, NamesThePrinterThatThereIsNot)
-{
-    Program run;
-    EXPECT_EQ(run({"sheet", "Other", "--script", "-"}),
-              (Result{3, "", "qd480: there is no printer \"Other\" in the store\n"}));
 }
 
 }  // namespace
