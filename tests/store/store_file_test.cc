@@ -7,7 +7,6 @@
 #include <sys/wait.h>
 
 #include <algorithm>
-#include <random>
 
 #include "platform/registry.h"
 #include "store/sqlite_store.h"
@@ -188,36 +187,6 @@ TEST(StoreFile, CutShortIsRefusedAndLeftAsItIs)
         EXPECT_EQ(Contents(folder / "f"), cut) << length;
     }
     EXPECT_THAT(folder.Names(), ElementsAre("f", "made"));
-}
-
-// A flipped bit may lie where nothing tells it from data; then the store works. It never breaks the program,
-// and a file that is refused stays as it is.
-TEST(StoreFile, WithAFlippedBitIsRefusedOrWorks)
-{
-    TemporaryFolder folder;
-    {
-        SqliteStore store(folder / "made");
-        for (char16_t name = u'a'; name < u'z'; ++name) store.SetValue(First, {&name, 1}, Eight);
-    }
-    const std::string whole = Contents(folder / "made");
-    std::mt19937 random(4820);
-    int refused = 0;
-    for (int run = 0; run < 300; ++run) {
-        std::string flipped = whole;
-        // Mostly in the header and in the heads of the pages.
-        const std::size_t page = random() % (whole.size() / 4096) * 4096;
-        const std::size_t offset = run % 2 ? page + random() % 128 : random() % whole.size();
-        flipped[offset] = static_cast<char>(flipped[offset] ^ 1 << random() % 8);
-        Put(folder / "f", flipped);
-        try {
-            SqliteStore store(folder / "f");
-            for (const auto& printer : store.Printers()) store.Values(printer.name);
-        } catch (const StoreError&) {
-            ++refused;
-            EXPECT_EQ(Contents(folder / "f"), flipped) << offset;
-        }
-    }
-    EXPECT_GT(refused, 30);
 }
 
 TEST(StoreFile, ThatNobodyMayWriteServesReading)
