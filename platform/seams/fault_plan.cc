@@ -32,10 +32,18 @@ void FaultPlan::Add(std::string_view name, std::uint64_t call, bool andLater)
     planned_ = true;
 }
 
+void FaultPlan::AddAll(std::uint64_t call)
+{
+    allFrom_ = call;
+    planned_ = true;
+}
+
 void FaultPlan::Clear()
 {
     rules_.clear();
     calls_.clear();
+    failures_.clear();
+    allCalls_ = allFrom_ = 0;
     counting_ = planned_ = false;
 }
 
@@ -46,10 +54,13 @@ bool FaultPlan::CountedFails(const char* name)
     if (counter == calls_.end()) counter = calls_.emplace(std::string(key), 0).first;
     const std::uint64_t call = ++counter->second;
     const auto [first, last] = rules_.equal_range(key);
-    return std::any_of(first, last, [call](const auto& entry) {
-        const Rule& rule = entry.second;
-        return call == rule.call || (rule.andLater && call > rule.call);
-    });
+    const bool all = ++allCalls_ >= allFrom_ && allFrom_ != 0;
+    const bool fails = all || std::any_of(first, last, [call](const auto& entry) {
+                           const Rule& rule = entry.second;
+                           return call == rule.call || (rule.andLater && call > rule.call);
+                       });
+    if (fails) ++failures_[std::string(key)];
+    return fails;
 }
 
 bool FaultPlan::Offers(std::string_view name)

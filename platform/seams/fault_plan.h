@@ -16,9 +16,13 @@ class QD_API FaultPlan {
   public:
     // The call-th call (from 1) fails, with andLater every one behind it too.
     void Add(std::string_view name, std::uint64_t call, bool andLater);
+    // The call-th of all calls, whatever the function, fails, and every one behind it.
+    void AddAll(std::uint64_t call);
     void Clear();  // no faults, counters at 0, counting off
     void CountCalls(bool on) { counting_ = on; }
-    const std::map<std::string, std::uint64_t, std::less<>>& Calls() const { return calls_; }
+    using Counters = std::map<std::string, std::uint64_t, std::less<>>;
+    const Counters& Calls() const { return calls_; }
+    const Counters& Failures() const { return failures_; }  // the calls among them that have failed
 
     // Counts a call and tells whether it is to fail.
     bool Fails(const char* name) { return (counting_ || planned_) && CountedFails(name); }
@@ -33,7 +37,8 @@ class QD_API FaultPlan {
     };
     bool CountedFails(const char* name);
     std::multimap<std::string, Rule, std::less<>> rules_;
-    std::map<std::string, std::uint64_t, std::less<>> calls_;
+    Counters calls_, failures_;
+    std::uint64_t allCalls_ = 0, allFrom_ = 0;  // allFrom_ 0: never
     bool counting_ = false;
     bool planned_ = false;
 };

@@ -38,6 +38,18 @@ TEST(FaultPlan, AnotherFunctionsCallsDoNotCount)
     EXPECT_TRUE(plan.Fails("GlobalAlloc"));
 }
 
+TEST(FaultPlan, AllCallsFromOneOnFail)
+{
+    FaultPlan plan;
+    plan.AddAll(4);
+    EXPECT_FALSE(plan.Fails("GlobalFree"));
+    EXPECT_THAT(FiveCalls(plan), ElementsAre(false, false, true, true, true));
+    EXPECT_TRUE(plan.Fails("GlobalFree"));
+    EXPECT_THAT(plan.Failures(), ElementsAre(Pair("GlobalAlloc", 3), Pair("GlobalFree", 1)));
+    plan.Clear();
+    EXPECT_THAT(plan.Failures(), testing::IsEmpty());
+}
+
 TEST(FaultPlan, CountsCallsWhenAsked)
 {
     FaultPlan plan;
