@@ -14,12 +14,14 @@ constexpr int UserNameChars = 256;
 
 using WideText = std::array<WCHAR, 1024>;  // as much as the platform formats at once
 
-// Sends a text in the narrow code page; behind its terminator the payload is zero.
-void SendText(HDC job, int escape, const WCHAR* text, int limit, int size)
+// Sends a text in the narrow code page; behind its terminator the payload is zero. The text is empty then, so that
+// a next one that cannot be composed is sent as none and not as this one.
+void SendText(HDC job, int escape, WideText& text, int limit, int size)
 {
     std::array<CHAR, LongSize> payload{};
-    WideToNarrow(payload.data(), text, limit);
+    WideToNarrow(payload.data(), text.data(), limit);
     ExtEscape(job, escape, size, payload.data(), 0, nullptr);
+    text = {};
 }
 
 // The releases that are told apart. Any other of these two platforms goes by the name that all of them share.
@@ -82,21 +84,21 @@ void SendJobHeader(HDC job)
     GetLocalTime(&time);
     WideText text{};
     wsprintfW(text.data(), u"%04d%02d%02d", time.wYear, time.wMonth, time.wDay);
-    SendText(job, ESCAPE_JOB_DATE, text.data(), ShortLimit, ShortSize);
+    SendText(job, ESCAPE_JOB_DATE, text, ShortLimit, ShortSize);
     wsprintfW(text.data(), u"%02d%02d", time.wHour, time.wMinute);
-    SendText(job, ESCAPE_JOB_TIME, text.data(), ShortLimit, ShortSize);
+    SendText(job, ESCAPE_JOB_TIME, text, ShortLimit, ShortSize);
 
     std::array<WCHAR, 16> language{};
     GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_ILANGUAGE, language.data(), static_cast<int>(language.size()));
     ComposeSystem(text, LanguageCodeOf(language.data()));
-    SendText(job, ESCAPE_JOB_SYSTEM, text.data(), LongLimit, LongSize);
+    SendText(job, ESCAPE_JOB_SYSTEM, text, LongLimit, LongSize);
 
     std::array<WCHAR, UserNameChars> user{};
     DWORD chars = UserNameChars;
     GetUserNameW(user.data(), &chars);
     wsprintfW(text.data(), u"Username: %s;App Filename: ", user.data());
-    SendText(job, ESCAPE_JOB_USER, text.data(), LongLimit, LongSize);
+    SendText(job, ESCAPE_JOB_USER, text, LongLimit, LongSize);
 
     wsprintfW(text.data(), u";%02d/%02d/%04d;%02d:%02d", time.wDay, time.wMonth, time.wYear, time.wHour, time.wMinute);
-    SendText(job, ESCAPE_JOB_STAMP, text.data(), LongLimit, LongSize);
+    SendText(job, ESCAPE_JOB_STAMP, text, LongLimit, LongSize);
 }

@@ -56,7 +56,6 @@ constexpr int ColumnWidths[] = {234, 134};  // pixels: name, size
 constexpr int NameLimit = 19;               // characters that can be typed
 constexpr int NoRow = MostCustomPapers + 1;
 constexpr int NameChars = 21;
-constexpr int NewNameChars = 150;  // a text of the string table and a number
 
 void PrepareControls(HWND dialog)
 {
@@ -114,6 +113,13 @@ bool AddSize(HWND dialog, int position, const CustomPaperEntry& entry)
     return false;
 }
 
+void End(HWND dialog, bool accepted, INT_PTR result)
+{
+    CustomPaperAccepted = accepted ? 1 : 0;
+    if (EndDialog(dialog, result)) WorkListFree();
+}
+
+// The dialog's OK stores what is listed, so that a list that has no room for every size is not edited at all.
 void ListSizes(HWND dialog)
 {
     EnableCustomPaperEditor(dialog, EditorNormal, true);
@@ -121,7 +127,8 @@ void ListSizes(HWND dialog)
     SendDlgItemMessageW(dialog, IDC_CP_LIST, WM_SETREDRAW, FALSE, 0);
     SendDlgItemMessageW(dialog, IDC_CP_LIST, LVM_DELETEALLITEMS, 0, 0);
     int selected = 0, count = 0;
-    for (const PaperRow* row = &CustomHeadRow; row && AddSize(dialog, count, EntryOf(*row)); row = row->next.get()) {
+    for (const PaperRow* row = &CustomHeadRow; row; row = row->next.get()) {
+        if (!AddSize(dialog, count, EntryOf(*row))) return End(dialog, false, 0);
         if (row->code == PaperChoice.code) selected = count;
         ++count;
     }
@@ -153,9 +160,7 @@ void OnNotified(HWND dialog, const NMHDR& notification)
 void GiveNewName(HWND dialog, CustomPaperEntry& entry, int rows)
 {
     for (int i = 0; i <= rows; ++i) {
-        WCHAR name[NewNameChars] = {};
-        wsprintfW(name, u"%s%d", LoadResString(IDS_NEW_PAPER, 0), i);
-        CopyBounded(entry.cpName, name, NameChars);
+        CopyBounded(entry.cpName, Numbered(LoadResString(IDS_NEW_PAPER, 0), i).c_str(), NameChars);
         if (CustomPaperNameTaken(entry.cpName, dialog, rows, NoRow) == 0) return;
     }
 }
@@ -204,12 +209,6 @@ void OnDelete(HWND dialog)
 }
 
 // A dialog that does not end keeps its sizes: an empty list that is saved later would take the printer's.
-void End(HWND dialog, bool accepted, INT_PTR result)
-{
-    CustomPaperAccepted = accepted ? 1 : 0;
-    if (EndDialog(dialog, result)) WorkListFree();
-}
-
 // The Enter key ends the dialog without leaving the field that it is pressed in.
 void LeaveField(HWND dialog) { SetFocus(GetDlgItem(dialog, IDOK)); }
 

@@ -80,7 +80,7 @@ void FormCustomText(WCHAR* text, const PaperRow& row)
     const PaperSizeRecord& size = row.size ? *row.size : none;
     const bool metric = size.psUnit == UnitMillimetres;
     const int parts = metric ? 10 : 100;
-    WCHAR extent[RowTextChars - RowNameChars];
+    WCHAR extent[RowTextChars - RowNameChars] = {};
     wsprintfW(extent, metric ? u"(%d.%01dx%d.%01d %s)" : u"(%d.%02dx%d.%02d %s)", size.psWidth / parts,
               size.psWidth % parts, size.psLength / parts, size.psLength % parts,
               LoadResString(metric ? IDS_UNIT_MM : IDS_UNIT_INCH, 0));
@@ -97,7 +97,7 @@ int InsertPaperRows(HWND dialog, int control)
         const bool custom = number >= BuiltInPaperRows;
         if (custom && CustomHeadRow.code == 0) return false;
         if (row.enabled == 0) return true;
-        WCHAR text[RowTextChars];
+        WCHAR text[RowTextChars] = {};
         if (custom) FormCustomText(text, row);
         Insert(dialog, control, position, custom ? text : row.name, row.code);
         row.position = position;

@@ -7,6 +7,7 @@
 #include "pages/watermark_dialog_preview.h"
 #include "platform/kernel.h"
 #include "preview/drawing_scope.h"
+#include "settings/wide_text.h"
 #include "watermark/placement.h"
 #include "watermark/watermark_load.h"
 #include "watermark/watermark_values.h"
@@ -121,13 +122,12 @@ SHORT FreeSlot()
 }
 
 // Under the first free name of "Watermark", "Watermark1" and so on. Among more names than there can be rows one is
-// free; if none is taken then, it is memory that is short.
+// free; if none is taken then, it is memory that is short. Without the text that names begin with, the number is one.
 bool AddUnderFreeName()
 {
-    for (int number = 1; AddWatermarkRow(WatermarkEdit) != 1; ++number) {
+    for (int number = 1; !WatermarkEdit.wmName[0] || AddWatermarkRow(WatermarkEdit) != 1; ++number) {
         if (number > MostWatermarks + 1) return false;
-        WCHAR name[MessageChars] = {};
-        wsprintfW(name, u"%s%d", LoadResString(IDS_NEW_WATERMARK, 0), number);
+        const std::u16string name = Numbered(LoadResString(IDS_NEW_WATERMARK, 0), number);
         CopyToField(WatermarkEdit.wmName, WatermarkNameChars, name);
     }
     return true;

@@ -1,6 +1,7 @@
 #include "settings/wide_text.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 void CopyBounded(WCHAR* destination, const WCHAR* source, std::size_t chars)
@@ -27,6 +28,12 @@ void WideToNarrow(CHAR* destination, const WCHAR* source, int chars)
     ULONG written = 0;
     RtlUnicodeToMultiByteN(destination, limit, &written, source, length * sizeof(WCHAR));
     destination[limit - 1] = 0;
+}
+
+std::u16string Numbered(const WCHAR* text, int number)
+{
+    const std::string digits = std::to_string(number);
+    return std::u16string(text).append(digits.begin(), digits.end());
 }
 
 WCHAR* HeapCopyString(const WCHAR* source, HANDLE heap)

@@ -2,6 +2,8 @@
 // terminator; narrow text is in the system's code page.
 #pragma once
 
+#include <string>
+
 #include "platform/kernel.h"
 
 // At most chars - 1 characters, and zeros up to the end of the destination: it is always terminated and
@@ -12,6 +14,9 @@ void CopyBounded(WCHAR* destination, const WCHAR* source, std::size_t chars);
 // source; the last character of the limit becomes 0, and what a shorter source does not reach stays.
 void NarrowToWide(WCHAR* destination, const CHAR* source, int chars);
 void WideToNarrow(CHAR* destination, const WCHAR* source, int chars);
+
+// The text with the number behind it, in decimal.
+std::u16string Numbered(const WCHAR* text, int number);
 
 // A copy from the heap's memory, or null.
 WCHAR* HeapCopyString(const WCHAR* source, HANDLE heap);

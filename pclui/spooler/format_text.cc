@@ -50,7 +50,7 @@ class Arguments {
 
 void PutNumber(Output& output, const WCHAR* format, LONG number)
 {
-    WCHAR text[16];
+    WCHAR text[16] = {};
     wsprintfW(text, format, number);
     output.Put(text);
 }

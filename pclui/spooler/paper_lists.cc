@@ -40,14 +40,14 @@ class SlotText {
 
 void AppendMillimetres(SlotText& text, const WCHAR* format, int tenths)
 {
-    WCHAR number[16];
+    WCHAR number[16] = {};
     wsprintfW(number, format, tenths / 10);
     text.Append(number);
 }
 
 void AppendInches(SlotText& text, const WCHAR* format, int hundreds, int sixteenths)
 {
-    WCHAR number[32];
+    WCHAR number[32] = {};
     wsprintfW(number, format, hundreds / 100, static_cast<int>(sixteenths * 100 * 0.0625));
     text.Append(number);
 }

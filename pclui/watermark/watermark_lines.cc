@@ -4,7 +4,7 @@
 #include <iterator>
 #include <string>
 
-#include "platform/kernel.h"
+#include "settings/wide_text.h"
 #include "watermark/placement.h"
 #include "watermark/watermark_list.h"
 #include "watermark/watermark_values.h"
@@ -125,9 +125,7 @@ std::u16string AttributeLine(const WatermarkRecord& row)
                                            row.wmAngle};
     std::u16string line;
     for (const int number : numbers) {
-        WCHAR text[16];
-        wsprintfW(text, u"%d|", number);
-        line += text;
+        line = Numbered(line.c_str(), number) + u'|';  // never fails: a field less would shift those behind it
     }
     line += FaceOf(row);
     line += LineEnd;
