@@ -34,11 +34,12 @@ void DrawName(HDC context)
     GetObjectW(before, sizeof font, &font);
     font.lfHeight = -NamePoints * GetDeviceCaps(context, LOGPIXELSY) / PointsPerInch;
     HFONT made = CreateFontIndirectW(&font);
-    if (made) SelectObject(context, made);
+    HGDIOBJ replaced = made ? SelectObject(context, made) : nullptr;
     TextOutW(context, 0, 0, ProductName, static_cast<int>(std::size(ProductName) - 1));
-    SetBkMode(context, mode);
-    if (before) SelectObject(context, before);
-    if (made) DeleteObject(made);
+    if (mode) PutBack([&] { return SetBkMode(context, mode); });
+    // Without the stock font it is the name's own that has taken the first one's place.
+    if (before || replaced) PutBack([&] { return SelectObject(context, before ? before : replaced); });
+    if (made) PutBack([&] { return DeleteObject(made); });
 }
 
 void Draw(HWND dialog)

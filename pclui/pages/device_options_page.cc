@@ -44,12 +44,13 @@ void Initialise(HWND dialog)
     DeviceRefresh(dialog);
 }
 
-// The memory that is left for a job follows when the record is next merged.
+// The memory that is left for a job follows when the record is next merged. A row whose text could not be loaded
+// changes nothing.
 void OnMemoryPicked(HWND dialog)
 {
-    if (CurrentSettings) {
-        CurrentSettings->dmTotalMemory = static_cast<SHORT>(GetDlgItemInt(dialog, IDC_TOTAL_MEMORY, nullptr, FALSE));
-    }
+    BOOL isNumber = FALSE;
+    const UINT memory = GetDlgItemInt(dialog, IDC_TOTAL_MEMORY, &isNumber, FALSE);
+    if (CurrentSettings && isNumber) CurrentSettings->dmTotalMemory = static_cast<SHORT>(memory);
     TellSheet(dialog);
 }
 

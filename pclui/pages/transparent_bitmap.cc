@@ -2,6 +2,7 @@
 
 #include "module.h"
 #include "platform/user.h"
+#include "watermark/put_back.h"
 
 namespace {
 
@@ -19,11 +20,11 @@ class MemoryPictures {
     ~MemoryPictures()
     {
         for (int part = 0; part < Parts; ++part)
-            if (before_[part]) SelectObject(contexts_[part], before_[part]);
+            if (before_[part]) PutBack([&] { return SelectObject(contexts_[part], before_[part]); });
         for (HDC context : contexts_)
-            if (context) DeleteDC(context);
+            if (context) PutBack([&] { return DeleteDC(context); });
         for (HBITMAP bitmap : bitmaps_)
-            if (bitmap) DeleteObject(bitmap);
+            if (bitmap) PutBack([&] { return DeleteObject(bitmap); });
     }
     MemoryPictures(const MemoryPictures&) = delete;
     MemoryPictures& operator=(const MemoryPictures&) = delete;
@@ -52,8 +53,8 @@ void FillWithFace(HDC context, const RECT& box)
     HBRUSH face = CreateSolidBrush(GetSysColor(COLOR_BTNFACE));
     HRGN region = CreateRectRgn(box.left, box.top, box.right, box.bottom);
     if (face && region) FillRgn(context, region, face);
-    if (region) DeleteObject(region);
-    if (face) DeleteObject(face);
+    if (region) PutBack([&] { return DeleteObject(region); });
+    if (face) PutBack([&] { return DeleteObject(face); });
 }
 
 }  // namespace
