@@ -1,0 +1,48 @@
+// Walks through the module again and again, each time with other platform calls that fail: at each place one call
+// alone, that function from there on, and everything from there on. A walk makes its own machine, turns the faults
+// on when all stands and off before it looks at what has come of it.
+//
+// Of the places about one in every so many is tried; all of them with QD480_EVERY_FAILURE in the environment.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <string>
+
+#include "platform/seams/fault_plan.h"
+
+namespace testing_support {
+
+class Attempt {
+  public:
+    enum class Mode { Clean, Once, Later, All };
+    Attempt() = default;
+    Attempt(Mode mode, std::string function, std::uint64_t call)
+        : mode_(mode), function_(std::move(function)), call_(call)
+    {
+    }
+
+    void Begin() const;
+    void End();  // more than once does no harm
+
+    bool Clean() const { return mode_ == Mode::Clean; }
+    bool Single() const { return mode_ == Mode::Once; }
+    std::string Name() const;
+    // How often calls of these functions have failed.
+    std::uint64_t Failed(std::initializer_list<const char*> functions) const;
+    std::uint64_t Failed() const;  // of any
+    const platform::FaultPlan::Counters& Calls() const { return calls_; }
+
+  private:
+    Mode mode_ = Mode::Clean;
+    std::string function_;
+    std::uint64_t call_ = 0;
+    platform::FaultPlan::Counters calls_, failures_;
+};
+
+// Tries the places and checks after each that nothing has been kept but what could not be given back, that the walk
+// ends, and at last that it still goes as it did before the first.
+void TryEveryPlace(const char* what, std::uint64_t every, const std::function<void(Attempt&)>& walk);
+
+}  // namespace testing_support
