@@ -123,14 +123,14 @@ constexpr Step Script[] = {
     {Sheet,            Do::Click,  IDC_LANDSCAPE},
     {Sheet,            Do::Click,  IDC_ROTATED},
     {Sheet,            Do::Click,  IDC_EDIT_CUSTOM},
-    {IDD_CUSTOM_PAPER, Do::Row,    IDC_CP_LIST, 1},
+    {IDD_CUSTOM_PAPER, Do::Row,    IDC_CP_LIST, 0},
     {IDD_CUSTOM_PAPER, Do::Type,   IDC_CP_WIDTH_INCH, 0, u"9"},
     {IDD_CUSTOM_PAPER, Do::Click,  IDC_CP_UNIT_MM},
     {IDD_CUSTOM_PAPER, Do::Type,   IDC_CP_NAME, 0, u"Gone"},
     {IDD_CUSTOM_PAPER, Do::Append, IDC_CP_NAME, 0, u"2"},
     {IDD_CUSTOM_PAPER, Do::Click,  IDC_CP_NEW},
     {IDD_CUSTOM_PAPER, Do::Click,  IDC_HELP},
-    {IDD_CUSTOM_PAPER, Do::Row,    IDC_CP_LIST, 2},
+    {IDD_CUSTOM_PAPER, Do::Row,    IDC_CP_LIST, 1},
     {IDD_CUSTOM_PAPER, Do::Click,  IDC_CP_DELETE},
     {IDD_CUSTOM_PAPER, Do::Click,  IDOK},
     {IDD_CUSTOM_PAPER, Do::Click,  IDOK},
@@ -262,16 +262,17 @@ void Furnish(Machine& machine)
                                  {u"Last",    u"L"}
     });
     StorePapers(machine,
-                {Entry(257, u"Kept", 0, 1000, 1500), Entry(258, u"Changed", 1, 800, 1100, 8),
-                 Entry(259, u"Gone", 0, 2160, 3560)},
+                {Entry(257, u"Changed", 1, 800, 1100, 8), Entry(258, u"Gone", 0, 2160, 3560),
+                 Entry(259, u"Kept", 0, 1000, 1500)},
                 TestPrinter);
     StoreOverlays(machine, TestPrinter,
                   {Overlay(u"Kept", u"/k.oxl"), Overlay(u"Changed", u"/c.oxl"), Overlay(u"Gone", u"/g.oxl")});
 }
 
-// What cannot be read, or has no room, is not there to be saved.
-constexpr std::initializer_list<const char*> Loaders = {"OpenPrinterW", "GetPrinterDataW", "GlobalAlloc",
-                                                        "GlobalLock",   "LB_INSERTSTRING", "CB_INSERTSTRING"};
+// What cannot be read, or is not in its list for want of room or of an answer, is not there to be saved.
+constexpr std::initializer_list<const char*> Loaders = {"OpenPrinterW",       "GetPrinterDataW", "GlobalAlloc",
+                                                        "GlobalLock",         "LB_INSERTSTRING", "CB_INSERTSTRING",
+                                                        "SendDlgItemMessageW"};
 
 void CheckList(const char* what, const RowNames& names, const RowNames& whole, const Attempt& attempt)
 {
@@ -287,7 +288,7 @@ void CheckStore(Machine& machine, const Attempt& attempt)
 {
     const bool mayDiffer = attempt.Failed({"SetPrinterDataW"}) > 0;
     CheckList("watermarks", WatermarkNamesStored(machine, mayDiffer), {u"Kept", u"Gone", u"Watermark"}, attempt);
-    CheckList("papers", PaperNames(machine, mayDiffer), {u"Kept", u"Gone2", u"New Paper0"}, attempt);
+    CheckList("papers", PaperNames(machine, mayDiffer), {u"Gone2", u"Kept", u"New Paper0"}, attempt);
     CheckList("overlays", OverlayNames(machine, mayDiffer), {u"Kept", u"Bill", u"Form Overlay-3-"}, attempt);
     EXPECT_EQ(machine.store->Value(TestPrinter, u"PrinterData")->bytes, (platform::Bytes{0, 4, 8, 0, 1, 0, 0, 0}));
     EXPECT_EQ(machine.store->Values(TestPrinter).size(), 9u);

@@ -42,13 +42,21 @@ Program::~Program()
     std::filesystem::remove_all(folder_, ignored);
 }
 
-Result Program::operator()(const std::vector<std::string>& given, const std::string& input) const
+Result Program::operator()(const std::vector<std::string>& words, const std::string& input) const
+{
+    const pid_t child = Start(words, input, "");
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status), Contents(".out"), Contents(".err")};
+}
+
+pid_t Program::Start(const std::vector<std::string>& given, const std::string& input, const std::string& name) const
 {
     std::vector<std::string> words = given;
     for (std::string& word : words) {
         if (const auto mark = word.find("{}"); mark != std::string::npos) word.replace(mark, 2, folder_.string());
     }
-    Put(".in", input);
+    Put(".in" + name, input);
     const pid_t child = ::fork();
     if (child == 0) {
         ::unsetenv("DISPLAY");
@@ -56,9 +64,9 @@ Result Program::operator()(const std::vector<std::string>& given, const std::str
         ::setenv("XDG_DATA_HOME", folder_.c_str(), 1);
         ::setenv("LC_ALL", "C", 1);
         if (::chdir(folder_.c_str()) != 0) ::_exit(126);
-        Redirect(Path(".in"), O_RDONLY, STDIN_FILENO);
-        Redirect(Path(".out"), O_WRONLY | O_CREAT | O_TRUNC, STDOUT_FILENO);
-        Redirect(Path(".err"), O_WRONLY | O_CREAT | O_TRUNC, STDERR_FILENO);
+        Redirect(Path(".in" + name), O_RDONLY, STDIN_FILENO);
+        Redirect(Path(".out" + name), O_WRONLY | O_CREAT | O_TRUNC, STDOUT_FILENO);
+        Redirect(Path(".err" + name), O_WRONLY | O_CREAT | O_TRUNC, STDERR_FILENO);
         std::string program = QD_PROGRAM_PATH;
         std::vector<char*> arguments = {program.data()};
         for (std::string& word : words) arguments.push_back(word.data());
@@ -66,9 +74,7 @@ Result Program::operator()(const std::vector<std::string>& given, const std::str
         ::execv(arguments[0], arguments.data());
         ::_exit(127);
     }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status), Contents(".out"), Contents(".err")};
+    return child;
 }
 
 void Program::Put(const std::string& name, const std::string& contents) const

@@ -1,6 +1,8 @@
 // Runs qd480 as a process of its own, in a folder of its own with a store of its own.
 #pragma once
 
+#include <sys/types.h>
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -24,6 +26,9 @@ class Program {
 
     // Words as a shell would pass them. {} in a word is the folder.
     Result operator()(const std::vector<std::string>& words, const std::string& input = "") const;
+    // The same without waiting for it. What it reads and writes is in files that end in name; the caller waits
+    // for the process.
+    pid_t Start(const std::vector<std::string>& words, const std::string& input, const std::string& name) const;
 
     std::filesystem::path Path(const std::string& name) const { return folder_ / name; }
     void Put(const std::string& name, const std::string& contents) const;

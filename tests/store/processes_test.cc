@@ -5,7 +5,11 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <functional>
+#include <random>
+#include <stdexcept>
 
 #include "platform/registry.h"
 #include "store/sqlite_store.h"
@@ -113,34 +117,95 @@ TEST(Processes, ThatReadNeverSeeHalfAValue)
     for (const pid_t child : children) EXPECT_EQ(Finish(child), 0);
 }
 
-TEST(Processes, ThatAreKilledLeaveAWholeStore)
+// What a process writes tells who has written it and how long it is, and is longer than a page more often than not.
+constexpr BYTE Turns = 80;
+Bytes Signed(BYTE process, int turn, std::size_t length)
 {
+    Bytes bytes(length, static_cast<BYTE>(process * Turns + turn));
+    const auto size = static_cast<std::uint32_t>(length);
+    std::memcpy(bytes.data(), &size, sizeof size);
+    return bytes;
+}
+
+bool Whole(const Bytes& bytes, BYTE processes)
+{
+    return bytes.size() >= 8 && bytes.back() < processes * Turns && bytes == Signed(0, bytes.back(), bytes.size());
+}
+
+// Reads everything there is and leaves when something is not whole.
+void ReadOn(const std::filesystem::path& file, BYTE most)
+{
+    SqliteStore store(file);
+    for (;;) {
+        for (const auto& [name, value] : store.Values(First))
+            if (!Whole(value.bytes, most)) throw std::runtime_error("half a value");
+        const Bytes record = store.DefaultRecord(First);
+        if (!record.empty() && !Whole(record, most)) throw std::runtime_error("half a record");
+    }
+}
+
+// Writes over and over: a value that all share, one of its own, the record, and a value of the printer's key.
+void WriteOn(const std::filesystem::path& file, BYTE process, std::mt19937 random)
+{
+    for (int turn = 0;;) {
+        SqliteStore store(file);
+        for (int run = 0; run < 20; ++run, ++turn) {
+            const Bytes bytes = Signed(process, turn % Turns, 8 + random() % 30'000);
+            switch (random() % 5) {
+                case 0:
+                    store.SetValue(First, u"Shared", {REG_BINARY, bytes});
+                    break;
+                case 1:
+                    store.SetValue(First, Name(process, 0), {REG_BINARY, bytes});
+                    break;
+                case 2:
+                    store.SetDefaultRecord(First, bytes);
+                    break;
+                case 3:
+                    store.SetKeyValue(platform::PrinterKeyPath(First), u"Shared", {REG_BINARY, bytes});
+                    break;
+                default:
+                    store.DeleteValue(First, Name(process, 1));
+                    store.SetValue(First, Name(process, 1), {REG_BINARY, bytes});
+            }
+        }
+    }
+}
+
+// Rounds of readers and writers that are killed one after the other, each at any moment; QD480_KILLING_ROUNDS
+// makes more of them.
+TEST(Processes, ThatAreKilledAtRandomLeaveWholeValuesOfSomeone)
+{
+    constexpr BYTE Writers = 3, Readers = 2;
+    const char* more = std::getenv("QD480_KILLING_ROUNDS");
+    const int rounds = more ? std::atoi(more) : 25;
     TemporaryFolder folder;
     {
         SqliteStore store(folder / "f");
+        store.SetValue(First, u"Kept", {REG_BINARY, Signed(0, 77, 9'000)});
     }
-    for (int round = 0; round < 5; ++round) {
-        int ready[2];
-        ASSERT_EQ(::pipe(ready), 0);
-        const pid_t child = Start([&] {
-            SqliteStore store(folder / "f");
-            for (BYTE run = 0;; ++run) {
-                store.SetValue(First, u"V", {REG_BINARY, Bytes(50'000, run)});
-                if (run == 3 && ::write(ready[1], "", 1) != 1) ::_exit(1);
-            }
-        });
-        char byte;
-        ASSERT_EQ(::read(ready[0], &byte, 1), 1);
-        ::kill(child, SIGKILL);
-        Finish(child);
-        ::close(ready[0]);
-        ::close(ready[1]);
+    std::mt19937 random(4820);
+    for (int round = 0; round < rounds; ++round) {
+        std::vector<pid_t> children;
+        for (BYTE i = 0; i < Writers; ++i)
+            children.push_back(Start([&, seed = random(), i] { WriteOn(folder / "f", i, std::mt19937(seed)); }));
+        for (BYTE i = 0; i < Readers; ++i) children.push_back(Start([&] { ReadOn(folder / "f", Writers); }));
+        std::shuffle(children.begin(), children.end(), random);
+        for (const pid_t child : children) {
+            ::usleep(random() % 15'000);
+            ::kill(child, SIGKILL);
+        }
+        for (const pid_t child : children) EXPECT_EQ(Finish(child), SIGKILL) << round;
 
         SqliteStore store(folder / "f");
-        const Bytes bytes = store.Value(First, u"V")->bytes;
-        ASSERT_EQ(bytes.size(), 50'000u);
-        EXPECT_EQ(bytes, Bytes(bytes.size(), bytes[0]));
-        EXPECT_TRUE(store.SetValue(First, u"V", {REG_BINARY, {1}}));
+        const auto values = store.Values(First);
+        for (const auto& [name, value] : values) EXPECT_TRUE(Whole(value.bytes, Writers)) << round;
+        EXPECT_EQ(values.at(u"Kept").bytes, Signed(0, 77, 9'000));
+        const Bytes record = store.DefaultRecord(First);
+        EXPECT_TRUE(record.empty() || Whole(record, Writers));
+        for (const auto& [name, value] : store.KeyValues(platform::PrinterKeyPath(First)))
+            EXPECT_TRUE(Whole(value.bytes, Writers)) << round;
+        EXPECT_EQ(store.Printers().size(), 1u);
     }
     EXPECT_THAT(folder.Names(), ElementsAre("f"));
 }
