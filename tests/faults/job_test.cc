@@ -132,7 +132,7 @@ void WalkTheJob(Attempt& attempt, Heard& whole)
     }
     EXPECT_THAT(log, testing::IsSubsetOf(whole.log));
     if (attempt.Single() && record.dmWatermarkOn == 1) {  // the record may not have been merged
-        EXPECT_GE(log.size() + 4, whole.log.size());  // no more than one page's stamp
+        EXPECT_GE(log.size() + 4, whole.log.size());      // no more than one page's stamp
     }
     // The head of the job tells what it would or, where something could not be known, less; never something else.
     const std::string system = "OS: ", user = "Username: ";
