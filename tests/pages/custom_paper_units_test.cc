@@ -19,44 +19,38 @@ TEST(CustomPaperUnits, HundredthsOfSixteenthsComeBackAsTheSixteenths)
 
 TEST(CustomPaperUnits, SixteenthsRoundToTheNearestAndTiesGoUp)
 {
-    const struct {
-        int hundredths, sixteenths;
-    } rows[] = {
-        {3,  0 },
-        {4,  1 },
-        {9,  1 },
-        {10, 2 },
-        {96, 15},
-        {97, 16},
-        {99, 16}
-    };
-    for (const auto& row : rows) EXPECT_EQ(HundredthsToSixteenths(row.hundredths), row.sixteenths) << row.hundredths;
-}
-
-TEST(CustomPaperUnits, LimitsOfOneUnitAreThoseOfTheOther)
-{
-    const struct {
-        InchLength inches;
-        int tenths;
-    } rows[] = {
-        {{300, 0},  760 },
-        {{800, 8},  2160},
-        {{500, 0},  1270},
-        {{1400, 0}, 3560}
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(InchesFromTenths(row.tenths), row.inches) << row.tenths;
-        EXPECT_EQ(TenthsFromInches(row.inches), row.tenths);
-    }
+    for (const auto& [hundredths, sixteenths] : {
+             std::pair{3,  0 },
+             {4,  1 },
+             {9,  1 },
+             {10, 2 },
+             {96, 15},
+             {97, 16},
+             {99, 16}
+    })
+        EXPECT_EQ(HundredthsToSixteenths(hundredths), sixteenths) << hundredths;
 }
 
 TEST(CustomPaperUnits, MillimetresAndInchesRound)
 {
-    EXPECT_EQ(InchesFromTenths(2100), (InchLength{800, 4}));
-    EXPECT_EQ(InchesFromTenths(2970), (InchLength{1100, 11}));
-    EXPECT_EQ(InchesFromTenths(3550), (InchLength{1400, 0}));
-    EXPECT_EQ(InchesFromTenths(770), (InchLength{300, 1}));
-    EXPECT_EQ(TenthsFromInches({300, 1}), 780);
+    const struct {
+        int tenths;
+        InchLength inches;
+        int back;
+    } rows[] = {
+        {760,  {300, 0},   760 },
+        {770,  {300, 1},   780 },
+        {1270, {500, 0},   1270},
+        {2100, {800, 4},   2100},
+        {2160, {800, 8},   2160},
+        {2970, {1100, 11}, 2970},
+        {3550, {1400, 0},  3560},
+        {3560, {1400, 0},  3560},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(InchesFromTenths(row.tenths), row.inches) << row.tenths;
+        EXPECT_EQ(TenthsFromInches(row.inches), row.back) << row.tenths;
+    }
     EXPECT_EQ(TenthsFromInches({300, 9}), 910);
 }
 
@@ -73,7 +67,7 @@ TEST(CustomPaperUnits, DefaultsAreTheSizesOfA4AndLetterInDots)
     EXPECT_EQ(letter.psLengthDots, 3300);
 }
 
-TEST(CustomPaperUnits, ASizeSurvivesTheWayThroughARow)
+TEST(CustomPaperUnits, ASizeSurvivesTheWayThroughARowUnlessItsUnitIsUnknown)
 {
     CustomPaperEntry entry{};
     entry.cpUnit = UnitInches;
@@ -86,17 +80,10 @@ TEST(CustomPaperUnits, ASizeSurvivesTheWayThroughARow)
     EXPECT_EQ(back.cpWidthSixteenths, 6);
     EXPECT_EQ(back.cpHeight, 1300);
     EXPECT_EQ(back.cpHeightSixteenths, 15);
-}
-
-TEST(CustomPaperUnits, AnUnknownUnitHasNoSize)
-{
-    CustomPaperEntry entry{};
     entry.cpUnit = 2;
-    entry.cpWidth = 2100;
-    const PaperSizeRecord size = RowSize(entry);
-    EXPECT_EQ(size.psWidth, 0);
-    EXPECT_EQ(size.psWidthDots, 0);
-    EXPECT_EQ(size.psUnit, 2);
+    EXPECT_EQ(RowSize(entry).psWidth, 0);
+    EXPECT_EQ(RowSize(entry).psWidthDots, 0);
+    EXPECT_EQ(RowSize(entry).psUnit, 2);
 }
 
 }  // namespace

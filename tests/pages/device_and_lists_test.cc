@@ -10,18 +10,10 @@ using namespace testing_support;
 using testing::Contains;
 
 constexpr char16_t DeviceOptions[] = u"Device Options Setting";
-constexpr SHORT Auto = 7, Tray1 = 1, Tray2 = 2, Manual = 4;
+constexpr SHORT Auto = 7, Tray1 = 1, Tray2 = 2;
 constexpr SHORT Plain = 0, Envelope = 2;
 constexpr SHORT Letter = 1, A5 = 11, EnvelopeDL = 27;
 constexpr DWORD None = 0, Installed = 0x80, InstalledAmongOthers = 0xFF;
-
-struct Case {
-    const char* name;
-    DWORD flags;
-    SHORT source, media, paper;
-    const char *setup, *onPaper;          // before Default
-    const char *setupAfter, *paperAfter;  // and after it
-};
 
 // "7 1 *2 4": item data, with a star at the selected row.
 std::string Codes(PaperSheet& sheet, int list)
@@ -54,62 +46,60 @@ std::string OnPaper(PaperSheet& sheet)
            " | " + std::to_string(record.dmDefaultSource) + " " + std::to_string(record.dmPaperSize);
 }
 
-class DeviceDefaultElsewhere : public testing::TestWithParam<Case> {};
-INSTANTIATE_TEST_SUITE_P(
-    Pages, DeviceDefaultElsewhere,
-    testing::Values(Case{"NotInstalled", None, Auto, Plain, Letter, "*7 1 4 | *0 1 2 3 4 | 7 0", "16 10 E | 7 1",
-                         "*7 1 4 | *0 1 2 3 4 | 7 0", "16 10 E | 7 1"},
-                    Case{"NotChosen", Installed, Tray1, Plain, Letter, "7 *1 2 4 | *0 1 2 3 4 | 1 0", "16 10 E | 1 1",
-                         "7 *1 4 | *0 1 2 3 4 | 1 0", "16 10 E | 1 1"},
-                    Case{"Manual", Installed, Manual, Plain, Letter, "7 1 2 *4 | *0 1 2 3 4 | 4 0", "16 10 E | 4 1",
-                         "7 1 *4 | *0 1 2 3 4 | 4 0", "16 10 E | 4 1"},
-                    Case{"PaperThatItDoesNotTake", Installed, Auto, Plain, A5, "*7 1 4 | *0 1 2 3 4 | 7 0",
-                         "16 10 E | 7 11", "*7 1 4 | *0 1 2 3 4 | 7 0", "16 10 E | 7 11"},
-                    Case{"AnotherMedia", Installed, Auto, Envelope, EnvelopeDL, "*7 1 4 | 0 1 *2 3 4 | 7 2",
-                         "8 10 E | 7 27", "*7 1 4 | 0 1 *2 3 4 | 7 2", "8 10 E | 7 27"},
-                    // The record keeps the source that is gone from the list.
-                    Case{"Chosen", Installed, Tray2, Plain, Letter, "7 1 *2 4 | *0 | 2 0", "5 5 e | 2 1",
-                         "*7 1 4 | *0 1 2 3 4 | 2 0", "16 10 E | 2 1"},
-                    // Any flag of the device leaves the Paper page with the papers of the source.
-                    Case{"ChosenAmongOtherFlags", InstalledAmongOthers, Tray2, Plain, Letter, "7 1 *2 4 | *0 | 2 0",
-                         "5 5 e | 2 1", "*7 1 4 | *0 1 2 3 4 | 2 0", "5 5 e | 2 1"}),
-    [](const auto& test) { return test.param.name; });
-
-TEST_P(DeviceDefaultElsewhere, ReachesBothPagesInEitherOrder)
+TEST(DeviceOptions, DefaultReachesBothPagesInEitherOrder)
 {
-    const Case& one = GetParam();
-    for (const char16_t* first : {u"Setup", u"Paper"}) {
-        PaperSheet sheet([&](DriverDevMode& record) {
-            record.dmDeviceFlags = one.flags;
-            record.dmDefaultSource = one.source;
-            record.dmMediaIndex = one.media;
-            record.dmPaperSize = one.paper;
-        });
-        EXPECT_EQ(OnSetup(sheet), one.setup);
-        EXPECT_EQ(OnPaper(sheet), one.onPaper);
-        sheet.Page(DeviceOptions).Click(IDC_DEFAULT).Page(first);
-        EXPECT_EQ(OnPaper(sheet), one.paperAfter);
-        EXPECT_EQ(OnSetup(sheet), one.setupAfter);
-        EXPECT_EQ(OnPaper(sheet), one.paperAfter);
+    struct Case {
+        const char* name;
+        DWORD flags;
+        SHORT source, media, paper;
+        const char *setup, *onPaper;          // before Default
+        const char *setupAfter, *paperAfter;  // and after it
+    };
+    // The record keeps a source that is gone from the list; any flag of the device leaves the Paper page with the
+    // papers of that source.
+    const Case cases[] = {
+        {"not installed", None,                 Auto,  Plain,    Letter,     "*7 1 4 | *0 1 2 3 4 | 7 0",   "16 10 E | 7 1",
+         "*7 1 4 | *0 1 2 3 4 | 7 0",                                                                                                                      "16 10 E | 7 1" },
+        {"not chosen",    Installed,            Tray1, Plain,    Letter,     "7 *1 2 4 | *0 1 2 3 4 | 1 0", "16 10 E | 1 1",
+         "7 *1 4 | *0 1 2 3 4 | 1 0",                                                                                                                      "16 10 E | 1 1" },
+        {"another paper", Installed,            Auto,  Plain,    A5,         "*7 1 4 | *0 1 2 3 4 | 7 0",   "16 10 E | 7 11",
+         "*7 1 4 | *0 1 2 3 4 | 7 0",                                                                                                                      "16 10 E | 7 11"},
+        {"another media", Installed,            Auto,  Envelope, EnvelopeDL, "*7 1 4 | 0 1 *2 3 4 | 7 2",   "8 10 E | 7 27",
+         "*7 1 4 | 0 1 *2 3 4 | 7 2",                                                                                                                      "8 10 E | 7 27" },
+        {"chosen",        Installed,            Tray2, Plain,    Letter,     "7 1 *2 4 | *0 | 2 0",         "5 5 e | 2 1",    "*7 1 4 | *0 1 2 3 4 | 2 0",
+         "16 10 E | 2 1"                                                                                                                                                   },
+        {"among others",  InstalledAmongOthers, Tray2, Plain,    Letter,     "7 1 *2 4 | *0 | 2 0",         "5 5 e | 2 1",
+         "*7 1 4 | *0 1 2 3 4 | 2 0",                                                                                                                      "5 5 e | 2 1"   },
+    };
+    for (const Case& one : cases) {
+        for (const char16_t* first : {u"Setup", u"Paper"}) {
+            SCOPED_TRACE(one.name + (", first " + platform::ToUtf8(first)));
+            PaperSheet sheet([&](DriverDevMode& record) {
+                record.dmDeviceFlags = one.flags;
+                record.dmDefaultSource = one.source;
+                record.dmMediaIndex = one.media;
+                record.dmPaperSize = one.paper;
+            });
+            EXPECT_EQ(OnSetup(sheet), one.setup);
+            EXPECT_EQ(OnPaper(sheet), one.onPaper);
+            sheet.Page(DeviceOptions).Click(IDC_DEFAULT).Page(first);
+            EXPECT_EQ(OnPaper(sheet), one.paperAfter);
+            EXPECT_EQ(OnSetup(sheet), one.setupAfter);
+            EXPECT_EQ(OnPaper(sheet), one.paperAfter);
+        }
     }
 }
 
-struct Figure {
-    const char16_t* page;
-    int radio;
-};
-constexpr Figure Figures[] = {
-    {u"Setup",   IDC_SETUP_PRINTER_FIGURE  },
-    {u"Paper",   IDC_PAPER_PRINTER_FIGURE  },
-    {u"Quality", IDC_QUALITY_PRINTER_FIGURE},
-};
-
 void ExpectFigures(PaperSheet& sheet, const char* bitmap)
 {
-    for (const Figure& figure : Figures) {
-        sheet.Page(figure.page).Drawn();
-        sheet.Click(figure.radio);
-        EXPECT_THAT(sheet.Drawn(), Contains(bitmap)) << figure.radio;
+    for (const auto& [page, radio] : {
+             std::pair{u"Setup",   IDC_SETUP_PRINTER_FIGURE  },
+             {u"Paper",   IDC_PAPER_PRINTER_FIGURE  },
+             {u"Quality", IDC_QUALITY_PRINTER_FIGURE}
+    }) {
+        sheet.Page(page).Drawn();
+        sheet.Click(radio);
+        EXPECT_THAT(sheet.Drawn(), Contains(bitmap)) << radio;
     }
 }
 

@@ -15,56 +15,43 @@ using testing::ElementsAre;
 using testing_support::Sheet;
 using testing_support::TestMachine;
 
-// Runs on the page's own thread.
-void OnPage(Sheet& sheet, const std::function<void(HWND page)>& work)
-{
-    sheet.Try([&](HWND page) {
-        work(page);
-        return platform::user::Outcome::Done;
-    });
-}
+class FillCombo : public testing::Test {
+  protected:
+    // The Smoothtone list of the Quality page with other strings; what it reads, or other.
+    WORD Fill(int first, int last, OptionKey option, WORD other = 0)
+    {
+        sheet.Page(u"Quality");
+        sheet.Try([&](HWND page) {
+            FillComboFromStrings(page, IDC_SMOOTHTONE, first, last, option, &other);
+            return platform::user::Outcome::Done;
+        });
+        return other;
+    }
+    Sheet sheet{[](DriverDevMode& record) { record.dmTonerDensity = 5; }};
+};
 
-TEST(FillCombo, ReplacesTheRowsAndReadsTheOptionWithoutSelecting)
+TEST_F(FillCombo, ReplacesTheRowsAndReadsTheOptionWithoutSelecting)
 {
-    Sheet sheet([](DriverDevMode& record) { record.dmTonerDensity = 5; });
-    sheet.Page(u"Quality");
-    WORD value = 0;
-    OnPage(sheet, [&](HWND page) {
-        FillComboFromStrings(page, IDC_SMOOTHTONE, IDS_MEMORY_FIRST, IDS_MEMORY_LAST, TonerDensityOption, &value);
-    });
+    EXPECT_EQ(Fill(IDS_MEMORY_FIRST, IDS_MEMORY_LAST, TonerDensityOption), 5);
     EXPECT_THAT(sheet.Items(IDC_SMOOTHTONE), ElementsAre(u"16", u"144"));
     EXPECT_THAT(sheet.ItemData(IDC_SMOOTHTONE), ElementsAre(0, 1));
     EXPECT_EQ(sheet.Selection(IDC_SMOOTHTONE), -1);
-    EXPECT_EQ(value, 5);
 }
 
-TEST(FillCombo, AnUnknownGroupLeavesTheBufferAsItWas)
+TEST_F(FillCombo, AnUnknownGroupLeavesTheBufferAsItWas)
 {
-    Sheet sheet;
-    sheet.Page(u"Quality");
-    WORD value = 4711;
-    OnPage(sheet, [&](HWND page) {
-        FillComboFromStrings(page, IDC_SMOOTHTONE, IDS_DUPLEX_FIRST, IDS_DUPLEX_LONG_EDGE, {1305, 1302}, &value);
-    });
+    EXPECT_EQ(Fill(IDS_DUPLEX_FIRST, IDS_DUPLEX_LONG_EDGE, {1305, 1302}, 4711), 4711);
     EXPECT_THAT(sheet.Items(IDC_SMOOTHTONE), ElementsAre(u"Off", u"Short Edge Binding", u"Long Edge Binding"));
-    EXPECT_EQ(value, 4711);
 }
 
-TEST(FillCombo, ARunWithoutStringsEmptiesTheList)
+TEST_F(FillCombo, ARunWithoutStringsEmptiesTheList)
 {
-    Sheet sheet;
-    sheet.Page(u"Quality");
-    WORD value = 0;
-    OnPage(sheet, [&](HWND page) {
-        FillComboFromStrings(page, IDC_SMOOTHTONE, IDS_MEMORY_LAST, IDS_MEMORY_FIRST, SmoothtoneOption, &value);
-    });
+    EXPECT_EQ(Fill(IDS_MEMORY_LAST, IDS_MEMORY_FIRST, SmoothtoneOption), 2);
     EXPECT_TRUE(sheet.Items(IDC_SMOOTHTONE).empty());
-    EXPECT_EQ(value, 2);
 }
 
-TEST(FillCombo, AStringThatCannotBeLoadedIsAnEmptyRow)
+TEST_F(FillCombo, AStringThatCannotBeLoadedIsAnEmptyRow)
 {
-    Sheet sheet;
     // The page is filled when it is made and again when it comes to the front, 14 strings each time.
     platform::CurrentEnvironment().faults.Add("LoadStringW", 14 + 2, false);
     sheet.Page(u"Quality");
@@ -81,13 +68,7 @@ TEST(LoadResString, ATextHoldsUntilTheNextOnItsSlot)
     const WCHAR* second = LoadResString(IDS_UNIT_INCH, 0);
     EXPECT_EQ(second, first.data());
     EXPECT_EQ(first, u"in");
-}
-
-TEST(LoadResString, AMissingStringIsEmpty)
-{
-    const TestMachine machine;
-    LoadResString(IDS_UNIT_MM, 2);
-    EXPECT_EQ(std::u16string_view(LoadResString(3, 2)), u"");
+    EXPECT_EQ(std::u16string_view(LoadResString(3, 0)), u"") << "a string that there is not";
 }
 
 }  // namespace

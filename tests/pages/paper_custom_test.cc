@@ -1,5 +1,4 @@
 // Editing the custom sizes from the Paper page: what comes back from the dialog.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tests/support/paper_sheet.h"
@@ -8,10 +7,8 @@ namespace {
 
 using namespace testing_support;
 
-const std::vector<CustomPaperEntry> Forms = {Entry(257, u"Form", 0, 2100, 2970), Entry(258, u"Card", 1, 800, 1100, 8)};
-
 // How the list ends.
-std::string Shown(PaperSheet& sheet)
+std::string Paper(PaperSheet& sheet)
 {
     const DriverDevMode record = sheet.Settings();
     return sheet.Shown(IDC_DOCUMENT_SIZE) + " | " + std::to_string(record.dmPaperSize) + " " +
@@ -19,142 +16,83 @@ std::string Shown(PaperSheet& sheet)
            std::to_string(sheet.Items(IDC_DOCUMENT_SIZE).size());
 }
 
-struct EditCase {
-    const char* name;
-    int country;
-    SHORT media, code;
-    bool stored;
-    std::function<void(PaperSheet&)> edit;  // in the dialog
-    const char* line;
-};
-
+// Ways to use the dialog.
 void Accept(PaperSheet& sheet) { sheet.Click(IDOK); }
-void MakeOne(PaperSheet& sheet)
-{
-    sheet.Click(IDC_CP_NEW);
-    Accept(sheet);
-}
-void DeleteAll(PaperSheet& sheet)
-{
-    sheet.Click(IDC_CP_DELETE).Click(IDC_CP_DELETE);
-    Accept(sheet);
-}
-void PickSecond(PaperSheet& sheet)
-{
-    sheet.Row(IDC_CP_LIST, 1);
-    Accept(sheet);
-}
-void DeleteFirst(PaperSheet& sheet)
-{
-    sheet.Row(IDC_CP_LIST, 0).Click(IDC_CP_DELETE);
-    Accept(sheet);
-}
-void Widen(PaperSheet& sheet)
-{
-    sheet.Type(IDC_CP_WIDTH_MM, u"216");
-    Accept(sheet);
-}
+void MakeOne(PaperSheet& sheet) { sheet.Click(IDC_CP_NEW).Click(IDOK); }
+void DeleteAll(PaperSheet& sheet) { sheet.Click(IDC_CP_DELETE).Click(IDC_CP_DELETE).Click(IDOK); }
+void PickSecond(PaperSheet& sheet) { sheet.Row(IDC_CP_LIST, 1).Click(IDOK); }
+void DeleteFirst(PaperSheet& sheet) { sheet.Row(IDC_CP_LIST, 0).Click(IDC_CP_DELETE).Click(IDOK); }
+void Widen(PaperSheet& sheet) { sheet.Type(IDC_CP_WIDTH_MM, u"216").Click(IDOK); }
 void GiveUp(PaperSheet& sheet) { sheet.Click(IDC_CP_NEW).Click(IDCANCEL); }
 void CloseIt(PaperSheet& sheet) { sheet.Click(IDC_CP_NEW).CloseDialog(); }
-
-class EditCustom : public testing::TestWithParam<EditCase> {};
-INSTANTIATE_TEST_SUITE_P(
-    PaperPage, EditCustom,
-    testing::Values(
-        EditCase{"TheFirst", Germany, 0, 9, false, MakeOne, "New Paper0 (210.0x297.0 mm) | 257 2480x3507 of 17"},
-        EditCase{"TheFirstInInches", UnitedStates, 0, 1, false, MakeOne,
-                 "New Paper0 (8.50x11.00 inch) | 257 2550x3300 of 17"},
-        EditCase{"AThird", Germany, 0, 9, true, MakeOne, "New Paper0 (210.0x297.0 mm) | 259 2480x3507 of 19"},
-        EditCase{"AnotherChoice", Germany, 0, 257, true, PickSecond, "Card (8.50x11.00 inch) | 258 2550x3300 of 18"},
-        EditCase{"TheSameChoice", Germany, 0, 258, true, Accept, "Card (8.50x11.00 inch) | 258 2550x3300 of 18"},
-        EditCase{"AnotherSize", Germany, 0, 257, true, Widen, "Form (216.0x297.0 mm) | 257 2551x3507 of 18"},
-        EditCase{"OneMovedUp", Germany, 0, 258, true, DeleteFirst, "Card (8.50x11.00 inch) | 257 2550x3300 of 17"},
-        EditCase{"NoneLeft", Germany, 0, 258, true, DeleteAll, "A4 (210 x 297 mm) | 9 2480x3507 of 16"},
-        EditCase{"NoneLeftInAmerica", UnitedStates, 0, 258, true, DeleteAll,
-                 "Letter (8.5 x 11 inch) | 1 2550x3300 of 16"},
-        EditCase{"Cancelled", Germany, 0, 11, true, GiveUp, "A5 (148 x 210 mm) | 11 1748x2480 of 18"},
-        EditCase{"Closed", Germany, 0, 257, true, CloseIt, "Form (210.0x297.0 mm) | 257 2480x3507 of 18"},
-        // Custom sizes are for plain paper alone.
-        EditCase{"OnTransparencies", Germany, 1, 1, true, PickSecond, "A4 (210 x 297 mm) | 9 2480x3507 of 2"},
-        EditCase{"OnEnvelopes", Germany, 2, 28, true, PickSecond, "Envelope DL (110 x 220 mm) | 27 1299x2598 of 8"},
-        EditCase{"OnPostcards", Germany, 3, 223, true, PickSecond,
-                 "Japanese Postcard (100 x 148 mm) | 216 1181x1748 of 2"},
-        EditCase{"OnThickPaper", UnitedStates, 4, 11, true, MakeOne, "Letter (8.5 x 11 inch) | 1 2550x3300 of 16"},
-        EditCase{"NoneLeftOnEnvelopes", Germany, 2, 28, true, DeleteAll,
-                 "Envelope DL (110 x 220 mm) | 27 1299x2598 of 8"}),
-    [](const auto& test) { return test.param.name; });
-
-TEST_P(EditCustom, GivesThePaper)
+void FailToSave(PaperSheet& sheet)
 {
-    const EditCase& one = GetParam();
-    PaperSheet sheet(
-        [&](DriverDevMode& record) {
-            record.dmMediaIndex = one.media;
-            record.dmPaperSize = one.code;
-        },
-        one.stored ? Forms : std::vector<CustomPaperEntry>{}, one.country);
-    const int before = sheet.Changes();
-    sheet.Click(IDC_EDIT_CUSTOM);
-    EXPECT_EQ(sheet.Template(), IDD_CUSTOM_PAPER);
-    one.edit(sheet);
-    EXPECT_EQ(sheet.Template(), IDD_PAPER);
-    EXPECT_EQ(Shown(sheet), one.line);
-    EXPECT_EQ(sheet.Changes(), before + 1);
-    EXPECT_EQ(Shown(sheet.GoAwayAndComeBack()), one.line);
+    sheet.Click(IDC_CP_DELETE);
+    sheet.Machine().Fail("OpenPrinterW");
+    sheet.Click(IDOK);
+    platform::CurrentEnvironment().faults.Clear();
 }
 
-TEST(PaperPageEditCustom, GivesABookletItsPaper)
+TEST(PaperCustom, TheSizeThatWasSelectedBecomesThePaper)
 {
-    PaperSheet sheet([](DriverDevMode& record) { record.dmBookletPaper = 1; }, Forms);
-    sheet.Click(IDC_EDIT_CUSTOM).Row(IDC_CP_LIST, 1).Click(IDOK);
-    EXPECT_EQ(sheet.Settings().dmBookletPaper, 258);
+    const std::vector<CustomPaperEntry> none;
+    struct EditCase {
+        const char* name;
+        int country;
+        SHORT media, code;
+        std::vector<CustomPaperEntry> stored;
+        void (*edit)(PaperSheet& sheet);
+        const char* line;
+    };
+    // Custom sizes are for plain paper alone: another media brings a paper of its own.
+    // clang-format off
+    const EditCase cases[] = {
+        {"first",            Germany,      0, 9,   none,        MakeOne,     "New Paper0 (210.0x297.0 mm) | 257 2480x3507 of 17"},
+        {"first in inches",  UnitedStates, 0, 1,   none,        MakeOne,     "New Paper0 (8.50x11.00 inch) | 257 2550x3300 of 17"},
+        {"third",            Germany,      0, 9,   FormAndCard, MakeOne,     "New Paper0 (210.0x297.0 mm) | 259 2480x3507 of 19"},
+        {"another choice",   Germany,      0, 257, FormAndCard, PickSecond,  "Card (8.50x11.00 inch) | 258 2550x3300 of 18"},
+        {"same choice",      Germany,      0, 258, FormAndCard, Accept,      "Card (8.50x11.00 inch) | 258 2550x3300 of 18"},
+        {"another size",     Germany,      0, 257, FormAndCard, Widen,       "Form (216.0x297.0 mm) | 257 2551x3507 of 18"},
+        {"moved up",         Germany,      0, 258, FormAndCard, DeleteFirst, "Card (8.50x11.00 inch) | 257 2550x3300 of 17"},
+        {"none left",        Germany,      0, 258, FormAndCard, DeleteAll,   "A4 (210 x 297 mm) | 9 2480x3507 of 16"},
+        {"none in America",  UnitedStates, 0, 258, FormAndCard, DeleteAll,   "Letter (8.5 x 11 inch) | 1 2550x3300 of 16"},
+        {"cancelled",        Germany,      0, 11,  FormAndCard, GiveUp,      "A5 (148 x 210 mm) | 11 1748x2480 of 18"},
+        {"closed",           Germany,      0, 257, FormAndCard, CloseIt,     "Form (210.0x297.0 mm) | 257 2480x3507 of 18"},
+        {"not saved",        Germany,      0, 11,  FormAndCard, FailToSave,  "A5 (148 x 210 mm) | 11 1748x2480 of 18"},
+        {"transparency",     Germany,      1, 1,   FormAndCard, PickSecond,  "A4 (210 x 297 mm) | 9 2480x3507 of 2"},
+        {"envelope",         Germany,      2, 28,  FormAndCard, PickSecond,  "Envelope DL (110 x 220 mm) | 27 1299x2598 of 8"},
+        {"no envelope left", Germany,      2, 28,  FormAndCard, DeleteAll,   "Envelope DL (110 x 220 mm) | 27 1299x2598 of 8"},
+        {"postcard",         Germany,      3, 223, FormAndCard, PickSecond,  "Japanese Postcard (100 x 148 mm) | 216 1181x1748 of 2"},
+        {"thick paper",      UnitedStates, 4, 11,  FormAndCard, MakeOne,     "Letter (8.5 x 11 inch) | 1 2550x3300 of 16"},
+    };
+    // clang-format on
+    for (const EditCase& one : cases) {
+        SCOPED_TRACE(one.name);
+        PaperSheet sheet(
+            [&](DriverDevMode& record) {
+                record.dmMediaIndex = one.media;
+                record.dmPaperSize = one.code;
+            },
+            one.stored, one.country);
+        const int before = sheet.Changes();
+        sheet.Click(IDC_EDIT_CUSTOM);
+        EXPECT_EQ(sheet.Template(), IDD_CUSTOM_PAPER);
+        one.edit(sheet);
+        EXPECT_EQ(sheet.Template(), IDD_PAPER);
+        EXPECT_EQ(Paper(sheet), one.line);
+        EXPECT_EQ(sheet.Changes(), before + 1);
+        EXPECT_EQ(Paper(sheet.GoAwayAndComeBack()), one.line);
+    }
 }
 
-TEST(PaperPageEditCustom, ChangesNothingIfTheDialogCannotBeShown)
+TEST(PaperCustom, ADialogThatCannotBeShownChangesNothing)
 {
-    PaperSheet sheet([](DriverDevMode& record) { record.dmPaperSize = 5; }, Forms);
+    PaperSheet sheet([](DriverDevMode& record) { record.dmPaperSize = 5; }, FormAndCard);
     sheet.Click(IDC_EDIT_CUSTOM).Row(IDC_CP_LIST, 1).Click(IDOK);
     sheet.Choose(IDC_DOCUMENT_SIZE, u"Legal (8.5 x 14 inch)");
     sheet.Machine().Fail("DialogBoxParamW");
     sheet.Click(IDC_EDIT_CUSTOM);
-    EXPECT_EQ(Shown(sheet), "Legal (8.5 x 14 inch) | 5 2550x4200 of 18");
-}
-
-TEST(PaperPageEditCustom, ChangesNothingIfThePrinterCannotBeWritten)
-{
-    PaperSheet sheet({}, Forms);
-    sheet.Click(IDC_EDIT_CUSTOM).Row(IDC_CP_LIST, 1).Click(IDC_CP_DELETE);
-    sheet.Machine().Fail("OpenPrinterW");
-    sheet.Click(IDOK);
-    EXPECT_EQ(Shown(sheet), "Letter (8.5 x 11 inch) | 1 2550x3300 of 18");
-}
-
-TEST(PaperPageEditCustom, ShowsItsChoiceInTheNextSheetToo)
-{
-    DriverDevMode record{};
-    const auto stored = std::make_shared<platform::MemoryStore>();
-    {
-        PaperSheet sheet;
-        sheet.Click(IDC_EDIT_CUSTOM).Click(IDC_CP_NEW).Type(IDC_CP_WIDTH_INCH, u"5").Click(IDOK);
-        record = sheet.Ok();
-        for (const auto& [name, value] : sheet.Machine().store->Values(TestPrinter)) {
-            stored->Add({TestPrinter, TestPrinter});
-            stored->SetValue(TestPrinter, name, value);
-        }
-    }
-    EXPECT_EQ(record.dmPaperSize, 257);
-    EXPECT_EQ(record.dmPaperWidth, 1650);
-    Sheet next(
-        [&](DriverDevMode& settings) {
-            settings = record;
-            StandInForSetup(settings);
-        },
-        [&](TestMachine& machine) {
-            for (const auto& [name, value] : stored->Values(TestPrinter))
-                machine.store->SetValue(TestPrinter, name, value);
-        });
-    next.Page(u"Paper");
-    EXPECT_EQ(next.Text(IDC_DOCUMENT_SIZE), u"New Paper0 (5.50x11.00 inch)");
+    EXPECT_EQ(Paper(sheet), "Legal (8.5 x 14 inch) | 5 2550x4200 of 18");
 }
 
 }  // namespace

@@ -18,6 +18,9 @@ namespace testing_support {
 inline constexpr int UnitedStates = 1;
 inline constexpr int Germany = 49;
 
+inline const std::vector<CustomPaperEntry> FormAndCard = {Entry(257, u"Form", 0, 2100, 2970),
+                                                          Entry(258, u"Card", 1, 800, 1100, 8)};
+
 // What the Setup page leaves behind before the Paper page is created, in a process that has shown no sheet yet.
 inline void StandInForSetup(const DriverDevMode& record)
 {
@@ -101,7 +104,15 @@ class PaperSheet : public Sheet {
                " | " + std::to_string(record.dmImageShiftOn) + " " + std::to_string(record.dmImageShiftX) + " " +
                std::to_string(record.dmImageShiftY);
     }
+    // The one of these lines that a number field belongs to.
+    std::string LineOf(int field) { return field == IDC_SCALING ? Fit() : field == IDC_COPIES ? Copies() : Shift(); }
     std::string Shown(int control) { return platform::ToUtf8(Text(control)); }
+    // Item data of the selected row, -1 without one.
+    LPARAM Code(int list)
+    {
+        const int selection = Selection(list);
+        return selection < 0 ? -1 : ItemData(list).at(static_cast<std::size_t>(selection));
+    }
 
   private:
     std::string Mark(int control) { return Checked(control) ? "x" : "-"; }
