@@ -58,7 +58,7 @@ bool OverlayPath(const View& view, long)
 
 // Rows of Anywhere hold for every step while the page is or was in front, since leaving a field puts things right as
 // well. Dialog 0 is any.
-constexpr int Anywhere = -3;
+constexpr int Anywhere = -4;
 struct ChangeRow {
     int dialog, control;
     std::string_view fields;
@@ -74,6 +74,7 @@ constexpr std::string_view ShiftFields = "dmImageShiftX dmImageShiftY";
 // clang-format off
 constexpr ChangeRow Changes[] = {
     {0,         Applied,                  "dmFields dmPaperLength dmPaperWidth",          Anything},
+    {0,         Confirmed,                "dmFields dmPaperLength dmPaperWidth dmOverlayFile dmOverlayState", Anything},
     {IDD_SETUP, Arrival,                  DuplexFields,                                   OneOf<0>},
     {IDD_SETUP, Arrival,                  NupOff,                                         OneOf<0>},
     {IDD_SETUP, Arrival,                  "dmNupCount",                                   OneOf<1>},
@@ -148,12 +149,9 @@ constexpr ChangeRow Changes[] = {
     {IDD_PAPER, IDC_EDIT_CUSTOM,          "dmCopies",                                     OneOf<1>},
     {IDD_PAPER, IDC_OUTPUT_SIZE,          "dmOutputPaper",                                OneOf<1, 5, 7, 9, 11, 15, 214, 215, 222, 310>},
     {IDD_PAPER, IDC_FIT_TO_PAPER,         "dmOutputPaper",                                OneOf<1, 5, 7, 9, 11, 15, 214, 215, 222, 310>},
-    {IDD_PAPER, IDC_FIT_TO_PAPER,         "dmFitToPaper",                                 In<0, 2>},
     {IDD_PAPER, IDC_FIT_TO_PAPER,         "dmZoom",                                       OneOf<100>},
     {IDD_PAPER, IDC_SCALING,              "dmZoom",                                       In<20, 400>},
-    {IDD_PAPER, IDC_SCALING,              "dmFitToPaper",                                 In<0, 2>},
     {IDD_PAPER, IDC_COPIES,               "dmCopies",                                     In<1, 999>},
-    {IDD_PAPER, IDC_UNCOLLATED,           "dmCollateMode",                                OneOf<0>},
     {IDD_PAPER, IDC_COLLATED,             "dmCollateMode",                                OneOf<1>},
     {IDD_PAPER, IDC_PROOF_PRINT,          "dmProofPrint",                                 In<0, 1>},
     {IDD_PAPER, IDC_PORTRAIT,             "dmOrientation",                                OneOf<1>},

@@ -13,7 +13,8 @@ namespace random_use {
 // to the front, Elsewhere for the keyboard. What is wrong, empty if nothing.
 inline constexpr int Arrival = 0;
 inline constexpr int Elsewhere = -1;
-inline constexpr int Applied = -2;  // Apply: then the page comes to the front again
+inline constexpr int Applied = -2;    // Apply: then the page comes to the front again
+inline constexpr int Confirmed = -3;  // OK of the sheet; the record is then the published one
 std::string WrongChanges(const View& view, int dialogBefore, int control);
 
 std::string WrongStores(const Start& start, const platform::StoredValues& before, const platform::StoredValues& after,

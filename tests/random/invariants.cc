@@ -8,6 +8,7 @@
 #include "pages/watermark_dialog_fields.h"
 #include "resources/control_numbers.h"
 #include "settings/list_rows.h"
+#include "settings/model_tables.h"
 #include "watermark/overlay_list.h"
 #include "watermark/watermark_list.h"
 
@@ -45,6 +46,14 @@ bool Unscaled(V v) { return v.record.dmZoom == 100 && v.record.dmFitToPaper == 0
 bool FitLocked(V v) { return NupOn(v) || Booklet(v); }
 bool CollateForced(V v) { return Duplex(v) && (Booklet(v) || v.record.dmDuplexBinding != 0); }
 bool RasterAllowed(V v) { return v.record.dmFitToPaper == 0 && v.record.dmNupOn != 1 && !Booklet(v); }
+
+bool PaperTakesMedia(V v)
+{
+    const DWORD mask = MediaTable[static_cast<std::size_t>(v.record.dmMediaIndex)].mask;
+    for (const PaperEntry& paper : PaperTable)
+        if (static_cast<int>(paper.code) == v.record.dmPaperSize) return paper.mediaMask & mask;
+    return mask == PaperTable.back().mediaMask;  // stored sizes
+}
 
 long NupPosition(V v)
 {
@@ -287,6 +296,7 @@ const Row Rows[] = {
     {"the mode tells of scaling",           AnyPage, OnceHeld, [](V v) { return Pair(v.record.dmFitToPaper == 1, v.record.dmZoom != 100); }},
     {"toner save is 600 x 600",             AnyPage, OnceHeld, [](V v) { return Pair(v.record.dmTonerSave && ResolutionPosition(v) != 0, 0); }},
     {"resolution is print quality",         AnyPage, OnceHeld, [](V v) { return Pair(v.record.dmResolution, v.record.dmPrintQuality); }},
+    {"a paper comes in its media",          AnyPage, OnceHeld, [](V v) { return Pair(PaperTakesMedia(v), 1); }},
     {"a booklet clears the shift",          IDD_SETUP,   Always, [](V v) { return Pair(Booklet(v) && Unscaled(v) && (v.record.dmImageShiftX || v.record.dmImageShiftY), 0); }},
     {"N-up is off while scaled",            IDD_SETUP,   Always, [](V v) { return Pair(!Unscaled(v) && NupOn(v), 0); }},
     {"transparency is simplex",             IDD_SETUP,   Always, [](V v) { return Pair(v.record.dmMediaIndex == 1 && (Duplex(v) || Booklet(v) || v.record.dmDuplexBinding), 0); }},
@@ -424,6 +434,7 @@ constexpr Exception Exceptions[] = {
     {"custom limits",   [](V v) { return v.Typing(IDC_CP_WIDTH_INCH); }, "whole inches at their limit bring the sixteenths along when the field is left"},
     {"smoothtone locked", [](V v) { return v.record.dmFixedResolution > 1 || v.record.dmFixedResolution < 0; }, "Default unlocks smoothtone and clears a fixed resolution of 1 alone"},
     {"edit custom locked", [](V v) { return v.record.dmDefaultSource == 2 && !(v.record.dmDeviceFlags & 128); }, "a Tray2 that is not there counts as Tray1 in front, until Default asks the record again"},
+    {"a paper comes in its media", [](V v) { return v.record.dmDefaultSource == 2; }, "Tray2 takes the media back to plain paper and leaves the paper"},
     {"duplex locked",   [](V v) { return v.record.dmDefaultSource == 2 && !(v.record.dmDeviceFlags & 128); }, "a Tray2 that is not there takes the media back as well; duplex opens with the next refresh"},
     {"paper rows",      [](V) { return SelectedSource == 2; }, "Default filters by media, and the list keeps the papers of Tray2 until the page comes to the front"},
     {"the mode tells of scaling", [](V v) { return FitLocked(v) || v.before.dmNupOn || v.before.dmBookletPaper; }, "N-up and booklets take the mode and leave the scaling for the time after them"},

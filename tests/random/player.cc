@@ -362,6 +362,13 @@ void Player::ShowSheet()
     if (result != IDOK && result != IDCANCEL) return Fail("the sheet answers " + std::to_string(result));
     if (result == IDCANCEL && !applied_ && !untouched) return Fail("a cancelled sheet publishes a record");
     if (result == IDOK && untouched) return Fail("OK publishes nothing");
+    const auto& published = *reinterpret_cast<const DriverDevMode*>(output.data());
+    const bool whole = published.dmSize == RecordPublicSize && published.dmDriverExtra == RecordPrivateSize;
+    if (result == IDOK && whole) {
+        const View view{start_, nullptr, nullptr, dialog_, published, last_, false, false};
+        if (const std::string wrong = WrongChanges(view, dialog_, Confirmed); !wrong.empty())
+            return Fail("published: " + wrong);
+    }
     // The same user goes on with what was chosen.
     if (result == IDOK && in == nullptr) start_.input.assign(output.begin(), output.begin() + sizeof(DriverDevMode));
 }
