@@ -4,23 +4,55 @@
 #pragma once
 
 #include <map>
+#include <set>
+#include <span>
 #include <string>
-#include <utility>
 
 #include "tests/random/view.h"
 
 namespace random_use {
 
-class Invariants {
+// What is shown, or what there is, and what it has to be.
+struct Pair {
+    long shown, held;
+    template <class Shown, class Held>
+    Pair(Shown a, Held b) : shown(static_cast<long>(a)), held(static_cast<long>(b))
+    {
+    }
+    bool operator==(const Pair&) const = default;
+};
+
+// Since when a row holds. OnceHeld: an application's record or store may break it, until a control has put it right.
+enum Since { Always, OnceHeld };
+inline constexpr int AnyPage = 0;
+
+struct Invariant {
+    const char* name;
+    int dialog;
+    Since since;
+    Pair (*ask)(const View&);
+};
+extern const std::span<const Invariant> PageInvariants, DialogInvariants;
+
+// Where the driver itself leaves a control and the record apart. The excuse counts from the moment that the two part,
+// and until one of them changes.
+struct Exception {
+    const char* invariant;
+    bool (*when)(const View&);
+    const char* reason;
+};
+extern const std::span<const Exception> PageExceptions, DialogExceptions;
+
+class Judge {
   public:
-    // What does not hold now, empty if all does. To be asked after every step, since what has its excuse keeps it
-    // until it changes.
-    std::string Judge(const View& view);
-    void NewSheet() { excused_.clear(), held_.clear(); }
+    // What does not hold now, empty if all does. To be asked after every step of one sheet.
+    std::string Wrong(const View& view);
 
   private:
-    std::map<std::string_view, std::pair<long, long>> excused_;
-    std::map<std::string_view, bool> held_;
+    bool Excused(const Invariant& row, const Pair& now, const View& view);
+
+    std::map<std::string_view, Pair> excused_;
+    std::set<std::string_view> held_;
 };
 
 }  // namespace random_use

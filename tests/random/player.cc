@@ -24,6 +24,7 @@
 #include "settings/options.h"
 #include "spooler/document_properties.h"
 #include "tests/random/changes.h"
+#include "tests/random/hands.h"
 #include "tests/random/invariants.h"
 #include "tests/support/sheet_driver.h"
 
@@ -35,7 +36,6 @@ namespace {
 
 namespace user = platform::user;
 using testing_support::TestPrinter;
-using user::Outcome;
 
 // What the process notes for the one that waits for it.
 struct Ledger {
@@ -114,17 +114,15 @@ class Player : public platform::Desktop {
     bool Failed() const { return ledger_.failure[0] != 0; }
     void Fail(const std::string& what) { Note(ledger_.failure, what); }
     bool MoreSteps() const { return ledger_.count < static_cast<int>(given_ ? given_->size() : MostSteps); }
-    Step Draw(HWND top);
-    Outcome Act(const Step& step, HWND top);
     void Take(const Step& step, HWND top);
-    void Judge(const Step& step, int dialogBefore, int control);
+    void Look(const Step& step, int dialogBefore, int control);
     void ShowSheet();
 
     Ledger& ledger_;
     Random random_;
     const std::optional<std::vector<Step>>& given_;
     Start start_;
-    Invariants invariants_;
+    Judge judge_;
     Step now_;  // the step that is being taken
     int at_ = 0, dialog_ = 0, control_ = Arrival;
     std::vector<std::u16string> boxes_;
@@ -132,150 +130,6 @@ class Player : public platform::Desktop {
     DriverDevMode last_{};
     platform::StoredValues lastStore_;
 };
-
-int TemplateOf(HWND dialog)
-{
-    const user::Window* window = user::Find(dialog);
-    const auto* state = window ? window->As<user::DialogState>() : nullptr;
-    return state ? state->templateNumber : 0;
-}
-
-// What a user could take hold of, each as often as it is likely.
-Step Player::Draw(HWND top)
-{
-    const HWND dialog = user::DialogOf(top);
-    const bool sheet = dialog != top;
-    std::vector<Step> bag;
-    const auto put = [&](int times, Action action, int control = 0) {
-        for (; times > 0; --times) bag.push_back({action, true, 0, static_cast<std::int16_t>(control), 0});
-    };
-    if (const user::Window* window = user::Find(dialog)) {
-        for (const HWND handle : window->children) {
-            const user::Window& child = *user::Find(handle);
-            // Now and then what is locked: it has to be refused.
-            if (child.id <= 0 || ((!child.enabled || !child.visible) && !random_.Chance(1, 20))) continue;
-            const DWORD type = child.style & 0x0F;
-            const bool ends =
-                child.id == IDOK || child.id == IDCANCEL || child.id == IDC_HELP || child.id == IDC_DEFAULT;
-            if (child.kind == user::Kind::Button && type != BS_GROUPBOX && type != BS_OWNERDRAW)
-                put(ends ? 1 : 3, Action::Click, child.id);
-            if (child.As<user::ListState>()) put(5, Action::Choose, child.id);
-            if (child.kind == user::Kind::UpDown) put(2, Action::Spin, child.id);
-            if (child.kind == user::Kind::ListView) put(4, Action::Row, child.id);
-            if (child.kind == user::Kind::Edit) {
-                put(3, Action::Type, child.id);
-                put(1, Action::Append, child.id);
-                put(1, Action::Paste, child.id);
-                put(1, Action::Focus, child.id);
-            }
-        }
-    }
-    put(2, Action::Key);
-    if (sheet) {
-        put(10, Action::Page);
-        put(1, Action::Apply);
-        if (random_.Chance(1, 4))
-            put(1, random_.From(std::array{Action::Ok, Action::Ok, Action::Cancel, Action::Help}));
-    }
-    Step step = random_.From(bag);
-    step.ok = random_.Chance(1, 2);
-    step.file = static_cast<std::uint8_t>(random_.Below(Files.size()));
-    const user::Window* control = user::Find(user::Control(dialog, step.control));
-    const auto below = [&](std::size_t limit) {
-        return static_cast<std::int16_t>(random_.Below(std::max<std::size_t>(limit, 1)));
-    };
-    switch (step.action) {
-        case Action::Page:
-            step.value = below(4);
-            break;
-        case Action::Choose:
-            step.value = below(control->As<user::ListState>()->items.size());
-            break;
-        case Action::Row:
-            step.value = below(control->As<user::ListViewState>()->rows.size());
-            break;
-        case Action::Type:
-        case Action::Append:
-        case Action::Paste:
-            step.value = below(Texts.size());
-            break;
-        case Action::Spin:
-            step.value = below(2);
-            break;
-        case Action::Key:
-            step.value = random_.Chance(1, 6) ? below(std::size(Keys)) : 0;
-            break;
-        default:
-            break;
-    }
-    return step;
-}
-
-Outcome Player::Act(const Step& step, HWND top)
-{
-    constexpr user::Key PressedKeys[] = {user::Key::Tab, user::Key::Enter, user::Key::Escape, user::Key::F1};
-    const HWND control = user::Control(user::DialogOf(top), step.control);
-    switch (step.action) {
-        case Action::Page:
-            return user::ShowPage(top, step.value);
-        case Action::Click:
-            return user::Click(control);
-        case Action::Choose:
-            return user::Pick(control, step.value);
-        case Action::Type:
-            return user::Type(control, Texts[static_cast<std::size_t>(step.value)]);
-        case Action::Append:
-            return user::Append(control, Texts[static_cast<std::size_t>(step.value)]);
-        case Action::Paste:
-            return user::Paste(control, Texts[static_cast<std::size_t>(step.value)]);
-        case Action::Spin:
-            return user::Spin(control, step.value != 0);
-        case Action::Row:
-            return user::SelectRow(control, step.value);
-        case Action::Focus:
-            return user::Focus(control);
-        case Action::Key:
-            return user::Press(top, PressedKeys[step.value]);
-        case Action::Ok:
-            return user::PressButton(top, user::SheetButton::Ok);
-        case Action::Cancel:
-            return user::PressButton(top, user::SheetButton::Cancel);
-        case Action::Apply:
-            return user::PressButton(top, user::SheetButton::Apply);
-        case Action::Help:
-            return user::PressButton(top, user::SheetButton::Help);
-    }
-    return Outcome::Unsuited;
-}
-
-// Which row of the rules a step stands for.
-int ControlOf(const Step& step, HWND top)
-{
-    switch (step.action) {
-        case Action::Page:
-            return Arrival;
-        case Action::Apply:
-            return Applied;
-        case Action::Spin: {
-            const user::Window* arrows = user::Find(user::Control(user::DialogOf(top), step.control));
-            const auto* state = arrows ? arrows->As<user::UpDownState>() : nullptr;
-            const user::Window* buddy = state ? user::Find(state->buddy) : nullptr;
-            return buddy ? buddy->id : step.control;
-        }
-        case Action::Key: {
-            if (Keys[step.value] != "ENTER") return Elsewhere;
-            const user::Window* focus = user::Find(user::FocusWindow());
-            const bool pushed = focus && focus->kind == user::Kind::Button && (focus->style & 0x0F) <= BS_DEFPUSHBUTTON;
-            return pushed ? focus->id : IDOK;
-        }
-        case Action::Ok:
-        case Action::Cancel:
-        case Action::Help:
-            return Elsewhere;
-        default:
-            return step.control;
-    }
-}
 
 void Player::Take(const Step& step, HWND top)
 {
@@ -285,13 +139,14 @@ void Player::Take(const Step& step, HWND top)
     const int dialog = dialog_ = TemplateOf(user::DialogOf(top)), control = control_ = ControlOf(step, top);
     boxes_.clear();
     beeped_ = false;
-    const Outcome outcome = Act(step, top);
+    const user::Outcome outcome = Act(step, top);
     at_ = at, now_ = step, dialog_ = dialog, control_ = control;
-    if (step.action == Action::Apply && outcome == Outcome::Done) applied_ = true;
-    Judge(step, dialog, control);
+    if (step.action == Action::Apply && outcome == user::Outcome::Done) applied_ = true;
+    // A step that was refused may have left a field, and nothing else.
+    Look(step, dialog, outcome == user::Outcome::Done ? control : Elsewhere);
 }
 
-void Player::Judge(const Step& step, int dialogBefore, int control)
+void Player::Look(const Step& step, int dialogBefore, int control)
 {
     const HWND top = user::TopWindow();
     if (Failed()) return;
@@ -309,7 +164,7 @@ void Player::Judge(const Step& step, int dialogBefore, int control)
             wrong = WrongMessage(view, dialogBefore, control, boxes_[k]);
         if (wrong.empty() && beeped_ && dialogBefore != IDD_WATERMARK) wrong = "a beep";
         // The lists of a dialog that has ended are gone.
-        if (wrong.empty() && !user::Ended(top)) wrong = invariants_.Judge(view);
+        if (wrong.empty() && !user::Ended(top)) wrong = judge_.Wrong(view);
         last_ = *CurrentSettings;
     }
     boxes_.clear(), beeped_ = false;
@@ -320,16 +175,16 @@ void Player::Judge(const Step& step, int dialogBefore, int control)
 void Player::Run(HWND top)
 {
     if (user::OpenWindows().size() == 1) {
-        invariants_.NewSheet();
+        judge_ = {};
         now_ = {Action::Page, true, 0, 0, 0}, dialog_ = 0, control_ = Arrival;
         last_ = *CurrentSettings;
         lastStore_ = start_.machine->store->Values(TestPrinter);
     }
     // Paints the page before it is looked at.
     user::PaintPending();
-    Judge(now_, dialog_, control_);  // what the step has changed that brought the dialog up
+    Look(now_, dialog_, control_);  // what the step has changed that brought the dialog up
     while (!user::Ended(top) && !Failed() && MoreSteps())
-        Take(given_ ? (*given_)[static_cast<std::size_t>(ledger_.count)] : Draw(top), top);
+        Take(given_ ? (*given_)[static_cast<std::size_t>(ledger_.count)] : DrawStep(random_, top), top);
     for (int tries = 0; !user::Ended(top); ++tries) {
         if (tries == 3) {
             Fail("dialog " + std::to_string(TemplateOf(user::DialogOf(top))) + " cannot be left");

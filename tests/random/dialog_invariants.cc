@@ -1,0 +1,223 @@
+#include <set>
+
+#include "pages/custom_paper_work_list.h"
+#include "pages/watermark_dialog_fields.h"
+#include "resources/control_numbers.h"
+#include "tests/random/invariants.h"
+#include "watermark/overlay_list.h"
+#include "watermark/watermark_list.h"
+
+namespace random_use {
+
+namespace {
+
+using V = const View&;
+
+// The Custom Paper dialog.
+const platform::user::ListViewState& Papers(V v)
+{
+    static const platform::user::ListViewState none;
+    const auto* list = v.Of(IDC_CP_LIST).As<platform::user::ListViewState>();
+    return list ? *list : none;
+}
+const CustomPaperEntry* Edited(V v)
+{
+    const auto& list = Papers(v);
+    return list.mark < 0 || list.rows.empty() ? nullptr : WorkListEntryAt(list.mark);
+}
+bool NameFault(V v)
+{
+    const auto& list = Papers(v);
+    if (list.mark < 0) return false;
+    const std::u16string& name = v.Text(IDC_CP_NAME);
+    for (std::size_t k = 0; k < list.rows.size(); ++k)
+        if (k != static_cast<std::size_t>(list.mark) && list.rows[k].cells[0] == name) return true;
+    return name.empty();
+}
+std::string SizeText(const CustomPaperEntry& entry)
+{
+    const auto inches = [](int hundreds, int sixteenths) {
+        return std::to_string(hundreds / 100) + " " + std::to_string(sixteenths) + "/16";
+    };
+    if (entry.cpUnit == 1)
+        return "[" + inches(entry.cpWidth, entry.cpWidthSixteenths) + " x " +
+               inches(entry.cpHeight, entry.cpHeightSixteenths) + " inch]";
+    return "[" + std::to_string(entry.cpWidth / 10) + " x " + std::to_string(entry.cpHeight / 10) + " mm]";
+}
+long PaperRowsApart(V v)
+{
+    const auto& rows = Papers(v).rows;
+    int apart = static_cast<int>(rows.size()) != WorkListCount();
+    for (std::size_t k = 0; k < rows.size(); ++k) {
+        const CustomPaperEntry* entry = WorkListEntryAt(static_cast<int>(k));
+        if (!entry || rows[k].cells.size() < 2) return 1000;
+        const bool fault = static_cast<int>(k) == Papers(v).mark && NameFault(v);
+        apart +=
+            (!fault && rows[k].cells[0] != entry->cpName) + (platform::ToUtf8(rows[k].cells[1]) != SizeText(*entry));
+    }
+    return apart;
+}
+long PapersBeyondLimits(V v)
+{
+    int beyond = 0;
+    for (int k = 0; v.start.soundPapers && k < WorkListCount(); ++k) {
+        const CustomPaperEntry& e = *WorkListEntryAt(k);
+        const auto in = [](int value, int least, int most) { return value >= least && value <= most; };
+        const bool good = e.cpUnit == 0 ? in(e.cpWidth, 760, 2160) && in(e.cpHeight, 1270, 3560) &&
+                                              e.cpWidth % 10 == 0 && e.cpHeight % 10 == 0
+                                        : e.cpUnit == 1 && in(e.cpWidth, 300, 800) && in(e.cpHeight, 500, 1400) &&
+                                              in(e.cpWidthSixteenths, 0, e.cpWidth == 800 ? 8 : 15) &&
+                                              in(e.cpHeightSixteenths, 0, e.cpHeight == 1400 ? 0 : 15);
+        beyond += !good || e.cpName[0] == 0;
+    }
+    return beyond;
+}
+long PaperFieldsApart(V v)
+{
+    const CustomPaperEntry* e = Edited(v);
+    if (!e) return 0;
+    int typing = 0, apart = 0;
+    const std::pair<int, int> millimetres[] = {
+        {IDC_CP_WIDTH_MM,  e->cpWidth / 10 },
+        {IDC_CP_HEIGHT_MM, e->cpHeight / 10}
+    };
+    const std::pair<int, int> inches[] = {
+        {IDC_CP_WIDTH_INCH,        e->cpWidth / 100     },
+        {IDC_CP_HEIGHT_INCH,       e->cpHeight / 100    },
+        {IDC_CP_WIDTH_SIXTEENTHS,  e->cpWidthSixteenths },
+        {IDC_CP_HEIGHT_SIXTEENTHS, e->cpHeightSixteenths}
+    };
+    const auto look = [&](auto& fields) {
+        for (const auto& [control, number] : fields) {
+            typing += v.Typing(control);
+            apart += v.Number(control) != number;
+        }
+    };
+    e->cpUnit == 1 ? look(inches) : look(millimetres);
+    return typing ? 0 : apart;  // whole inches bring their sixteenths along when they are left
+}
+long WrongUnitControls(V v)
+{
+    constexpr int Millimetres[] = {IDC_CP_WIDTH_MM, IDC_CP_WIDTH_MM_SPIN, IDC_CP_HEIGHT_MM, IDC_CP_HEIGHT_MM_SPIN};
+    constexpr int Inches[] = {IDC_CP_WIDTH_INCH,       IDC_CP_WIDTH_INCH_SPIN,  IDC_CP_HEIGHT_INCH,
+                              IDC_CP_HEIGHT_INCH_SPIN, IDC_CP_WIDTH_SIXTEENTHS, IDC_CP_HEIGHT_SIXTEENTHS};
+    const bool inches = v.Checked(IDC_CP_UNIT_INCH);
+    int wrong = v.Checked(IDC_CP_UNIT_MM) == inches;
+    for (const int control : Millimetres) wrong += v.Visible(control) == inches;
+    for (const int control : Inches) wrong += v.Visible(control) != inches;
+    return wrong;
+}
+
+// The Watermark dialog.
+bool RowOpen(V v) { return v.mayEdit && WatermarkIndex != 0; }
+bool IsRefusedName(std::u16string_view name)
+{
+    for (int k = 0; k <= WatermarkCount; ++k)
+        if (name == WatermarkNames[static_cast<std::size_t>(k)]) return true;
+    return name.find_first_not_of(u' ') == name.npos;
+}
+// Counts the rows, or only those that show what no watermark can be called.
+long WatermarkListApart(V v, bool alsoRefused)
+{
+    int apart = v.Count(IDC_WM_LIST) != WatermarkCount + 1;
+    for (int k = 0; k < v.Count(IDC_WM_LIST) && k <= MostWatermarks; ++k) {
+        const std::u16string shown = v.Item(IDC_WM_LIST, k);
+        const std::u16string name =
+            k == WatermarkIndex ? v.Text(IDC_WM_NAME) : WatermarkNames[static_cast<std::size_t>(k)];
+        apart += shown != name && (alsoRefused || !IsRefusedName(shown));
+    }
+    return apart;
+}
+long BadWatermarks(V)
+{
+    std::set<std::u16string> names;
+    int bad = 0, rows = 0;
+    for (int k = 0; const WatermarkRecord* row = WatermarkRowAt(k); ++k, ++rows) {
+        const auto in = [](int value, int least, int most) { return value >= least && value <= most; };
+        bad += !names.insert(row->wmName).second || !in(row->wmShading, 5, 100) || !in(row->wmSize, 8, 200) ||
+               (row->wmAngleMode != 2 && !in(row->wmAngle, -180, 180)) || !in(row->wmAngleMode, 0, 3) ||
+               !in(row->wmPositionMode, 0, 1) || !in(row->wmPositionX, -100, 100) || !in(row->wmPositionY, -100, 100);
+        bad += (row->wmId == 0) != (k == 0);
+    }
+    return bad + (rows != WatermarkCount + 1);
+}
+long WatermarkFieldsApart(V v)
+{
+    const WatermarkRecord& e = WatermarkEdit;
+    const WatermarkRecord* row = WatermarkRowAt(WatermarkIndex);
+    const bool apart[] = {
+        row == nullptr || row != WatermarkCurrent,
+        v.Text(IDC_WM_TEXT) != e.wmText,
+        v.Shows(IDC_WM_SIZE, e.wmSize) != e.wmSize,
+        v.Shows(IDC_WM_SHADING, e.wmShading) != e.wmShading,
+        v.Shows(IDC_WM_VERTICAL, e.wmPositionY) != e.wmPositionY,
+        v.Shows(IDC_WM_HORIZONTAL, e.wmPositionX) != e.wmPositionX,
+        v.Checked(IDC_WM_BOLD) != (e.wmBold != 0),
+        v.Checked(IDC_WM_ITALIC) != (e.wmItalic != 0),
+        v.Selection(IDC_WM_ANGLE_MODE) != e.wmAngleMode,
+        v.Checked(IDC_WM_USER_POSITION) != (e.wmPositionMode != 0),
+        v.Checked(IDC_WM_CENTER) == (e.wmPositionMode != 0),
+    };
+    // The places of those that are, counted from 1.
+    long places = 0;
+    for (std::size_t k = 0; k < std::size(apart); ++k)
+        places = apart[k] ? places * 100 + static_cast<long>(k) + 1 : places;
+    return places;
+}
+
+bool Pending(V v)
+{
+    for (const auto& item : v.List(IDC_OVL_LIST).items)
+        if (reinterpret_cast<const OverlayEntry*>(item.data)->ovPending == 1) return true;
+    return false;
+}
+long OverlayListApart(V v)
+{
+    int apart = 0;
+    for (const auto& item : v.List(IDC_OVL_LIST).items)
+        apart += item.text != reinterpret_cast<const OverlayEntry*>(item.data)->ovName;
+    return apart;
+}
+
+// clang-format off
+const Invariant Dialogs[] = {
+    {"N-up order",              IDD_NUP_STYLE, OnceHeld, [](V v) { return Pair(v.Checked(IDC_HORIZ_ASCENDING) + v.Checked(IDC_HORIZ_DESCENDING) + v.Checked(IDC_VERT_ASCENDING) + v.Checked(IDC_VERT_DESCENDING), 1); }},
+    {"custom rows",             IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(PaperRowsApart(v), 0); }},
+    {"custom limits",           IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(PapersBeyondLimits(v), 0); }},
+    {"custom fields",           IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(PaperFieldsApart(v), 0); }},
+    {"custom units",            IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(WrongUnitControls(v), 0); }},
+    {"custom name",             IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(Edited(v) && !NameFault(v) && v.Text(IDC_CP_NAME) != Edited(v)->cpName, 0); }},
+    {"custom OK locked",        IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(v.start.soundPapers && v.Enabled(IDOK) == NameFault(v), 0); }},
+    {"custom list locked",      IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(v.start.soundPapers && v.Enabled(IDC_CP_LIST) != (!NameFault(v) && !Papers(v).rows.empty()), 0); }},
+    {"custom name locked",      IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(v.Enabled(IDC_CP_NAME), !Papers(v).rows.empty()); }},
+    {"fifty sizes",             IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(v.Enabled(IDC_CP_NEW) && Papers(v).rows.size() >= 50, 0); }},
+    {"watermark list rows",     IDD_WATERMARK, Always, [](V v) { return Pair(WatermarkListApart(v, true), 0); }},
+    {"watermark selected",      IDD_WATERMARK, Always, [](V v) { return Pair(v.Selection(IDC_WM_LIST), WatermarkIndex); }},
+    {"watermark fields",        IDD_WATERMARK, Always, [](V v) { return Pair(WatermarkFieldsApart(v), 0); }},
+    {"watermark angle",         IDD_WATERMARK, Always, [](V v) { return Pair(v.Shows(IDC_WM_ANGLE, WatermarkEdit.wmAngle), WatermarkEdit.wmAngle); }},
+    {"watermark limits",        IDD_WATERMARK, Always, [](V v) { return Pair(BadWatermarks(v), 0); }},
+    {"thirty watermarks",       IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_NEW), v.mayEdit && WatermarkCount < MostWatermarks); }},
+    {"watermark editor locked", IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_NAME) + v.Enabled(IDC_WM_TEXT) + v.Enabled(IDC_WM_SIZE) + v.Enabled(IDC_WM_ANGLE_MODE), RowOpen(v) ? 4 : 0); }},
+    {"watermark angle locked",  IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_ANGLE), RowOpen(v) && WatermarkEdit.wmAngleMode == 3); }},
+    {"watermark place locked",  IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_HORIZONTAL) + v.Enabled(IDC_WM_VERTICAL), RowOpen(v) && WatermarkEdit.wmPositionMode ? 2 : 0); }},
+    {"watermark delete locked", IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_DELETE) && !RowOpen(v), 0); }},
+    {"overlay list rows",       IDD_OVERLAY_LIST, Always, [](V v) { return Pair(OverlayListApart(v), 0); }},
+    {"one new overlay",         IDD_OVERLAY_LIST, Always, [](V v) { return Pair(v.Enabled(IDC_OVL_NEW), !Pending(v)); }},
+    {"overlay edit locked",     IDD_OVERLAY_LIST, Always, [](V v) { return Pair(v.Enabled(IDC_OVL_EDIT), !Pending(v) && v.Selection(IDC_OVL_LIST) != 0); }},
+    {"overlay delete locked",   IDD_OVERLAY_LIST, Always, [](V v) { return Pair(v.Enabled(IDC_OVL_DELETE) && v.Selection(IDC_OVL_LIST) == 0, 0); }},
+};
+
+constexpr Exception DialogsApart[] = {
+    {"watermark list rows", [](V v) { return WatermarkListApart(v, false) == 0; }, "a row that was left with a blank or a taken name shows it and keeps its own"},
+    {"custom limits",   [](V v) { return v.Typing(IDC_CP_WIDTH_INCH); }, "whole inches at their limit bring the sixteenths along when the field is left"},
+    {"overlay list rows", [](V v) { return v.Selection(IDC_OVL_LIST) < 0; }, "where nothing is selected the head is under edit, and the list keeps its name"},
+    {"watermark angle", [](V) { return WatermarkEdit.wmAngleMode == 2; }, "the preview works the diagonal out anew; the locked field keeps the angle of the list"},
+};
+// clang-format on
+
+}  // namespace
+
+const std::span<const Invariant> DialogInvariants = Dialogs;
+const std::span<const Exception> DialogExceptions = DialogsApart;
+
+}  // namespace random_use

@@ -1,0 +1,19 @@
+// The user's hands: what could be taken hold of in the dialog on top, and taking a step there.
+#pragma once
+
+#include "platform/user/actions.h"
+#include "tests/random/steps.h"
+
+namespace random_use {
+
+// A step that the user could think of, each as likely as users take it.
+Step DrawStep(Random& random, HWND top);
+
+platform::user::Outcome Act(const Step& step, HWND top);
+
+// The control by which the rules know a step: see changes.h.
+int ControlOf(const Step& step, HWND top);
+
+int TemplateOf(HWND dialog);
+
+}  // namespace random_use
