@@ -1,7 +1,6 @@
 // N-up Style: the four orders, OK and Cancel.
 #include <gtest/gtest.h>
 
-#include "pages/nup_style_dialog.h"
 #include "platform/services.h"
 #include "tests/support/setup_sheet.h"
 
@@ -11,94 +10,68 @@ using namespace testing_support;
 
 struct OrderRow {
     int radio;
-    BYTE vertical, descending;
+    const char *fields, *taken;  // from the first order
 };
 constexpr OrderRow Orders[] = {
-    {IDC_HORIZ_ASCENDING,  0, 0},
-    {IDC_HORIZ_DESCENDING, 0, 1},
-    {IDC_VERT_ASCENDING,   1, 0},
-    {IDC_VERT_DESCENDING,  1, 1},
+    {IDC_HORIZ_ASCENDING,  "dmNupVertical=0 dmNupDescending=0", "told"                                  },
+    {IDC_HORIZ_DESCENDING, "dmNupVertical=0 dmNupDescending=1", "dmNupDescending=1 told"                },
+    {IDC_VERT_ASCENDING,   "dmNupVertical=1 dmNupDescending=0", "dmNupVertical=1 told"                  },
+    {IDC_VERT_DESCENDING,  "dmNupVertical=1 dmNupDescending=1", "dmNupVertical=1 dmNupDescending=1 told"},
 };
 
-// The dialog over a page that has this order.
-class NupStyle : public SetupSheet {
-  public:
-    explicit NupStyle(const OrderRow& order)
-        : SetupSheet([order](DriverDevMode& record) {
-              record.dmNupOn = record.dmNupBorder = 1;
-              record.dmNupCount = 9;
-              record.dmNupVertical = order.vertical;
-              record.dmNupDescending = order.descending;
-          })
-    {
-        Click(IDC_NUP_STYLE);
-    }
-
-    // "" if the order of the record is this one and all else is as it was.
-    bool Has(const OrderRow& order)
-    {
-        const DriverDevMode record = Settings();
-        return record.dmNupVertical == order.vertical && record.dmNupDescending == order.descending &&
-               record.dmNupOn == 1 && record.dmNupCount == 9 && record.dmNupBorder == 1;
-    }
-};
+SetupSheet NineUp(const OrderRow& order)
+{
+    return SetupSheet(Fields(std::string("dmNupOn=1 dmNupBorder=1 dmNupCount=9 ") + order.fields));
+}
 
 TEST(NupStyle, ShowsTheOrderAndKeepsIt)
 {
     for (const OrderRow& order : Orders) {
-        NupStyle dialog(order);
-        EXPECT_EQ(dialog.Template(), IDD_NUP_STYLE);
-        for (const OrderRow& other : Orders) EXPECT_EQ(dialog.Checked(other.radio), other.radio == order.radio);
-        dialog.Click(IDOK);
-        EXPECT_TRUE(dialog.Has(order)) << order.radio;
-        EXPECT_EQ(dialog.Changes(), 1) << "the sheet is told all the same";
+        SetupSheet sheet = NineUp(order);
+        const auto look = [&](SetupSheet& self) {
+            self.Click(IDC_NUP_STYLE);
+            for (const OrderRow& other : Orders)
+                EXPECT_EQ(self.Checked(other.radio), other.radio == order.radio) << order.radio;
+            self.Click(IDOK);
+        };
+        EXPECT_EQ(sheet.Difference(look), "told") << "the sheet is told all the same";
     }
 }
 
-TEST(NupStyle, OkTakesTheOrderThatWasClicked)
+TEST(NupStyle, OkTakesTheOrderThatWasClickedLast)
 {
-    for (const OrderRow& from : Orders) {
-        for (const OrderRow& to : Orders) {
-            NupStyle dialog(from);
-            dialog.Click(to.radio);
-            EXPECT_TRUE(dialog.Has(from)) << "nothing is written yet";
-            dialog.Click(IDOK);
-            EXPECT_TRUE(dialog.Has(to)) << from.radio << " " << to.radio;
-        }
+    for (const OrderRow& order : Orders) {
+        SetupSheet sheet = NineUp(Orders[0]);
+        const auto choose = [&](SetupSheet& self) {
+            self.Click(IDC_NUP_STYLE).Click(IDC_VERT_DESCENDING).Click(order.radio);
+            EXPECT_EQ(self.Settings().dmNupVertical + self.Settings().dmNupDescending, 0) << "nothing is written yet";
+            self.Click(IDOK);
+        };
+        EXPECT_EQ(sheet.Difference(choose), order.taken);
     }
 }
 
 TEST(NupStyle, CancelKeepsTheOrder)
 {
-    NupStyle dialog(Orders[0]);
-    dialog.Click(IDC_VERT_DESCENDING).Click(IDCANCEL);
-    EXPECT_TRUE(dialog.Has(Orders[0]));
-    EXPECT_EQ(dialog.Template(), IDD_SETUP);
-    EXPECT_EQ(dialog.Changes(), 1) << "the page does not look at the result";
-    dialog.Click(IDC_NUP_STYLE);
-    EXPECT_TRUE(dialog.Checked(IDC_HORIZ_ASCENDING)) << "the click is forgotten";
+    SetupSheet sheet = NineUp(Orders[0]);
+    const auto cancel = [](SetupSheet& self) { self.Click(IDC_NUP_STYLE).Click(IDC_VERT_DESCENDING).Click(IDCANCEL); };
+    EXPECT_EQ(sheet.Difference(cancel), "told") << "the page does not look at the result";
+    sheet.Click(IDC_NUP_STYLE);
+    EXPECT_TRUE(sheet.Checked(IDC_HORIZ_ASCENDING)) << "the click is forgotten";
 }
 
 TEST(NupStyle, HelpIsOfTheDialogAsAWhole)
 {
-    NupStyle dialog(Orders[0]);
-    dialog.Click(IDC_HELP);
-    ASSERT_EQ(dialog.HelpSeenSoFar().size(), 1u);
-    EXPECT_EQ(dialog.HelpSeenSoFar()[0].command, HELP_CONTEXT);
-    EXPECT_EQ(dialog.HelpSeenSoFar()[0].context, 1141u);
+    SetupSheet sheet = NineUp(Orders[0]);
+    sheet.Click(IDC_NUP_STYLE).Click(IDC_HELP);
+    ASSERT_EQ(sheet.HelpSeenSoFar().size(), 1u);
+    EXPECT_EQ(sheet.HelpSeenSoFar()[0].command, HELP_CONTEXT);
+    EXPECT_EQ(sheet.HelpSeenSoFar()[0].context, 1141u);
     HELPINFO info{};
     info.cbSize = sizeof info;
-    EXPECT_EQ(dialog.Send(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)), FALSE);
-    EXPECT_EQ(dialog.HelpSeenSoFar().size(), 1u);
-}
-
-TEST(NupStyle, AnswersEveryCommandAndNothingElse)
-{
-    NupStyle dialog(Orders[0]);
-    EXPECT_EQ(dialog.Notice(IDC_NUP_STYLE_GROUP, 0), TRUE);
-    EXPECT_EQ(dialog.Notice(4711, 0), TRUE);
-    for (const UINT message : {WM_PAINT, WM_NOTIFY, WM_DRAWITEM, WM_DESTROY})
-        EXPECT_EQ(dialog.Send(message, 0, 0), FALSE) << message;
+    EXPECT_EQ(sheet.Send(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)), FALSE);
+    EXPECT_EQ(sheet.HelpSeenSoFar().size(), 1u);
+    EXPECT_EQ(sheet.Notice(4711, 0), TRUE) << "answers every command";
 }
 
 }  // namespace

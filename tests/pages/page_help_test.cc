@@ -76,26 +76,15 @@ const PageHelpRow PageRows[] = {
 
 bool IsHelpFile(const std::u16string& file) { return file.ends_with(u"\\3\\4820drv.HLP") && file.size() > 14; }
 
-TEST(PageHelp, TheHelpButtonOpensTheHelpOfThePage)
+TEST(PageHelp, ThePageAndEveryControlHaveTheirOwn)
 {
     for (const PageHelpRow& page : PageRows) {
         Sheet sheet;
         sheet.Page(page.title).PressHelp();
-
         ASSERT_EQ(sheet.HelpSeenSoFar().size(), 1u);
-        const HelpSeen help = sheet.HelpSeenSoFar()[0];
-        EXPECT_EQ(help.control, 0);
-        EXPECT_EQ(help.command, HELP_CONTEXT);
-        EXPECT_EQ(help.context, page.context);
-        EXPECT_TRUE(IsHelpFile(help.file));
-    }
-}
-
-TEST(PageHelp, EveryControlHasItsOwnHelp)
-{
-    for (const PageHelpRow& page : PageRows) {
-        Sheet sheet;
-        sheet.Page(page.title);
+        const HelpSeen whole = sheet.HelpSeenSoFar()[0];
+        EXPECT_EQ(whole, (HelpSeen{0, whole.file, HELP_CONTEXT, page.context}));
+        EXPECT_TRUE(IsHelpFile(whole.file));
         for (const auto& [context, controls] : page.topics)
             for (const int control : controls) {
                 HELPINFO info{};
@@ -104,29 +93,13 @@ TEST(PageHelp, EveryControlHasItsOwnHelp)
                 info.iCtrlId = control;
                 info.hItemHandle = sheet.Handle(control);
                 EXPECT_EQ(sheet.Send(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)), FALSE);
-                const HelpSeen help = sheet.HelpSeenSoFar().back();
-                EXPECT_EQ(help.control, control);
-                EXPECT_EQ(help.command, HELP_WM_HELP);
-                EXPECT_EQ(help.context, context) << control;
-                EXPECT_TRUE(IsHelpFile(help.file));
+                EXPECT_EQ(sheet.HelpSeenSoFar().back(), (HelpSeen{control, whole.file, HELP_WM_HELP, context}))
+                    << control;
             }
+        const std::size_t asked = sheet.HelpSeenSoFar().size();
+        EXPECT_EQ(sheet.Send(WM_CONTEXTMENU, 0, 0), FALSE);
+        EXPECT_EQ(sheet.HelpSeenSoFar().size(), asked) << "the context menu asks for nothing";
     }
-}
-
-TEST(PageHelp, AUserGetsHelpOnAControl)
-{
-    Sheet sheet;
-    sheet.Page(u"Quality").HelpOn(IDC_TONER_DENSITY);
-    ASSERT_FALSE(sheet.HelpSeenSoFar().empty());
-    EXPECT_EQ(sheet.HelpSeenSoFar().back().context, 1405u);
-}
-
-TEST(PageHelp, TheContextMenuAsksForNothing)
-{
-    Sheet sheet;
-    sheet.Page(u"Quality");
-    EXPECT_EQ(sheet.Send(WM_CONTEXTMENU, 0, 0), FALSE);
-    EXPECT_TRUE(sheet.HelpSeenSoFar().empty());
 }
 
 }  // namespace

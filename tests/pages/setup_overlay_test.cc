@@ -1,12 +1,11 @@
-// The form overlay on the Setup page: choosing one, and the way of a new one.
+// The form overlay on the Setup page: choosing one, and the way of a new one, which is made in the dialogs, taken
+// along by the sheet's OK, made by a job, and then there to be chosen.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
-#include "tests/support/overlays.h"
-#include "tests/support/setup_sheet.h"
-#include "watermark/overlay_list.h"
+#include "events/document_event.h"
+#include "platform/user.h"
+#include "tests/support/overlay_sheet.h"
 
 namespace {
 
@@ -15,58 +14,60 @@ using testing::ElementsAre;
 
 const std::vector<OverlayEntry> TwoForms = {Overlay(u"Letterhead", u"/forms/head.oxl"),
                                             Overlay(u"Invoice", u"/forms/invoice.oxl")};
+const OverlayEntry PendingForm = Overlay(u"New", u"/forms/new.oxl", 1);
 
-Sheet::Furnish Stored(std::vector<OverlayEntry> rows)
+TEST(SetupOverlay, NamesTheFileOfTheChoiceAtOnce)
 {
-    return [rows = std::move(rows)](TestMachine& machine) { StoreOverlays(machine, TestPrinter, rows); };
+    struct Row {
+        std::vector<OverlayEntry> rows;
+        int index, selected;
+        const char16_t* file;
+        BYTE state;
+    };
+    const std::vector<OverlayEntry> withPending = {TwoForms[0], PendingForm};
+    for (const Row& row : {
+             Row{TwoForms,    2,  2,  u"/forms/invoice.oxl", 1},
+             {TwoForms,    0,  0,  u"<NONE>",             0},
+             {TwoForms,    5,  -1, u"<NONE>",             1},
+             {withPending, 1,  1,  u"/forms/head.oxl",    1},
+             {withPending, 2,  -1, u"<NONE>",             1},
+             {withPending, -1, -1, u"<NONE>",             1},
+    }) {
+        SCOPED_TRACE(row.index);
+        OverlaySheet sheet(row.rows, row.index);
+        EXPECT_EQ(sheet.Selection(IDC_OVERLAY), row.selected);
+        EXPECT_EQ(sheet.File(), row.file);
+        EXPECT_EQ(sheet.Settings().dmOverlayState, row.state);
+        EXPECT_EQ(sheet.Enabled(IDC_OVERLAY_FIRST_PAGE), row.state == 1);
+        EXPECT_EQ(sheet.Changes(), 0);
+    }
 }
 
-Sheet::Prepare Index(SHORT index)
+TEST(SetupOverlay, ListsTheRowsThatHaveBeenMade)
 {
-    return [index](DriverDevMode& record) { record.dmOverlayIndex = index; };
-}
-
-std::u16string File(SetupSheet& sheet) { return sheet.Settings().dmOverlayFile; }
-
-TEST(SetupOverlay, ListsTheRowsAndNamesTheFileAtOnce)
-{
-    SetupSheet sheet(Index(2), Stored(TwoForms));
+    OverlaySheet sheet({TwoForms[0], PendingForm, TwoForms[1]});
     EXPECT_THAT(sheet.Items(IDC_OVERLAY), ElementsAre(u"<NONE>", u"Letterhead", u"Invoice"));
-    EXPECT_EQ(sheet.Row(IDC_OVERLAY), "Invoice");
-    EXPECT_TRUE(sheet.Enabled(IDC_OVERLAY_FIRST_PAGE));
-    EXPECT_EQ(File(sheet), u"/forms/invoice.oxl");
-    EXPECT_EQ(sheet.Settings().dmOverlayState, 1);
-    EXPECT_EQ(sheet.Changes(), 0);
-}
-
-TEST(SetupOverlay, WithoutRowsThereIsNone)
-{
-    SetupSheet sheet;
-    EXPECT_EQ(File(sheet), u"<NONE>");
-    EXPECT_EQ(sheet.Settings().dmOverlayState, 0);
+    sheet.Click(IDC_EDIT_OVERLAY);
+    EXPECT_THAT(sheet.Items(IDC_OVL_LIST), ElementsAre(u"<NONE>", u"Letterhead", u"Invoice"))
+        << "a sheet without a job";
+    sheet.Click(IDOK);
+    EXPECT_EQ(sheet.Ok().dmOverlayState, 0);
+    EXPECT_EQ(sheet.StoredNames(), (Names{u"Letterhead", u"Invoice"}));
 }
 
 TEST(SetupOverlay, APrinterThatDoesNotOpenHasNone)
 {
-    SetupSheet sheet(Index(1), [](TestMachine& machine) {
-        StoreOverlays(machine, TestPrinter, TwoForms);
-        machine.Fail("OpenPrinterW", 2);
-    });
+    SetupSheet sheet([](DriverDevMode& record) { record.dmOverlayIndex = 1; },
+                     [](TestMachine& machine) {
+                         StoreOverlays(machine, TestPrinter, TwoForms);
+                         machine.Fail("OpenPrinterW", 2);
+                     });
     EXPECT_EQ(sheet.Items(IDC_OVERLAY).front(), u"<NONE>");
-}
-
-TEST(SetupOverlay, AChoiceThatIsNotThereSelectsNothing)
-{
-    SetupSheet sheet(Index(5), Stored(TwoForms));
-    EXPECT_EQ(sheet.Selection(IDC_OVERLAY), -1);
-    EXPECT_EQ(File(sheet), u"<NONE>");
-    EXPECT_EQ(sheet.Settings().dmOverlayIndex, 5);
-    EXPECT_EQ(sheet.Difference([](SetupSheet& self) { self.Notice(IDC_OVERLAY, CBN_SELCHANGE); }), "");
 }
 
 TEST(SetupOverlay, APickIsStored)
 {
-    SetupSheet sheet({}, Stored(TwoForms));
+    OverlaySheet sheet(TwoForms);
     EXPECT_EQ(sheet.Pick(IDC_OVERLAY, u"Invoice"),
               "overlay=Invoice +overlayFirst dmOverlayState=1 dmOverlayFile=/forms/invoice.oxl dmOverlayIndex=2 told");
     EXPECT_EQ(sheet.Pick(IDC_OVERLAY_FIRST_PAGE, nullptr), "xoverlayFirst dmOverlayFirstPage=1");
@@ -77,7 +78,7 @@ TEST(SetupOverlay, APickIsStored)
 
 TEST(SetupOverlay, APickLeavesThePictureAlone)
 {
-    SetupSheet sheet({}, Stored(TwoForms));
+    OverlaySheet sheet(TwoForms);
     sheet.Drawn();
     sheet.Choose(IDC_OVERLAY, u"Invoice");
     EXPECT_THAT(sheet.Drawn(), testing::Not(testing::Contains(testing::StartsWith("1019 "))));
@@ -85,119 +86,101 @@ TEST(SetupOverlay, APickLeavesThePictureAlone)
 
 TEST(SetupOverlay, DefaultChoosesNone)
 {
-    SetupSheet sheet(
-        [](DriverDevMode& record) {
-            record.dmOverlayIndex = record.dmOverlayFirstPage = 1;
-            record.dmPaperWidthPriv = 2550;
-            record.dmPaperLengthPriv = 3300;
-        },
-        Stored(TwoForms));
+    OverlaySheet sheet(TwoForms, 1);
+    sheet.Click(IDC_OVERLAY_FIRST_PAGE);
+    sheet.Change([](DriverDevMode& record) {
+        record.dmPaperWidthPriv = 2550;
+        record.dmPaperLengthPriv = 3300;
+    });
     EXPECT_EQ(sheet.Pick(IDC_DEFAULT, nullptr),
               "overlay=<NONE> -overlayFirst ooverlayFirst dmOverlayState=0 dmOverlayFile=<NONE> "
               "dmOverlayFirstPage=0 dmOverlayIndex=0 told told");
 }
 
-TEST(SetupOverlay, APendingRowOfTheStoreIsNotOffered)
-{
-    auto rows = TwoForms;
-    rows.insert(rows.begin() + 1, Overlay(u"New", u"/forms/new.oxl", 1));
-    SetupSheet sheet({}, Stored(rows));
-    EXPECT_THAT(sheet.Items(IDC_OVERLAY), ElementsAre(u"<NONE>", u"Letterhead", u"Invoice"));
-    EXPECT_EQ(sheet.Ok().dmOverlayState, 0) << "it has left the list";
-}
-
-TEST(SetupOverlay, APendingChoiceFallsBackOnNone)
-{
-    SetupSheet sheet(Index(1), Stored({Overlay(u"New", u"/forms/new.oxl", 1)}));
-    EXPECT_EQ(File(sheet), u"<NONE>");
-    EXPECT_THAT(sheet.Items(IDC_OVERLAY), ElementsAre(u"<NONE>"));
-}
-
-// A file that does not exist yet, in a folder that does.
-const std::u16string NewFile = (std::filesystem::temp_directory_path() / "form-of-a-test.oxl").u16string();
-
 // Makes a new row in the dialogs; the list stays up for the caller.
-void MakeNew(SetupSheet& sheet)
+void MakeContract(OverlaySheet& sheet)
 {
-    sheet.Click(IDC_EDIT_OVERLAY).Click(IDC_OVL_NEW).Type(IDC_OVL_NAME, u"Form");
-    sheet.Machine().Desktop().fileAnswers = {NewFile};
-    sheet.Click(IDC_OVL_BROWSE).Click(IDOK);
+    sheet.Click(IDC_EDIT_OVERLAY);
+    sheet.Add(u"Contract", u"contract.oxl");
 }
 
 TEST(SetupOverlay, ANewOneIsMadeByTheJobAndChosenLater)
 {
-    SetupSheet sheet(Index(1), Stored(TwoForms));
-    const auto make = [](SetupSheet& self) {
-        MakeNew(self);
-        self.Click(IDOK);
-    };
-    EXPECT_EQ(sheet.Difference(make), "box told told") << "the choice before stays, and the new row is not offered yet";
-    EXPECT_EQ(OverlaysOf(sheet.Machine(), TestPrinter).rows.size(), 3u);
-    const DriverDevMode record = sheet.Ok();
-    EXPECT_EQ(record.dmOverlayState, 2);
-    EXPECT_EQ(std::u16string(record.dmOverlayFile), NewFile);
-    EXPECT_EQ(record.dmOverlayIndex, 1);
+    std::vector<OverlayEntry> stored;
+    std::u16string made;
+    {
+        OverlaySheet sheet(TwoForms, 1);
+        made = sheet.Path(u"contract.oxl");
+        const auto make = [&](SetupSheet&) {
+            MakeContract(sheet);
+            sheet.Click(IDOK);
+        };
+        EXPECT_EQ(sheet.Difference(make), "box told told") << "the choice stays, and the new row is not offered yet";
+        EXPECT_EQ(sheet.File(), u"/forms/head.oxl");
+        sheet.Apply();
+        EXPECT_EQ(sheet.Published().dmOverlayState, 1) << "which Apply does not commit";
+        const DriverDevMode record = sheet.Ok();
+        EXPECT_EQ(record.dmOverlayState, 2);
+        EXPECT_EQ(record.dmOverlayFile, made);
+        EXPECT_EQ(record.dmOverlayIndex, 1);
+        DrvDocumentEvent(nullptr, nullptr, DOCUMENTEVENT_ENDDOC, 0, nullptr, 0, nullptr);
+        stored = sheet.Stored().rows;
+    }
+    OverlaySheet sheet(stored);
+    EXPECT_THAT(sheet.Items(IDC_OVERLAY), ElementsAre(u"<NONE>", u"Letterhead", u"Invoice", u"Contract"));
+    const DriverDevMode chosen = sheet.Choose(IDC_OVERLAY, u"Contract").Ok();
+    EXPECT_EQ(chosen.dmOverlayState, 1);
+    EXPECT_EQ(chosen.dmOverlayIndex, 3);
+    EXPECT_EQ(chosen.dmOverlayFile, made);
 }
 
-TEST(SetupOverlay, ANewOneGoesWithCancel)
+TEST(SetupOverlay, ANewOneGoesWithCancelAndWithItsDeletion)
 {
-    SetupSheet sheet({}, Stored(TwoForms));
-    MakeNew(sheet);
-    sheet.Click(IDCANCEL);
-    const DriverDevMode record = sheet.Ok();
-    EXPECT_EQ(record.dmOverlayState, 0);
-    EXPECT_EQ(std::u16string(record.dmOverlayFile), u"<NONE>");
-}
-
-TEST(SetupOverlay, ApplyDoesNotCommitANewOneYet)
-{
-    SetupSheet sheet({}, Stored(TwoForms));
-    MakeNew(sheet);
-    sheet.Click(IDOK).Apply();
-    EXPECT_EQ(sheet.Published().dmOverlayState, 0);
-    EXPECT_EQ(sheet.Ok().dmOverlayState, 2);
+    for (const bool cancelled : {true, false}) {
+        OverlaySheet sheet(TwoForms, 2);
+        MakeContract(sheet);
+        sheet.Click(cancelled ? IDCANCEL : IDOK);
+        if (!cancelled) {
+            sheet.Click(IDC_EDIT_OVERLAY);
+            sheet.Choose(IDC_OVL_LIST, 3).Click(IDC_OVL_DELETE).Click(IDOK);
+        }
+        const DriverDevMode record = sheet.Ok();
+        EXPECT_EQ(record.dmOverlayState, 1) << cancelled;
+        EXPECT_EQ(std::u16string(record.dmOverlayFile), u"/forms/invoice.oxl") << cancelled;
+        EXPECT_EQ(sheet.StoredNames(), (Names{u"Letterhead", u"Invoice"})) << cancelled;
+    }
 }
 
 // The row of the choice goes, the new one moves up to its place.
 TEST(SetupOverlay, ANewOneInTheChosenPlaceIsMadeAtOnce)
 {
-    SetupSheet sheet(Index(2), Stored(TwoForms));
-    const auto replace = [](SetupSheet& self) {
-        MakeNew(self);
-        self.Choose(IDC_OVL_LIST, 2).Click(IDC_OVL_DELETE).Choose(IDC_OVL_LIST, 2).Click(IDOK);
+    OverlaySheet sheet(TwoForms, 2);
+    const auto replace = [&](SetupSheet&) {
+        MakeContract(sheet);
+        sheet.Choose(IDC_OVL_LIST, 2).Click(IDC_OVL_DELETE).Choose(IDC_OVL_LIST, 2).Click(IDOK);
     };
-    EXPECT_EQ(sheet.Difference(replace),
-              "overlay:2 overlay= dmOverlayState=2 dmOverlayFile=" + platform::ToUtf8(NewFile) + " box told");
+    EXPECT_EQ(sheet.Difference(replace), "overlay:2 overlay= dmOverlayState=2 dmOverlayFile=" +
+                                             platform::ToUtf8(sheet.Path(u"contract.oxl")) + " box told");
 }
 
 TEST(SetupOverlay, TheDialogChoosesForThePage)
 {
-    SetupSheet sheet({}, Stored(TwoForms));
+    OverlaySheet sheet(TwoForms);
     const auto choose = [](SetupSheet& self) { self.Click(IDC_EDIT_OVERLAY).Choose(IDC_OVL_LIST, 2).Click(IDOK); };
     EXPECT_EQ(sheet.Difference(choose),
               "overlay=Invoice +overlayFirst dmOverlayState=1 dmOverlayFile=/forms/invoice.oxl dmOverlayIndex=2 "
               "told told");
-}
-
-TEST(SetupOverlay, DeletedRowsComeBackWithCancelAndStayAwayWithOk)
-{
-    for (const bool ok : {true, false}) {
-        SetupSheet sheet(Index(1), Stored(TwoForms));
-        sheet.Click(IDC_EDIT_OVERLAY).Choose(IDC_OVL_LIST, 1).Click(IDC_OVL_DELETE).Click(ok ? IDOK : IDCANCEL);
-        if (ok)
-            EXPECT_THAT(sheet.Items(IDC_OVERLAY), ElementsAre(u"<NONE>", u"Invoice"));
-        else
-            EXPECT_THAT(sheet.Items(IDC_OVERLAY), ElementsAre(u"<NONE>", u"Letterhead", u"Invoice"));
-        EXPECT_EQ(File(sheet), ok ? u"/forms/invoice.oxl" : u"/forms/head.oxl");
-    }
+    const auto remove = [](SetupSheet& self) {
+        self.Click(IDC_EDIT_OVERLAY).Choose(IDC_OVL_LIST, 1).Click(IDC_OVL_DELETE).Click(IDOK);
+    };
+    EXPECT_EQ(sheet.Difference(remove), "overlay:2 dmOverlayIndex=1 told told") << "the row that follows";
 }
 
 TEST(SetupOverlay, TheListEndsWhereThereIsNoRoom)
 {
-    SetupSheet sheet({}, [](TestMachine& machine) {
-        StoreOverlays(machine, TestPrinter, TwoForms);
-        for (int call = 1; call < 100; ++call) machine.Fail("CB_INSERTSTRING", call);
-    });
+    OverlaySheet sheet(TwoForms);
+    for (int call = 1; call < 100; ++call) sheet.Machine().Fail("CB_INSERTSTRING", static_cast<std::uint64_t>(call));
+    sheet.Click(IDC_EDIT_OVERLAY).Click(IDCANCEL);
     EXPECT_TRUE(sheet.Items(IDC_OVERLAY).empty());
     sheet.Notice(IDC_OVERLAY, CBN_SELCHANGE);
     EXPECT_EQ(sheet.Settings().dmOverlayState, 0);
@@ -206,7 +189,7 @@ TEST(SetupOverlay, TheListEndsWhereThereIsNoRoom)
 TEST(SetupOverlay, TheListGoesWithTheSheet)
 {
     for (const bool ok : {true, false}) {
-        SetupSheet sheet({}, Stored(TwoForms));
+        OverlaySheet sheet(TwoForms);
         ok ? sheet.Ok() : sheet.Cancel();
         EXPECT_EQ(OverlayList, nullptr);
         EXPECT_EQ(OverlaySelected, nullptr);

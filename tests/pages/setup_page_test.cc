@@ -4,29 +4,20 @@
 
 #include "pages/setup_page.h"
 #include "platform/controls.h"
-#include "spooler/document_sheet.h"
 #include "tests/support/setup_sheet.h"
 
 namespace {
 
 using namespace testing_support;
-using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::StartsWith;
 
-void Booklet(DriverDevMode& record)
-{
-    record.dmDefaultSource = record.dmDuplexOn = record.dmNupOn = 1;
-    record.dmBookletPaper = 1;
-    record.dmNupCount = 2;
-}
+constexpr char Booklet[] = "dmDefaultSource=1 dmDuplexOn=1 dmNupOn=1 dmBookletPaper=1 dmNupCount=2";
 
 TEST(SetupPage, ShowsAFreshRecord)
 {
     SetupSheet sheet;
-
     EXPECT_THAT(sheet.Items(IDC_NUP), ElementsAre(u"Off", u"2-up", u"4-up", u"6-up", u"9-up", u"16-up"));
     EXPECT_THAT(sheet.Items(IDC_DUPLEX), ElementsAre(u"Off", u"Short Edge Binding", u"Long Edge Binding",
                                                      u"Booklet Left Binding", u"Booklet Right Binding"));
@@ -37,7 +28,6 @@ TEST(SetupPage, ShowsAFreshRecord)
     EXPECT_THAT(sheet.ItemData(IDC_MEDIA_TYPE), ElementsAre(0, 1, 2, 3, 4));
     EXPECT_THAT(sheet.Items(IDC_WATERMARK), ElementsAre(u"<NONE>", u"CONFIDENTIAL", u"TOP SECRET", u"COPY",
                                                         u"DO NOT COPY", u"DRAFT", u"FINAL", u"PROOF"));
-    EXPECT_THAT(sheet.Items(IDC_OVERLAY), ElementsAre(u"<NONE>"));
     for (const int list : {IDC_NUP, IDC_DUPLEX, IDC_PAPER_SOURCE, IDC_MEDIA_TYPE, IDC_WATERMARK, IDC_OVERLAY})
         EXPECT_EQ(sheet.Selection(list), 0) << list;
     EXPECT_EQ(sheet.EnabledLetters(), "Nbs Dg");
@@ -45,43 +35,32 @@ TEST(SetupPage, ShowsAFreshRecord)
     EXPECT_TRUE(sheet.Checked(IDC_SETUP_PAGE_LAYOUT));
     for (const int control : {IDC_WATERMARK_FIRST_PAGE, IDC_OVERLAY_FIRST_PAGE, IDC_SETUP_PREVIEW})
         EXPECT_FALSE(sheet.Enabled(control)) << control;
-    EXPECT_TRUE(sheet.Enabled(IDC_EDIT_OVERLAY));
     EXPECT_EQ(sheet.Changes(), 0);
 }
 
-TEST(SetupPage, IsTheFirstPage) { EXPECT_EQ(PageTable[0].dialogTemplate, IDD_SETUP); }
-
-TEST(SetupPage, ShowsNupByItsCount)
+TEST(SetupPage, NupStandsForItsCount)
 {
-    const std::pair<SHORT, int> rows[] = {
-        {1,  0 },
-        {2,  1 },
-        {4,  2 },
-        {6,  3 },
-        {9,  4 },
-        {16, 5 },
-        {0,  -1},
-        {3,  -1},
-        {-2, -1}
-    };
-    for (const auto& [count, position] : rows) {
-        SetupSheet sheet([count = count](DriverDevMode& record) { record.dmNupCount = count; });
+    for (const auto& [count, position] : {
+             std::pair{1,  0 },
+             {2,  1 },
+             {4,  2 },
+             {6,  3 },
+             {9,  4 },
+             {16, 5 },
+             {0,  -1},
+             {3,  -1},
+             {-2, -1}
+    }) {
+        SetupSheet sheet(Fields("dmNupCount=" + std::to_string(count)));
         EXPECT_EQ(sheet.Selection(IDC_NUP), position) << count;
         EXPECT_EQ(sheet.Enabled(IDC_NUP_STYLE), position != 0) << count;
         EXPECT_EQ(sheet.Settings().dmNupCount, count);
+        if (position < 0) continue;
+        sheet.Choose(IDC_NUP, 1).Choose(IDC_NUP, position);
+        EXPECT_EQ(sheet.Settings().dmNupCount, count);
+        EXPECT_EQ(sheet.Settings().dmNupOn, position != 0) << count;
+        EXPECT_EQ(sheet.Changes(), 2);
     }
-}
-
-TEST(SetupPage, EveryNupRowStoresItsCount)
-{
-    constexpr SHORT counts[] = {1, 2, 4, 6, 9, 16};
-    SetupSheet sheet;
-    for (int row = 5; row >= 0; --row) {
-        sheet.Choose(IDC_NUP, row);
-        EXPECT_EQ(sheet.Settings().dmNupCount, counts[row]);
-        EXPECT_EQ(sheet.Settings().dmNupOn, row == 0 ? 0 : 1);
-    }
-    EXPECT_EQ(sheet.Changes(), 6);
 }
 
 TEST(SetupPage, CommandsAreAnsweredByTheControlAlone)
@@ -92,27 +71,25 @@ TEST(SetupPage, CommandsAreAnsweredByTheControlAlone)
         EXPECT_EQ(sheet.Notice(list, CloseUp), TRUE) << list;
         EXPECT_EQ(sheet.Changes(), 0) << "only a pick counts: " << list;
     }
-    EXPECT_EQ(sheet.Notice(IDC_GUIDE_PAPER, BN_CLICKED), TRUE);
     EXPECT_EQ(sheet.Notice(IDC_GUIDE_PAPER, CloseUp), TRUE);
-    EXPECT_EQ(sheet.Changes(), 2) << "any notice of a check box counts";
+    EXPECT_EQ(sheet.Changes(), 1) << "any notice of a check box counts";
     for (const int other : {IDC_DUPLEX_ICON, IDC_NUP_GROUP, IDC_QUALITY_PAGE_LAYOUT, IDC_STATIC})
         EXPECT_EQ(sheet.Notice(other, BN_CLICKED), FALSE) << other;
 }
 
-TEST(SetupPage, OtherMessagesAreLeftToTheDialog)
+TEST(SetupPage, NotificationsRefreshThePageButForThoseOfItsEnd)
 {
     SetupSheet sheet;
-    for (const UINT message : {WM_PAINT, WM_CONTEXTMENU, WM_DESTROY, WM_SETFONT})
-        EXPECT_EQ(sheet.Send(message, 0, 0), FALSE) << message;
-    for (const UINT code : {PSN_KILLACTIVE, PSN_QUERYCANCEL}) {
+    sheet.Change(Fields("dmZoom=50"));
+    for (const auto& [code, bindings] : {
+             std::pair{PSN_KILLACTIVE,  5u},
+             {PSN_QUERYCANCEL, 5u},
+             {UINT{1234},      3u}
+    }) {
         NMHDR notification{nullptr, 0, code};
-        sheet.Change([](DriverDevMode& record) { record.dmZoom = 50; });
         EXPECT_EQ(sheet.Send(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification)), FALSE) << code;
-        EXPECT_EQ(sheet.Items(IDC_DUPLEX).size(), 5u) << "these change nothing";
+        EXPECT_EQ(sheet.Items(IDC_DUPLEX).size(), bindings) << code;
     }
-    NMHDR other{nullptr, 0, 1234};
-    EXPECT_EQ(sheet.Send(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&other)), FALSE);
-    EXPECT_EQ(sheet.Items(IDC_DUPLEX).size(), 3u) << "any other one refreshes the page";
 }
 
 TEST(SetupPage, ThePictureModeIsNoChange)
@@ -129,7 +106,7 @@ TEST(SetupPage, ThePictureModeIsNoChange)
 
 TEST(SetupPage, PublishesAtApplyAndKeepsItsLists)
 {
-    SetupSheet sheet([](DriverDevMode& record) { record.dmDefaultSource = 1; });
+    SetupSheet sheet(Fields("dmDefaultSource=1"));
     sheet.Choose(IDC_DUPLEX, u"Short Edge Binding").Choose(IDC_WATERMARK, u"DRAFT").Apply();
     EXPECT_EQ(sheet.Published().dmDuplexBinding, 3);
     sheet.Choose(IDC_WATERMARK, u"COPY");
@@ -141,16 +118,11 @@ TEST(SetupPage, PublishesAtApplyAndKeepsItsLists)
 TEST(SetupPage, DefaultRestoresThePage)
 {
     SetupSheet sheet([](DriverDevMode& record) {
-        Booklet(record);
-        record.dmPaperWidthPriv = 2550;
-        record.dmPaperLengthPriv = 3300;
-        record.dmNupVertical = record.dmNupDescending = record.dmNupBorder = 1;
-        record.dmGuidePaper = 0;
-        record.dmBookletRight = record.dmCollateMode = 1;
-        record.dmWatermarkOn = 1;
+        Fields(Booklet)(record);
+        Fields(
+            "dmPaperWidthPriv=2550 dmPaperLengthPriv=3300 dmNupVertical=1 dmNupDescending=1 dmNupBorder=1 "
+            "dmGuidePaper=0 dmBookletRight=1 dmCollateMode=1 dmWatermarkOn=1 dmCopies=3 dmOrientation=2")(record);
         record.dmWatermark.wmId = 3;
-        record.dmCopies = 3;
-        record.dmOrientation = 2;
     });
     sheet.Click(IDC_SETUP_PRINTER_FIGURE);
     EXPECT_EQ(
@@ -161,28 +133,21 @@ TEST(SetupPage, DefaultRestoresThePage)
     EXPECT_TRUE(sheet.Checked(IDC_SETUP_PAGE_LAYOUT));
 }
 
-struct DefaultPaperRow {
-    SHORT media;
-    int country;
-    SHORT before, after;
-};
-
 TEST(SetupPage, DefaultTakesThePaperWithTheMedia)
 {
-    const DefaultPaperRow rows[] = {
-        {0, 1,  5,   5}, // plain paper stays
-        {4, 1,  5,   1},
-        {4, 49, 5,   9},
-        {2, 49, 27,  9},
-        {3, 1,  216, 1},
+    struct Row {
+        int media, country, before, after;
     };
-    for (const DefaultPaperRow& row : rows) {
+    for (const Row& row : {
+             Row{0, 1,  5,   5}, // plain paper stays
+             {4, 1,  5,   1},
+             {4, 49, 5,   9},
+             {2, 49, 27,  9},
+             {3, 1,  216, 1},
+    }) {
         SetupSheet sheet(
-            [&row](DriverDevMode& record) {
-                record.dmMediaIndex = row.media;
-                record.dmPaperSize = row.before;
-            },
-            {}, row.country);
+            Fields("dmMediaIndex=" + std::to_string(row.media) + " dmPaperSize=" + std::to_string(row.before)), {},
+            row.country);
         sheet.Click(IDC_DEFAULT);
         EXPECT_EQ(sheet.Settings().dmPaperSize, row.after) << row.media << " " << row.country;
         EXPECT_EQ(sheet.Settings().dmMediaIndex, 0);
@@ -191,34 +156,32 @@ TEST(SetupPage, DefaultTakesThePaperWithTheMedia)
 
 TEST(SetupPage, DefaultKeepsNupLockedWherePagesAreScaled)
 {
-    SetupSheet sheet([](DriverDevMode& record) { record.dmZoom = 50; });
+    SetupSheet sheet(Fields("dmZoom=50"));
     sheet.Click(IDC_DEFAULT);
     EXPECT_EQ(sheet.EnabledLetters(), "nbs Dg");
     EXPECT_EQ(sheet.Settings().dmZoom, 50) << "belongs to the Paper page";
 }
 
-struct OwnerRow {
-    const char16_t* module;
-    bool shell;
-};
-
 // The mark of the shell stays for the process: the test takes it back.
 TEST(SetupPage, OverlaysAreEditedByWhoMayAndNotInTheShell)
 {
-    const OwnerRow rows[] = {
-        {u"",                                    false},
-        {u"C:\\Program Files\\app.exe",          false},
-        {u"C:\\WINDOWS\\system32\\SHELL32.DLL",  true },
-        {u"c:\\windows\\System32\\shell32.dll",  true },
-        {u"C:\\WINDOWS\\system32\\SHELL32.DLLX", false},
-        {u"D:\\WINDOWS\\system32\\SHELL32.DLL",  false},
-    };
-    for (const OwnerRow& row : rows) {
-        SetupSheet sheet({}, {}, 1, row.module);
-        EXPECT_EQ(sheet.Enabled(IDC_EDIT_OVERLAY), !row.shell) << platform::ToUtf8(row.module);
-        EXPECT_TRUE(sheet.Enabled(IDC_EDIT_WATERMARK));
+    for (const auto& [module, shell] : {
+             std::pair{u"",                                    false},
+             {u"C:\\Program Files\\app.exe",          false},
+             {u"C:\\WINDOWS\\system32\\SHELL32.DLL",  true },
+             {u"c:\\windows\\System32\\shell32.dll",  true },
+             {u"C:\\WINDOWS\\system32\\SHELL32.DLLX", false},
+             {u"D:\\WINDOWS\\system32\\SHELL32.DLL",  false},
+    }) {
         ShellHosted = 0;
+        SetupSheet sheet({}, {}, 1, module);
+        EXPECT_EQ(sheet.Enabled(IDC_EDIT_OVERLAY), !shell) << platform::ToUtf8(module);
+        EXPECT_TRUE(sheet.Enabled(IDC_EDIT_WATERMARK));
+        EXPECT_EQ(ShellHosted, shell);
     }
+    ShellHosted = 1;
+    EXPECT_FALSE(SetupSheet().Enabled(IDC_EDIT_OVERLAY)) << "once in the shell";
+    ShellHosted = 0;
     SetupSheet reader({}, [](TestMachine& machine) {
         machine.store->Remove(TestPrinter);
         machine.store->Add({TestPrinter, TestPrinter, false});
@@ -227,73 +190,46 @@ TEST(SetupPage, OverlaysAreEditedByWhoMayAndNotInTheShell)
     EXPECT_TRUE(reader.Enabled(IDC_EDIT_WATERMARK)) << "the dialog shows without being changed";
 }
 
-TEST(SetupPage, OnceInTheShellOverlaysStayLocked)
+// The icons that are drawn into the static of the binding, and where the picture is painted.
+std::string Icons(const std::vector<std::string>& lines)
 {
-    {
-        SetupSheet sheet({}, {}, 1, u"C:\\WINDOWS\\system32\\SHELL32.DLL");
-        EXPECT_EQ(ShellHosted, 1);
+    std::string icons;
+    for (const std::string& line : lines) {
+        if (line.starts_with("4014 DrawIcon")) icons += line.substr(line.find("icon:") + 5, 4) + " ";
+        if (line.starts_with("1019 GetDC")) icons += "picture ";
     }
-    SetupSheet sheet;
-    EXPECT_FALSE(sheet.Enabled(IDC_EDIT_OVERLAY));
-    ShellHosted = 0;
+    return icons;
 }
-
-struct IconRow {
-    const char16_t* binding;
-    const char* icon;
-};
-
-// The icons that a paint draws into the static of the binding.
-std::vector<std::string> Icons(SetupSheet& sheet)
+std::string PaintedIcons(SetupSheet& sheet)
 {
     sheet.Drawn();
     sheet.Send(WM_PAINT, 0, 0);
-    std::vector<std::string> icons;
-    for (const std::string& line : sheet.Drawn())
-        if (line.find("4014 DrawIcon") != std::string::npos) icons.push_back(line);
-    return icons;
+    return Icons(sheet.Drawn());
 }
 
 TEST(SetupPage, TheIconShowsTheBinding)
 {
-    const IconRow rows[] = {
-        {u"Short Edge Binding",    "9516"},
-        {u"Long Edge Binding",     "9517"},
-        {u"Booklet Left Binding",  "9518"},
-        {u"Booklet Right Binding", "9519"},
-        {u"Off",                   "9514"},
-    };
-    SetupSheet sheet([](DriverDevMode& record) { record.dmDefaultSource = 1; });
-    for (const IconRow& row : rows) {
-        sheet.Choose(IDC_DUPLEX, row.binding);
-        EXPECT_THAT(Icons(sheet), ElementsAre(HasSubstr(row.icon))) << row.icon;
+    SetupSheet sheet(Fields("dmDefaultSource=1"));
+    for (const auto& [binding, icon] : {
+             std::pair{u"Short Edge Binding",    "9516 "},
+             {u"Long Edge Binding",     "9517 "},
+             {u"Booklet Left Binding",  "9518 "},
+             {u"Booklet Right Binding", "9519 "},
+             {u"Off",                   "9514 "},
+    }) {
+        sheet.Drawn();
+        sheet.Choose(IDC_DUPLEX, binding);
+        EXPECT_THAT(Icons(sheet.Drawn()), StartsWith(icon + std::string("picture "))) << "at once";
+        EXPECT_EQ(PaintedIcons(sheet), icon);
     }
 }
 
 TEST(SetupPage, TheIconOfABookletIsDrawnForTray1Alone)
 {
-    SetupSheet sheet([](DriverDevMode& record) {
-        Booklet(record);
-        record.dmDefaultSource = 7;
-    });
-    EXPECT_TRUE(Icons(sheet).empty());
+    SetupSheet sheet(Fields(std::string(Booklet) + " dmDefaultSource=7"));
+    EXPECT_EQ(PaintedIcons(sheet), "");
     sheet.Choose(IDC_PAPER_SOURCE, u"Tray1");
-    EXPECT_EQ(Icons(sheet).size(), 1u);
-}
-
-TEST(SetupPage, APickDrawsItsIconAtOnce)
-{
-    SetupSheet sheet([](DriverDevMode& record) { record.dmDefaultSource = 1; });
-    sheet.Drawn();
-    sheet.Choose(IDC_DUPLEX, u"Long Edge Binding");
-    const auto lines = sheet.Drawn();
-    const auto icon = std::find_if(lines.begin(), lines.end(), [](const std::string& line) {
-        return line.find("4014 DrawIcon") != std::string::npos;
-    });
-    const auto picture =
-        std::find_if(lines.begin(), lines.end(), [](const std::string& line) { return line.starts_with("1019 "); });
-    ASSERT_NE(icon, lines.end());
-    EXPECT_LT(icon, picture) << "before the picture is painted";
+    EXPECT_EQ(PaintedIcons(sheet), "9518 ");
 }
 
 TEST(SetupPage, ARefusedBindingIsNeverDrawn)
@@ -302,10 +238,7 @@ TEST(SetupPage, ARefusedBindingIsNeverDrawn)
         SetupSheet sheet;
         sheet.Drawn();
         sheet.Choose(IDC_DUPLEX, binding);
-        for (const std::string& line : sheet.Drawn())
-            if (line.starts_with("4014 DrawIcon")) {
-                EXPECT_THAT(line, HasSubstr("9514"));
-            }
+        EXPECT_EQ(Icons(sheet.Drawn()), "picture 9514 ") << platform::ToUtf8(binding);
     }
 }
 
@@ -316,8 +249,8 @@ TEST(SetupPage, ThePageLayoutIsDrawnForItsOwnItemAlone)
     item.CtlID = IDC_PAPER_PREVIEW;
     sheet.Drawn();
     EXPECT_EQ(sheet.Send(WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&item)), FALSE);
-    EXPECT_THAT(sheet.Drawn(),
-                testing::Each(AllOf(testing::Not(StartsWith("1029 ")), testing::Not(StartsWith("1019 ")))));
+    const auto elsewhere = testing::AllOf(testing::Not(StartsWith("1029 ")), testing::Not(StartsWith("1019 ")));
+    EXPECT_THAT(sheet.Drawn(), testing::Each(elsewhere));
     sheet.Click(IDC_SETUP_PRINTER_FIGURE).Drawn();
     sheet.Send(WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&item));
     EXPECT_THAT(sheet.Drawn(), Contains(StartsWith("1029 "))) << "the figure, for whichever item";

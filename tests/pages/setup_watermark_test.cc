@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/kernel/memory.h"
-#include "tests/support/setup_sheet.h"
+#include "tests/support/watermark_sheet.h"
 #include "watermark/watermark_list.h"
 
 namespace {
@@ -11,18 +11,12 @@ namespace {
 using namespace testing_support;
 using testing::ElementsAre;
 
-void StoreText(TestMachine& machine, const char16_t* name, std::u16string_view text)
-{
-    platform::Bytes bytes(3000);
-    std::memcpy(bytes.data(), text.data(), 2 * text.size());
-    machine.store->SetValue(TestPrinter, name, {3, bytes});
-}
-
 void TwoStored(TestMachine& machine)
 {
-    StoreText(machine, u"WatermarkText", u"2\r\nFirst text\r\nSecond text\r\n");
-    StoreText(machine, u"WatermarkTextName", u"2\r\nFirst\r\nSecond\r\n");
-    StoreText(machine, u"WatermarkAttributes", u"1|20|72|0|0|0|0|0|0|Arial\r\n1|50|36|0|0|0|2|1|90|Courier New\r\n");
+    StoreWatermarks(machine, {
+                                 {u"First",  u"First text",  u"1|20|72|0|0|0|0|0|0|Arial"       },
+                                 {u"Second", u"Second text", u"1|50|36|0|0|0|2|1|90|Courier New"}
+    });
 }
 
 Sheet::Prepare Chosen(SHORT id, DWORD on = 1)
@@ -35,37 +29,28 @@ Sheet::Prepare Chosen(SHORT id, DWORD on = 1)
     };
 }
 
-TEST(SetupWatermark, ShowsThatOfTheRecord)
+TEST(SetupWatermark, ShowsThatOfTheRecordAsItIsStoredNow)
 {
     struct Row {
         SHORT id;
         DWORD on;
         const char* shown;
-        bool firstPageUsable;
+        const char16_t* text;
     };
     for (const Row& row : {
-             Row{2, 1, "Second", true },
-             Row{1, 5, "First",  true },
-             Row{2, 0, "<NONE>", false},
-             Row{0, 1, "<NONE>", false},
+             Row{2, 1, "Second", u"Second text"},
+             Row{1, 5, "First",  u"First text" },
+             Row{2, 0, "<NONE>", u"?"          },
+             Row{0, 1, "<NONE>", u"?"          },
     }) {
         SetupSheet sheet(Chosen(row.id, row.on), TwoStored);
         EXPECT_EQ(sheet.Row(IDC_WATERMARK), row.shown) << row.id;
-        EXPECT_EQ(sheet.Enabled(IDC_WATERMARK_FIRST_PAGE), row.firstPageUsable) << row.id;
+        EXPECT_EQ(sheet.Enabled(IDC_WATERMARK_FIRST_PAGE), row.text != std::u16string(u"?")) << row.id;
         EXPECT_TRUE(sheet.Checked(IDC_WATERMARK_FIRST_PAGE)) << row.id;
+        EXPECT_EQ(std::u16string(sheet.Settings().dmWatermark.wmText), row.text) << row.id;
+        EXPECT_EQ(sheet.Settings().dmWatermark.wmFirstPageOnly, 1);
         EXPECT_EQ(sheet.Changes(), 0);
     }
-}
-
-TEST(SetupWatermark, ARowThatWasEditedMeanwhileReachesTheJob)
-{
-    SetupSheet sheet(Chosen(2), TwoStored);
-    const DriverDevMode record = sheet.Settings();
-    EXPECT_EQ(std::u16string(record.dmWatermark.wmText), u"Second text");
-    EXPECT_EQ(record.dmWatermark.wmShading, 50);
-    EXPECT_EQ(record.dmWatermark.wmFirstPageOnly, 1);
-    SetupSheet off(Chosen(2, 0), TwoStored);
-    EXPECT_EQ(off.Settings().dmWatermark.wmText[0], u'?') << "nobody asks for one that is off";
 }
 
 TEST(SetupWatermark, APickIsCopiedWhole)
@@ -140,7 +125,7 @@ TEST(SetupWatermark, OkTakesTheRowOfTheDialog)
 TEST(SetupWatermark, ADeletedRowIsGoneAfterOkAndBackAfterCancel)
 {
     SetupSheet sheet(Chosen(1), TwoStored);
-    sheet.Click(IDC_EDIT_WATERMARK).Click(IDC_WM_DELETE).Click(IDC_WM_DELETE).Click(IDCANCEL);
+    sheet.Click(IDC_EDIT_WATERMARK).Click(IDC_WM_DELETE).Click(IDC_WM_DELETE).CloseDialog();
     EXPECT_THAT(sheet.Items(IDC_WATERMARK), ElementsAre(u"<NONE>", u"First", u"Second"));
     EXPECT_EQ(sheet.Row(IDC_WATERMARK), "First");
     EXPECT_EQ(std::u16string(sheet.Settings().dmWatermark.wmText), u"First text");
@@ -148,18 +133,6 @@ TEST(SetupWatermark, ADeletedRowIsGoneAfterOkAndBackAfterCancel)
     EXPECT_THAT(sheet.Items(IDC_WATERMARK), ElementsAre(u"<NONE>", u"Second"));
     EXPECT_EQ(sheet.Row(IDC_WATERMARK), "Second");
     EXPECT_EQ(std::u16string(sheet.Settings().dmWatermark.wmText), u"Second text");
-}
-
-TEST(SetupWatermark, WithoutRightsTheDialogOnlyShows)
-{
-    SetupSheet sheet({}, [](TestMachine& machine) {
-        machine.store->Remove(TestPrinter);
-        machine.store->Add({TestPrinter, TestPrinter, false});
-    });
-    sheet.Click(IDC_EDIT_WATERMARK);
-    EXPECT_FALSE(sheet.Enabled(IDC_WM_NEW));
-    sheet.Choose(IDC_WM_LIST, 1).Click(IDOK);
-    EXPECT_EQ(sheet.Row(IDC_WATERMARK), "CONFIDENTIAL");
 }
 
 TEST(SetupWatermark, ADialogThatDoesNotComeUpChangesNothing)
@@ -171,33 +144,24 @@ TEST(SetupWatermark, ADialogThatDoesNotComeUpChangesNothing)
     EXPECT_EQ(sheet.Row(IDC_WATERMARK), "Second");
 }
 
-TEST(SetupWatermark, EveryListIsReleased)
+TEST(SetupWatermark, EveryListGoesWithTheSheet)
 {
-    const auto walk = [] {
-        SetupSheet sheet(Chosen(2), TwoStored);
-        sheet.Click(IDC_EDIT_WATERMARK).Click(IDC_WM_NEW).Click(IDOK);
-        sheet.Click(IDC_EDIT_WATERMARK).Click(IDC_WM_DELETE).Click(IDCANCEL);
-        sheet.Ok();
-    };
-    walk();
     const std::size_t blocks = platform::memory::BlockCount();
-    walk();
-    EXPECT_EQ(platform::memory::BlockCount(), blocks);
-}
-
-TEST(SetupWatermark, TheListGoesWithTheSheet)
-{
     for (const bool ok : {true, false}) {
-        SetupSheet sheet({}, TwoStored);
-        EXPECT_NE(WatermarkHead, nullptr);
-        ok ? sheet.Ok() : sheet.Cancel();
-        EXPECT_EQ(WatermarkHead, nullptr);
+        {
+            SetupSheet sheet(Chosen(2), TwoStored);
+            sheet.Click(IDC_EDIT_WATERMARK).Click(IDC_WM_NEW).Click(IDOK);
+            sheet.Click(IDC_EDIT_WATERMARK).Click(IDC_WM_DELETE).Click(IDCANCEL);
+            ok ? sheet.Ok() : sheet.Cancel();
+            EXPECT_EQ(WatermarkHead, nullptr);
+        }
+        EXPECT_EQ(platform::memory::BlockCount(), blocks);
     }
 }
 
 TEST(SetupWatermark, WithoutAListThereIsNothingToChoose)
 {
-    SetupSheet sheet({}, [](TestMachine& machine) { TwoStored(machine); });
+    SetupSheet sheet({}, TwoStored);
     sheet.Try([](HWND) {
         FreeWatermarkList();
         return platform::user::Outcome::Done;

@@ -73,15 +73,13 @@ TEST_F(SourceLists, Tray2GoesByMediaPaperAndOutput)
         {0,  0, 1, 2, 216, Tray2Flag, "7124"},
         {0,  0, 1, 1, 11,  Tray2Flag, "7124"}, // scaled, not fitted
     };
-    int number = 0;
     for (const Tray2Case& one : cases) {
         SelectedMedia = one.media;
         SelectedPaperRow = one.paperRow;
         ListFilterMode = one.filterMode;
         FitChoice = {one.fit, 0, one.outputPaper};
         record.dmDeviceFlags = one.flags;
-        EXPECT_EQ(Offered(), one.offered) << "case " << number;
-        ++number;
+        EXPECT_EQ(Offered(), one.offered) << "case " << &one - cases;
     }
 }
 
@@ -98,40 +96,42 @@ TEST_F(SourceLists, OtherSourcesGoByThePaper)
 TEST_F(SourceLists, TheCurrentSourceIsFoundByItsCode)
 {
     for (const auto& [code, row] : {
-             std::pair{7, 0},
-             {1, 1},
-             {2, 2},
-             {4, 3}
+             std::pair{SHORT{7},  0},
+             {SHORT{1},  1},
+             {SHORT{2},  2},
+             {SHORT{4},  3},
+             {SHORT{99}, 3}, // there is none: the last one stays
     }) {
-        record.dmDefaultSource = static_cast<SHORT>(code);
+        record.dmDefaultSource = code;
         RefreshSourceRows();
-        EXPECT_EQ(SourceIndex, row);
+        EXPECT_EQ(SourceIndex, row) << code;
     }
-    record.dmDefaultSource = 99;
-    RefreshSourceRows();
-    EXPECT_EQ(SourceIndex, 3) << "a source that there is not leaves the last one";
 }
 
 TEST_F(SourceLists, Tray2TakesPlainPaperAlone)
 {
-    const auto offered = [] {
-        std::string line;
-        for (const ListRow& row : MediaRows) line += row.enabled ? "+" : "-";
-        return line;
+    struct Row {
+        SHORT source;
+        DWORD flags;
+        const char* offered;
+        int media;
     };
-    record.dmMediaIndex = 3;
-    MediaIndex = 3;
-    RestrictMediaRows();
-    EXPECT_EQ(offered(), "+++++");
-    EXPECT_EQ(record.dmMediaIndex, 3);
-    SelectedSource = 2;
-    RestrictMediaRows();
-    EXPECT_EQ(offered(), "+----");
-    EXPECT_EQ(MediaIndex, 0);
-    EXPECT_EQ(record.dmMediaIndex, 0);
-    record.dmDeviceFlags = 0;
-    RestrictMediaRows();
-    EXPECT_EQ(offered(), "+++++") << "a tray that there is not restricts nothing";
+    for (const Row& row : {
+             Row{7, Tray2Flag, "+++++", 3},
+             {2, Tray2Flag, "+----", 0},
+             {2, 0,         "+++++", 3}, // a tray that there is not restricts nothing
+    }) {
+        MediaIndex = 3;
+        record.dmMediaIndex = 3;
+        SelectedSource = row.source;
+        record.dmDeviceFlags = row.flags;
+        RestrictMediaRows();
+        std::string offered;
+        for (const ListRow& media : MediaRows) offered += media.enabled ? "+" : "-";
+        EXPECT_EQ(offered, row.offered);
+        EXPECT_EQ(MediaIndex, row.media);
+        EXPECT_EQ(record.dmMediaIndex, row.media);
+    }
 }
 
 struct MediaPaperCase {
@@ -168,14 +168,9 @@ TEST(MediaPapers, EveryMediaBringsItsPaper)
     }
 }
 
-void Tray2There(DriverDevMode& record) { record.dmDeviceFlags |= Tray2Flag; }
-
 TEST(SourceCombo, ShowsTheFirstRowForASourceThatHasDroppedOut)
 {
-    SetupSheet sheet([](DriverDevMode& record) {
-        record.dmDefaultSource = 2;
-        record.dmMediaIndex = 0;
-    });
+    SetupSheet sheet(Fields("dmDefaultSource=2"));
     EXPECT_EQ(sheet.Row(IDC_PAPER_SOURCE), "Auto");
     EXPECT_EQ(sheet.Settings().dmDefaultSource, 2);
     EXPECT_THAT(sheet.ItemData(IDC_PAPER_SOURCE), ElementsAre(7, 1, 4));
@@ -183,11 +178,7 @@ TEST(SourceCombo, ShowsTheFirstRowForASourceThatHasDroppedOut)
 
 TEST(SourceCombo, Tray2OpensWithPlainPaperWhateverTheRecordHas)
 {
-    SetupSheet sheet([](DriverDevMode& record) {
-        Tray2There(record);
-        record.dmDefaultSource = 2;
-        record.dmMediaIndex = 3;
-    });
+    SetupSheet sheet(Fields("dmDeviceFlags=128 dmDefaultSource=2 dmMediaIndex=3"));
     EXPECT_THAT(sheet.Items(IDC_MEDIA_TYPE), ElementsAre(u"Plain Paper"));
     EXPECT_EQ(sheet.Settings().dmMediaIndex, 0);
     EXPECT_EQ(SelectedMedia, 0);
@@ -200,12 +191,7 @@ TEST(SourceCombo, Tray2SendsShortOutputPaperAway)
              {49, 11, 9 },
              {49, 15, 15}
     }) {
-        SetupSheet sheet(
-            [before = before](DriverDevMode& record) {
-                Tray2There(record);
-                record.dmOutputPaper = static_cast<SHORT>(before);
-            },
-            {}, country);
+        SetupSheet sheet(Fields("dmDeviceFlags=128 dmOutputPaper=" + std::to_string(before)), {}, country);
         sheet.Choose(IDC_PAPER_SOURCE, u"Manual Feed");
         EXPECT_EQ(sheet.Settings().dmOutputPaper, before);
         sheet.Choose(IDC_PAPER_SOURCE, u"Tray2");
@@ -215,7 +201,7 @@ TEST(SourceCombo, Tray2SendsShortOutputPaperAway)
 
 TEST(SourceCombo, TellsThePaperPageHowToFilterItsPapers)
 {
-    SetupSheet sheet(Tray2There);
+    SetupSheet sheet(Fields("dmDeviceFlags=128"));
     EXPECT_EQ(ListFilterMode, 1);
     sheet.Choose(IDC_PAPER_SOURCE, u"Tray2");
     EXPECT_EQ(ListFilterMode, 0);

@@ -91,7 +91,6 @@ class TransparentBitmap : public testing::Test {
 };
 
 constexpr RECT OneToOne = {Gap, Gap, Gap + Side, Gap + Side};
-constexpr RECT Doubled = {Gap, Gap, Gap + 2 * Side, Gap + 2 * Side};
 
 TEST_F(TransparentBitmap, LetsTheColorOfDialogsShine)
 {
@@ -111,31 +110,30 @@ TEST_F(TransparentBitmap, LetsTheTargetShineForItsOneColor)
 TEST_F(TransparentBitmap, IsStretchedToTheRectangle)
 {
     Face(RGB(30, 30, 46));
-    DrawTransparentBitmap(IDB_ABOUT, Doubled, target, 0);
+    DrawTransparentBitmap(IDB_ABOUT, {Gap, Gap, Gap + 2 * Side, Gap + 2 * Side}, target, 0);
     ExpectPicture(2, [](int, int) { return RGB(30, 30, 46); });
 }
 
 TEST_F(TransparentBitmap, LeavesTheAreaEmptyWithoutItsBitmaps)
 {
     const auto untouched = [&] {
+        int touched = 0;
         for (int y = 0; y < Height; y += 7)
-            for (int x = 0; x < Width; x += 7)
-                if (GetPixel(target, x, y) != Before(x, y)) return false;
-        return true;
+            for (int x = 0; x < Width; x += 7) touched += GetPixel(target, x, y) != Before(x, y);
+        return touched == 0;
     };
     DrawTransparentBitmap(4711, OneToOne, target, 0);
     EXPECT_TRUE(untouched());
-    const std::pair<const char*, int> faults[] = {
-        {"LoadBitmapW",        1},
-        {"LoadBitmapW",        2},
-        {"CreateBitmap",       1},
-        {"CreateCompatibleDC", 1},
-        {"CreateCompatibleDC", 3},
-        {"SelectObject",       2},
-    };
-    for (const auto& [function, call] : faults) {
+    for (const auto& [function, call] : {
+             std::pair{"LoadBitmapW",        1u},
+             {"LoadBitmapW",        2u},
+             {"CreateBitmap",       1u},
+             {"CreateCompatibleDC", 1u},
+             {"CreateCompatibleDC", 3u},
+             {"SelectObject",       2u},
+    }) {
         platform::CurrentEnvironment().faults.Clear();
-        machine.Fail(function, static_cast<std::uint64_t>(call));
+        machine.Fail(function, call);
         DrawTransparentBitmap(IDB_ABOUT, OneToOne, target, 0);
         EXPECT_TRUE(untouched()) << function << ' ' << call;
     }
