@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstring>
 
 #include "platform/controls.h"
 #include "tests/support/setup_sheet.h"
@@ -323,15 +322,6 @@ TEST(QualityPage, ThePictureModeIsKeptAndLostWhenThePageComesBack)
     EXPECT_EQ(sheet.Settings().dmPreviewMode, 0);
     EXPECT_TRUE(sheet.Checked(IDC_QUALITY_PAGE_LAYOUT));
     EXPECT_FALSE(sheet.Checked(IDC_QUALITY_PRINTER_FIGURE));
-}
-
-TEST(QualityPage, CancelPublishesNothing)
-{
-    QualitySheet sheet;
-    sheet.Choose(IDC_TONER_DENSITY, 6);
-    const DriverDevMode nothing{};
-    const DriverDevMode record = sheet.Cancel();
-    EXPECT_EQ(std::memcmp(&record, &nothing, sizeof record), 0);
 }
 
 }  // namespace

@@ -55,16 +55,6 @@ TEST(SetupOverlay, ListsTheRowsThatHaveBeenMade)
     EXPECT_EQ(sheet.StoredNames(), (Names{u"Letterhead", u"Invoice"}));
 }
 
-TEST(SetupOverlay, APrinterThatDoesNotOpenHasNone)
-{
-    SetupSheet sheet([](DriverDevMode& record) { record.dmOverlayIndex = 1; },
-                     [](TestMachine& machine) {
-                         StoreOverlays(machine, TestPrinter, TwoForms);
-                         machine.Fail("OpenPrinterW", 2);
-                     });
-    EXPECT_EQ(sheet.Items(IDC_OVERLAY).front(), u"<NONE>");
-}
-
 TEST(SetupOverlay, APickIsStored)
 {
     OverlaySheet sheet(TwoForms);

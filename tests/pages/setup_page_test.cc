@@ -104,17 +104,6 @@ TEST(SetupPage, ThePictureModeIsNoChange)
     EXPECT_EQ(sheet.Settings().dmPreviewMode, 0);
 }
 
-TEST(SetupPage, PublishesAtApplyAndKeepsItsLists)
-{
-    SetupSheet sheet(Fields("dmDefaultSource=1"));
-    sheet.Choose(IDC_DUPLEX, u"Short Edge Binding").Choose(IDC_WATERMARK, u"DRAFT").Apply();
-    EXPECT_EQ(sheet.Published().dmDuplexBinding, 3);
-    sheet.Choose(IDC_WATERMARK, u"COPY");
-    const DriverDevMode record = sheet.Ok();
-    EXPECT_EQ(std::u16string(record.dmWatermark.wmText), u"COPY");
-    EXPECT_EQ(record.dmDuplexBinding, 3);
-}
-
 TEST(SetupPage, DefaultRestoresThePage)
 {
     SetupSheet sheet([](DriverDevMode& record) {

@@ -81,17 +81,6 @@ TEST(SetupWatermark, FirstPageOnlyGoesWithTheChoice)
               "watermark=<NONE> -watermarkFirst owatermarkFirst dmWatermarkOn=0 dmWatermark told");
 }
 
-TEST(SetupWatermark, DefaultKeepsTheRowAndTurnsItOff)
-{
-    SetupSheet sheet({}, TwoStored);
-    sheet.Choose(IDC_WATERMARK, u"Second").Click(IDC_DEFAULT);
-    EXPECT_EQ(sheet.Row(IDC_WATERMARK), "<NONE>");
-    EXPECT_FALSE(sheet.Enabled(IDC_WATERMARK_FIRST_PAGE));
-    const DriverDevMode record = sheet.Ok();
-    EXPECT_EQ(record.dmWatermarkOn, 0u);
-    EXPECT_EQ(record.dmWatermark.wmId, 2);
-}
-
 // What the page shows and stores after a walk through the dialog.
 std::string After(SetupSheet& sheet, const std::function<void(SetupSheet&)>& walk)
 {

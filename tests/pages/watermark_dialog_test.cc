@@ -342,14 +342,6 @@ TEST(WatermarkDialog, DeleteGoesToTheNextRowAndFromTheLastOneBack)
     EXPECT_EQ(sheet.Names() + sheet.Texts() + sheet.Attributes(), "0/0/");
 }
 
-TEST(WatermarkDialog, EnterInAFieldTakesWhatIsTyped)
-{
-    WatermarkSheet sheet(Abc(), 1);
-    sheet.Type(IDC_WM_SIZE, u"300").Press(platform::user::Key::Enter);
-    EXPECT_EQ(sheet.Template(), IDD_SETUP);
-    EXPECT_THAT(sheet.Attributes(), testing::StartsWith("1|20|200|"));
-}
-
 TEST(WatermarkDialog, AUserWithoutRightsLooksAndChoosesOnly)
 {
     WatermarkSheet sheet(
@@ -419,20 +411,6 @@ TEST(WatermarkFaults, HalfAListIsNotStored)
     EXPECT_EQ(sheet.Row(IDC_WATERMARK), "A");
 }
 
-TEST(WatermarkFaults, WithoutFontsTheDialogStaysAsItsTemplate)
-{
-    for (const char* function : {"EnumFontsW", "GetDC"}) {
-        WatermarkSheet sheet(Abc(), 1);
-        Reopen(sheet, function);
-        EXPECT_EQ(sheet.List(), "<NONE> [A] B C") << function;
-        EXPECT_EQ(sheet.Field(IDC_WM_NAME), "");
-        sheet.Click(IDOK);
-        EXPECT_EQ(sheet.Said(), Blank);
-        sheet.Click(IDCANCEL);
-        EXPECT_EQ(sheet.Names(), "3/A/B/C/");
-    }
-}
-
 TEST(WatermarkFaults, NewEndsWithoutMemory)
 {
     WatermarkSheet sheet(Abc(), 1);
@@ -450,16 +428,6 @@ TEST(WatermarkFaults, TheListBoxStaysInStep)
     sheet.Machine().Fail("LB_INSERTSTRING");
     sheet.Type(IDC_WM_NAME, u"X").Focus(IDC_WM_TEXT);
     EXPECT_EQ(sheet.List(), "<NONE> A [X] C");
-}
-
-TEST(WatermarkFaults, APrinterThatCannotBeWrittenKeepsItsList)
-{
-    WatermarkSheet sheet(Abc(), 1);
-    sheet.Type(IDC_WM_NAME, u"X");
-    sheet.Machine().Fail("OpenPrinterW");
-    sheet.Click(IDOK);
-    EXPECT_EQ(sheet.Names(), "3/A/B/C/");
-    EXPECT_EQ(sheet.Row(IDC_WATERMARK), "X");
 }
 
 }  // namespace
