@@ -486,6 +486,9 @@ TEST_F(Access, NoLetterStandsForTwoThingsThatShow)
         TopWindow* window = WindowOf(top);
         for (const QWidget* widget : window->findChildren<QWidget*>())
             if (const char letter = Letter(TextOf(widget)); letter && widget->isVisible()) {
+                const auto* label = qobject_cast<const QLabel*>(widget);
+                EXPECT_TRUE(!label || label->buddy()->isVisible())
+                    << TextOf(label).toStdString() << " leads to nothing";
                 EXPECT_TRUE(letters.emplace(letter, TextOf(widget).toStdString()).second)
                     << TextOf(widget).toStdString() << " and " << letters[letter];
             }
