@@ -29,6 +29,27 @@ QRect Normal(const RECT& box)
                    std::max(box.top, box.bottom)});
 }
 
+// A pixel that is held as several: a pen of one pixel is moved by half of it, to lie within instead of astride.
+class PixelPen {
+  public:
+    PixelPen(QPainter& painter, const platform::PenSpec& spec) : painter_(painter)
+    {
+        moved_ = spec.width <= 1 && painter.device()->devicePixelRatioF() > 1;
+        painter.setPen(ToPen(spec));
+        if (moved_) painter.translate(0.5, 0.5);
+    }
+    ~PixelPen()
+    {
+        if (moved_) painter_.translate(-0.5, -0.5);
+    }
+    PixelPen(const PixelPen&) = delete;
+    PixelPen& operator=(const PixelPen&) = delete;
+
+  private:
+    QPainter& painter_;
+    bool moved_;
+};
+
 // Angle of a point seen from the middle of a box, in degrees counter-clockwise from three o'clock, on the
 // circle that the ellipse of the box is stretched from.
 double AngleOf(const QRectF& box, POINT point)
@@ -59,7 +80,7 @@ void PainterSurface::SetClip(const std::optional<RECT>& clip)
 
 void PainterSurface::Line(const platform::PenSpec& pen, POINT from, POINT to)
 {
-    painter_.setPen(ToPen(pen));
+    const PixelPen set(painter_, pen);
     if (pen.width > 1) {
         painter_.drawLine(from.x, from.y, to.x, to.y);
         return;
@@ -68,6 +89,12 @@ void PainterSurface::Line(const platform::PenSpec& pen, POINT from, POINT to)
     const int dx = to.x - from.x, dy = to.y - from.y;
     const int steps = std::max(std::abs(dx), std::abs(dy));
     if (steps == 0) return;
+    if (pen.style == PS_SOLID) {
+        // A flat end would leave out the last pixel once more.
+        QPen whole = painter_.pen();
+        whole.setCapStyle(Qt::SquareCap);
+        painter_.setPen(whole);
+    }
     painter_.drawLine(QPoint(from.x, from.y), QPoint(from.x + int(std::lround(double(dx) * (steps - 1) / steps)),
                                                      from.y + int(std::lround(double(dy) * (steps - 1) / steps))));
 }
@@ -76,12 +103,12 @@ void PainterSurface::Rectangle(const platform::PenSpec& pen, const platform::Bru
 {
     QRect inner = Normal(box);
     if (inner.width() < 1 || inner.height() < 1) return;
-    painter_.setPen(ToPen(pen));
-    painter_.setBrush(ToBrush(brush));
     if (pen.style == PS_NULL) {
         if (brush) painter_.fillRect(inner, ToColor(*brush));
         return;
     }
+    const PixelPen set(painter_, pen);
+    painter_.setBrush(ToBrush(brush));
     painter_.drawRect(inner.adjusted(0, 0, -1, -1));
 }
 
@@ -90,7 +117,7 @@ void PainterSurface::Polygon(const platform::PenSpec& pen, const platform::Brush
 {
     QPolygon polygon;
     for (const POINT& point : points) polygon << QPoint(point.x, point.y);
-    painter_.setPen(ToPen(pen));
+    const PixelPen set(painter_, pen);
     painter_.setBrush(ToBrush(brush));
     painter_.drawPolygon(polygon);
 }
@@ -101,7 +128,7 @@ void PainterSurface::Arc(const platform::PenSpec& pen, const RECT& box, POINT st
     const double from = AngleOf(frame, start);
     double sweep = AngleOf(frame, end) - from;
     if (sweep <= 0) sweep += 360;
-    painter_.setPen(ToPen(pen));
+    const PixelPen set(painter_, pen);
     painter_.setBrush(Qt::NoBrush);
     painter_.drawArc(frame, int(std::lround(from * 16)), int(std::lround(sweep * 16)));
 }
