@@ -57,20 +57,22 @@ TEST(DeviceOptions, DefaultReachesBothPagesInEitherOrder)
     };
     // The record keeps a source that is gone from the list; any flag of the device leaves the Paper page with the
     // papers of that source.
+    // clang-format off
     const Case cases[] = {
-        {"not installed", None,                 Auto,  Plain,    Letter,     "*7 1 4 | *0 1 2 3 4 | 7 0",   "16 10 E | 7 1",
-         "*7 1 4 | *0 1 2 3 4 | 7 0",                                                                                                                      "16 10 E | 7 1" },
-        {"not chosen",    Installed,            Tray1, Plain,    Letter,     "7 *1 2 4 | *0 1 2 3 4 | 1 0", "16 10 E | 1 1",
-         "7 *1 4 | *0 1 2 3 4 | 1 0",                                                                                                                      "16 10 E | 1 1" },
-        {"another paper", Installed,            Auto,  Plain,    A5,         "*7 1 4 | *0 1 2 3 4 | 7 0",   "16 10 E | 7 11",
-         "*7 1 4 | *0 1 2 3 4 | 7 0",                                                                                                                      "16 10 E | 7 11"},
-        {"another media", Installed,            Auto,  Envelope, EnvelopeDL, "*7 1 4 | 0 1 *2 3 4 | 7 2",   "8 10 E | 7 27",
-         "*7 1 4 | 0 1 *2 3 4 | 7 2",                                                                                                                      "8 10 E | 7 27" },
-        {"chosen",        Installed,            Tray2, Plain,    Letter,     "7 1 *2 4 | *0 | 2 0",         "5 5 e | 2 1",    "*7 1 4 | *0 1 2 3 4 | 2 0",
-         "16 10 E | 2 1"                                                                                                                                                   },
-        {"among others",  InstalledAmongOthers, Tray2, Plain,    Letter,     "7 1 *2 4 | *0 | 2 0",         "5 5 e | 2 1",
-         "*7 1 4 | *0 1 2 3 4 | 2 0",                                                                                                                      "5 5 e | 2 1"   },
+        {"not installed", None, Auto, Plain, Letter,
+         "*7 1 4 | *0 1 2 3 4 | 7 0",   "16 10 E | 7 1",  "*7 1 4 | *0 1 2 3 4 | 7 0", "16 10 E | 7 1"},
+        {"not chosen", Installed, Tray1, Plain, Letter,
+         "7 *1 2 4 | *0 1 2 3 4 | 1 0", "16 10 E | 1 1",  "7 *1 4 | *0 1 2 3 4 | 1 0", "16 10 E | 1 1"},
+        {"another paper", Installed, Auto, Plain, A5,
+         "*7 1 4 | *0 1 2 3 4 | 7 0",   "16 10 E | 7 11", "*7 1 4 | *0 1 2 3 4 | 7 0", "16 10 E | 7 11"},
+        {"another media", Installed, Auto, Envelope, EnvelopeDL,
+         "*7 1 4 | 0 1 *2 3 4 | 7 2",   "8 10 E | 7 27",  "*7 1 4 | 0 1 *2 3 4 | 7 2", "8 10 E | 7 27"},
+        {"chosen", Installed, Tray2, Plain, Letter,
+         "7 1 *2 4 | *0 | 2 0",         "5 5 e | 2 1",    "*7 1 4 | *0 1 2 3 4 | 2 0", "16 10 E | 2 1"},
+        {"chosen among other flags", InstalledAmongOthers, Tray2, Plain, Letter,
+         "7 1 *2 4 | *0 | 2 0",         "5 5 e | 2 1",    "*7 1 4 | *0 1 2 3 4 | 2 0", "5 5 e | 2 1"},
     };
+    // clang-format on
     for (const Case& one : cases) {
         for (const char16_t* first : {u"Setup", u"Paper"}) {
             SCOPED_TRACE(one.name + (", first " + platform::ToUtf8(first)));
