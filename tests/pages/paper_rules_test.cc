@@ -169,7 +169,7 @@ TEST(PaperRules, FitAndScalingExcludeEachOther)
         {"fitted to plain",            Fitted,  CheckFit,                  "-FoS 100 | 0 100"},
         {"fitted to fitted",           Fitted,  PickAnotherOutput,         "xFOs 100 | 2 100"},
         {"there and back",             Nothing, CheckFitTwice,             "-FoS 100 | 0 100"},
-        {"fitted to scaled",           Fitted,  UncheckThenScale,              "-foS 20 | 1 20"  },
+        {"fitted to scaled",           Fitted,  UncheckThenScale,          "-foS 20 | 1 20"  },
         {"scaled to fitted",           Scaled,  UnscaleThenFit,            "xFOs 100 | 2 100"},
         {"default of scaled",          Scaled,  PressDefault,              "-FoS 100 | 0 100"},
         {"default of fitted",          Fitted,  PressDefault,              "-FoS 100 | 0 100"},

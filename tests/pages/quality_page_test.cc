@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-
 #include "platform/controls.h"
 #include "tests/support/setup_sheet.h"
 

@@ -291,7 +291,7 @@ TEST(WatermarkDialog, NewRowsCountTheirNames)
     EXPECT_TRUE(sheet.HasFocus(IDC_WM_NAME));
     for (const int control : {IDC_WM_ANGLE, IDC_WM_ANGLE_LABEL, IDC_WM_VERTICAL, IDC_WM_HORIZONTAL})
         EXPECT_FALSE(sheet.Enabled(control)) << control;
-    sheet.Type(IDC_WM_NAME, u"Mine").Click(IDC_WM_NEW);
+    sheet.Type(IDC_WM_NAME, u"Mine").Notice(IDC_WM_NEW, BN_CLICKED);  // the name field keeps the focus
     EXPECT_EQ(sheet.List(), "<NONE> Watermark Watermark2 Mine [Watermark1]") << "the name before is taken";
     sheet.Click(IDC_WM_NEW);
     EXPECT_EQ(sheet.List(), "<NONE> Watermark Watermark2 Mine Watermark1 [Watermark3]");
