@@ -1,7 +1,7 @@
 #include "spooler/paper_lists.h"
 
 #include <algorithm>
-#include <cstring>
+#include <span>
 
 #include "module.h"
 #include "platform/user.h"
@@ -79,61 +79,69 @@ void WriteStoredName(const CustomPaperEntry& entry, WCHAR* slot)
     text.Append(u")");
 }
 
-// Walks the list in its order and gives its length: the table's papers but the last row, the stored sizes,
-// the last row.
-template <class OfTable, class OfStored>
-LONG WalkPapers(HANDLE hPrinter, int model, OfTable ofTable, OfStored ofStored)
-{
-    const auto papers = ModelRow(model).papers;
-    const StoredPapers stored(hPrinter);
-    LONG row = 0;
-    for (const PaperEntry& paper : papers.first(papers.size() - 1)) ofTable(row++, paper);
-    for (int i = 0; i < stored.count; ++i) ofStored(row++, stored.entries[i]);
-    ofTable(row++, papers.back());
-    return row;
-}
+// The list in its order: the table's papers but the last row, the stored sizes, the last row.
+class PaperList {
+  public:
+    PaperList(HANDLE hPrinter, int model) : papers_(ModelRow(model).papers), stored_(hPrinter) {}
+    LONG Length() const { return static_cast<LONG>(papers_.size()) + stored_.count; }
+
+    // Calls for the first rows of the list, as many as most says.
+    template <class OfTable, class OfStored>
+    void Walk(LONG most, OfTable ofTable, OfStored ofStored) const
+    {
+        const LONG firstStored = static_cast<LONG>(papers_.size()) - 1, last = Length() - 1;
+        for (LONG row = 0; row < most; ++row) {
+            if (row >= firstStored && row < last)
+                ofStored(row, stored_.entries[row - firstStored]);
+            else
+                ofTable(row, row < firstStored ? papers_[static_cast<std::size_t>(row)] : papers_.back());
+        }
+    }
+
+  private:
+    std::span<const PaperEntry> papers_;
+    StoredPapers stored_;
+};
 
 }  // namespace
 
 LONG PaperCodeList(HANDLE hPrinter, int model, void* output)
 {
-    auto* codes = static_cast<WORD*>(output);
-    const auto put = [codes](LONG row, WORD code) {
-        if (codes) codes[row] = code;
-    };
-    return WalkPapers(
-        hPrinter, model, [&](LONG row, const PaperEntry& paper) { put(row, static_cast<WORD>(paper.code)); },
-        [&](LONG row, const CustomPaperEntry& entry) { put(row, static_cast<WORD>(entry.cpCode)); });
+    const PaperList list(hPrinter, model);
+    if (auto* codes = static_cast<WORD*>(output))
+        list.Walk(
+            list.Length(), [&](LONG row, const PaperEntry& paper) { codes[row] = static_cast<WORD>(paper.code); },
+            [&](LONG row, const CustomPaperEntry& entry) { codes[row] = static_cast<WORD>(entry.cpCode); });
+    return list.Length();
 }
 
 LONG PaperSizeList(HANDLE hPrinter, int model, int /*orientation*/, void* output)
 {
-    auto* sizes = static_cast<PaperExtent*>(output);
-    const auto put = [sizes](LONG row, PaperExtent size) {
-        if (sizes) sizes[row] = size;
-    };
-    return WalkPapers(
-        hPrinter, model,
-        [&](LONG row, const PaperEntry& paper) {
-            put(row, paper.portrait ? BuiltInPaperTenths(paper) : CustomRowExtent);
-        },
-        [&](LONG row, const CustomPaperEntry& entry) { put(row, StoredPaperTenths(entry)); });
+    const PaperList list(hPrinter, model);
+    if (auto* sizes = static_cast<PaperExtent*>(output))
+        list.Walk(
+            list.Length(),
+            [&](LONG row, const PaperEntry& paper) {
+                sizes[row] = paper.portrait ? BuiltInPaperTenths(paper) : CustomRowExtent;
+            },
+            [&](LONG row, const CustomPaperEntry& entry) { sizes[row] = StoredPaperTenths(entry); });
+    return list.Length();
 }
 
 LONG PaperNameList(HANDLE hPrinter, int model, void* output)
 {
+    const PaperList list(hPrinter, model);
     auto* names = static_cast<WCHAR*>(output);
     const auto slot = [names](LONG row) { return names + std::size_t(row) * PaperNameSlot; };
-    return WalkPapers(
-        hPrinter, model,
-        [&](LONG row, const PaperEntry& paper) {
-            if (!names) return;
-            std::fill_n(slot(row), PaperNameSlot, u'\0');
-            LoadStringW(ResourceHandle, paper.nameString, slot(row), PaperNameSlot);
-        },
-        [&](LONG row, const CustomPaperEntry& entry) {
-            if (names) WriteStoredName(entry, slot(row));
-        });
+    if (names)
+        list.Walk(
+            PromisedNames(list.Length()),
+            [&](LONG row, const PaperEntry& paper) {
+                std::fill_n(slot(row), PaperNameSlot, u'\0');
+                LoadStringW(ResourceHandle, paper.nameString, slot(row), PaperNameSlot);
+            },
+            [&](LONG row, const CustomPaperEntry& entry) { WriteStoredName(entry, slot(row)); });
+    return list.Length();
 }
 
 LONG BinCodeList(int model, void* output)

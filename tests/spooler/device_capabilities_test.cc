@@ -71,8 +71,20 @@ TEST_F(Capability, MergesTheCallersRecord)
     EXPECT_EQ(Ask(DC_FIELDS, nullptr, &record), 20227 | 0x10);
     record.dmSpecVersion = 800;
     EXPECT_EQ(Ask(DC_FIELDS, nullptr, &record), 20227);
-    Machine::Fail("GlobalAlloc");
-    EXPECT_EQ(Ask(DC_COPIES), -1);
+}
+
+TEST_F(Capability, NeedsMemoryForItsRecordAndForTheMerge)
+{
+    StorePapers(machine, {Entry(257, u"Card", 0, 1000, 2000)});
+    const DriverDevMode record = BusyRecord();
+    // The second and third are those of the country.
+    constexpr LONG Answers[] = {-1, 28, 28, -1, 27, 28};
+    std::uint64_t call = 0;
+    for (const LONG answer : Answers) {
+        platform::CurrentEnvironment().faults.Clear();
+        Machine::Fail("GlobalAlloc", ++call);
+        EXPECT_EQ(Ask(DC_PAPERS, nullptr, &record), answer) << call;
+    }
 }
 
 TEST_F(Capability, ListsFixedOutputs)
@@ -112,6 +124,27 @@ TEST_F(Capability, WithoutStoredSizesTheListsHave27Rows)
     StorePapers(machine, platform::Bytes(40), 55);
     EXPECT_EQ(Ask(DC_PAPERSIZE), 27);
     EXPECT_EQ(DrvDeviceCapabilities(nullptr, nullptr, DC_PAPERNAMES, nullptr, nullptr), 27);
+}
+
+TEST_F(Capability, WritesNoMoreThanTheAnswerPromises)
+{
+    for (const auto& [stored, names] : {
+             std::pair{1,     28    },
+             {32740, 32767 },
+             {32741, -32768},
+             {65508, -1    },
+             {65509, 0     },
+             {65511, 2     }
+    }) {
+        StorePapers(machine, platform::Bytes(56, 1), static_cast<DWORD>(stored) * 56);
+        EXPECT_EQ(Ask(DC_PAPERS), stored + 27);
+        EXPECT_EQ(Ask(DC_PAPERNAMES), names);
+        const std::size_t end = 64 * static_cast<std::size_t>(std::max(names, 0));
+        std::vector<WCHAR> slots(end + 64, 77);
+        EXPECT_EQ(Ask(DC_PAPERNAMES, slots.data()), names);
+        EXPECT_EQ(std::count(slots.begin() + static_cast<std::ptrdiff_t>(end), slots.end(), 77), 64) << stored;
+        EXPECT_TRUE(end == 0 || slots[end - 64] != 77) << stored;
+    }
 }
 
 TEST_F(Capability, ANameWithoutTerminatorEndsWithItsField)
