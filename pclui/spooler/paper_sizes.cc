@@ -36,6 +36,8 @@ PaperExtent StoredPaperTenths(const CustomPaperEntry& paper)
 
 int PaperSizeTenths(HANDLE hPrinter, int paperCode, int model, int, PaperExtent* out)
 {
+    // Whatever a store calls by that code.
+    if (paperCode == CustomPaperCode) return 0;
     for (const PaperEntry& paper : ModelRow(model).papers) {
         if (!paper.portrait) {
             if (FindStoredPaper(hPrinter, paperCode, out)) return 1;

@@ -74,7 +74,8 @@ TEST_F(PaperSizes, AreFoundAmongTheStoredPapersByCode)
         {257, 2000, 1000, 0, 0, 0, 0, {}},
         {258, 2100, 1100, 0, 0, 0, 0, {}},
         {258, 9,    9,    0, 0, 0, 0, {}},
-        {9,   2000, 1000, 0, 0, 0, 0, {}}
+        {9,   2000, 1000, 0, 0, 0, 0, {}},
+        {256, 2000, 1000, 0, 0, 0, 0, {}}
     });
     PaperExtent size{};
     EXPECT_EQ(PaperSizeTenths(printer, 258, 0, 1, &size), 1);
