@@ -61,18 +61,24 @@ GlobalBlock<PrinterDataBlock> DefaultPrinterDataBlock()
     return block;
 }
 
-}  // namespace
-
-GlobalBlock<BYTE[]> ReadPrinterBlob(HANDLE hPrinter, DWORD* size, int slot)
+// A slot in a block of so many bytes at least.
+GlobalBlock<BYTE[]> ReadBlob(HANDLE hPrinter, DWORD* size, int slot, DWORD least)
 {
     const Slot* names = SlotOf(slot);
     if (!names) return nullptr;
     DWORD length = 0;
     if (GetValue(hPrinter, names->sizeValue, &length, sizeof length) != 0 || length == 0) return nullptr;
-    auto block = AllocateBlock<BYTE[]>(length);
+    auto block = AllocateBlock<BYTE[]>(std::max(length, least));
     if (!block || GetValue(hPrinter, names->dataValue, block.get(), length) != 0) return nullptr;
     if (size) *size = length;
     return block;
+}
+
+}  // namespace
+
+GlobalBlock<BYTE[]> ReadPrinterBlob(HANDLE hPrinter, DWORD* size, int slot)
+{
+    return ReadBlob(hPrinter, size, slot, 0);
 }
 
 bool WritePrinterBlob(HANDLE hPrinter, const void* data, DWORD size, int slot)
@@ -84,15 +90,9 @@ bool WritePrinterBlob(HANDLE hPrinter, const void* data, DWORD size, int slot)
 
 GlobalBlock<PrinterDataBlock> ReadPrinterDataBlock(HANDLE hPrinter)
 {
-    DWORD length = 0;
-    auto stored = ReadPrinterBlob(hPrinter, &length, PrinterDataSlot);
+    auto stored = ReadBlob(hPrinter, nullptr, PrinterDataSlot, sizeof(PrinterDataBlock));
     if (!stored) return DefaultPrinterDataBlock();
-    if (length >= sizeof(PrinterDataBlock)) {
-        return GlobalBlock<PrinterDataBlock>(reinterpret_cast<PrinterDataBlock*>(stored.release()));
-    }
-    auto block = AllocateBlock<PrinterDataBlock>(sizeof(PrinterDataBlock));
-    if (block) std::copy_n(stored.get(), length, reinterpret_cast<BYTE*>(block.get()));
-    return block;
+    return GlobalBlock<PrinterDataBlock>(reinterpret_cast<PrinterDataBlock*>(stored.release()));
 }
 
 bool WritePrinterDataBlock(HANDLE hPrinter, const void* data, DWORD size)

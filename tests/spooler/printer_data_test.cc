@@ -160,6 +160,9 @@ TEST_F(PrinterData, BlockIsReadAsItIsStoredAndEndsInZeros)
     EXPECT_EQ(BytesOf(*ReadPrinterDataBlock(printer)), Bytes(stored.begin(), stored.begin() + 8));
     EXPECT_TRUE(WritePrinterDataBlock(printer, stored.data(), 3));
     EXPECT_EQ(BytesOf(*ReadPrinterDataBlock(printer)), (Bytes{0x20, 3, 4, 0, 0, 0, 0, 0}));
+    platform::CurrentEnvironment().faults.Clear();
+    Machine::Fail("GlobalAlloc");
+    EXPECT_EQ(BytesOf(*ReadPrinterDataBlock(printer)), (Bytes{0x00, 4, 8, 0, 0, 0, 0, 0})) << "the default";
 }
 
 TEST_F(PrinterData, InfoIsOneBlock)
