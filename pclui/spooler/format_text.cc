@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr int StringChars = 256;
-
 // Takes characters one by one: writes what fits and counts all.
 class Output {
   public:
@@ -59,8 +57,8 @@ void PutDirective(Output& output, HMODULE module, WCHAR directive, Arguments& ar
 {
     switch (directive) {
         case u'!': {
-            WCHAR text[StringChars] = {};
-            LoadStringW(module, static_cast<UINT>(arguments.Next<LONG>()), text, StringChars);
+            WCHAR text[FormatStringChars] = {};
+            LoadStringW(module, static_cast<UINT>(arguments.Next<LONG>()), text, FormatStringChars);
             output.Put(text);
             break;
         }

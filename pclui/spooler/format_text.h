@@ -9,6 +9,9 @@
 // What a directive takes: a number (also a string number or a character) or a wide string.
 using FormatArgument = std::variant<LONG, const WCHAR*>;
 
+// With the terminator.
+inline constexpr int FormatStringChars = 256;
+
 // Directives: %! the string of that number from module, at most 256 characters; %s a string; %c a character;
 // %d %u %x %X a number. Any other character behind a % stands for itself. Text goes to buffer as far as chars
 // allows, the last character of which is always 0; buffer may be null. needed, if given, takes the full length

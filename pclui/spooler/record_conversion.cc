@@ -1,5 +1,7 @@
 #include "spooler/record_conversion.h"
 
+#include <limits>
+
 #include "boundary.h"
 #include "module.h"
 #include "resources/control_numbers.h"
@@ -71,6 +73,12 @@ bool FillWithDefault(const WCHAR* printerName, DEVMODEW* pdmOut)
     return true;
 }
 
+// The limit of a message's buffer. One that no number of characters reaches says only that there is room.
+int MessageRoom(DWORD limit)
+{
+    return limit <= DWORD{std::numeric_limits<int>::max()} ? static_cast<int>(limit) : FormatStringChars;
+}
+
 // 0 if the record of a job can be used, else the string that says why not.
 UINT WhyNotPrintable(const DEVMODEW* record)
 {
@@ -115,7 +123,7 @@ BOOL DevQueryPrintEx(DEVQUERYPRINT_INFO* info)
         if (!info->pDevMode) return TRUE;
         const UINT message = WhyNotPrintable(info->pDevMode);
         if (!message) return TRUE;
-        FormatText(ResourceHandle, info->pszErrorStr, static_cast<int>(info->cchErrorStr), &info->cchNeeded, u"%!",
+        FormatText(ResourceHandle, info->pszErrorStr, MessageRoom(info->cchErrorStr), &info->cchNeeded, u"%!",
                    {static_cast<LONG>(message)});
         return FALSE;
     });

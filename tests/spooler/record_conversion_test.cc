@@ -2,6 +2,7 @@
 
 #include "settings/defaults.h"
 #include "settings/record_copy.h"
+#include "settings/tray2_value.h"
 #include "spooler/format_text.h"
 #include "tests/spooler/printer_fixture.h"
 #include "tests/support/records.h"
@@ -104,19 +105,32 @@ TEST_F(Conversion351, RefusesWhatIsMissingOrPromisesMoreThanThereIs)
     EXPECT_EQ(error, 87u);
     EXPECT_FALSE(Convert(CDM_CONVERT, 220, true, false));
     EXPECT_EQ(error, 87u);
-    EXPECT_FALSE(Convert(CDM_CONVERT351, 300, false));
+    PromiseRecord(71, 0);
+    EXPECT_TRUE(Convert(CDM_CONVERT, 300)) << "a size of no version";
+    EXPECT_EQ(needed, 71);
+    reinterpret_cast<DEVMODEW*>(buffer.data())->dmSpecVersion = 0;
+    EXPECT_FALSE(Convert(CDM_CONVERT, 300));
     EXPECT_EQ(error, 87u);
+    EXPECT_FALSE(Convert(CDM_CONVERT351, 400, false));
+    EXPECT_EQ(error, 87u);
+    EXPECT_EQ(needed, 400);
     EXPECT_FALSE(Convert(CDM_CONVERT351, 300, true, false));
     EXPECT_EQ(error, 122u);
-    SetLastError(0);
-    EXPECT_FALSE(DrvConvertDevMode(OfficePrinter, PublicPart(&input), nullptr, nullptr, CDM_CONVERT));
-    EXPECT_EQ(GetLastError(), 87u);
+    for (const DWORD mode : {CDM_CONVERT, CDM_CONVERT351, CDM_DRIVER_DEFAULT, DWORD{3}}) {
+        SetLastError(0);
+        auto* out = reinterpret_cast<DEVMODEW*>(buffer.data());
+        EXPECT_FALSE(DrvConvertDevMode(OfficePrinter, PublicPart(&input), out, nullptr, mode));
+        EXPECT_EQ(GetLastError(), 87u) << mode;
+    }
 }
 
 TEST_F(Conversion351, TheDefaultIsTheModelsWithoutTheInput)
 {
+    WriteTray2(OfficePrinter, true);
     ASSERT_TRUE(Convert(CDM_DRIVER_DEFAULT, 2000));
     DriverDevMode expected;
+    BuildDefaultSettings(&expected, OfficeDriver, u"", 0);
+    EXPECT_NE(RecordImage(buffer.begin(), buffer.begin() + 1848), BytesOf(expected)) << "the printer counts";
     BuildDefaultSettings(&expected, OfficeDriver, OfficePrinter, 0);
     buffer.resize(1848);
     EXPECT_EQ(buffer, BytesOf(expected));
@@ -135,19 +149,41 @@ TEST_F(Conversion351, AJobPrintsUnlessMemoryRunsOut)
     WCHAR message[64] = {};
     DEVQUERYPRINT_INFO info{sizeof info, 1, printer, nullptr, message, 64, 0};
     EXPECT_EQ(DevQueryPrintEx(&info), 1);
-    input.dmSize = 188;
+    DriverDevMode old = input;
+    old.dmSize = 188;
+    info.pDevMode = PublicPart(&old);
+    EXPECT_EQ(DevQueryPrintEx(&info), 1);
     info.pDevMode = PublicPart(&input);
     EXPECT_EQ(DevQueryPrintEx(&info), 1);
-    Machine::Fail("GlobalAlloc");
-    EXPECT_EQ(DevQueryPrintEx(&info), 0);
-    EXPECT_EQ(std::u16string(message), u"Memory allocation failed");
-    EXPECT_EQ(info.cchNeeded, 25u);
-    info.cchErrorStr = 8;
-    platform::CurrentEnvironment().faults.Clear();
-    Machine::Fail("GlobalAlloc");
-    EXPECT_EQ(DevQueryPrintEx(&info), 0);
-    EXPECT_EQ(std::u16string(message), u"Memory ");
-    EXPECT_EQ(info.cchNeeded, 25u);
+}
+
+struct RefusalRow {
+    std::uint64_t call;  // the allocation that fails
+    DWORD room;
+    std::u16string message;
+    DWORD needed;
+};
+
+TEST_F(Conversion351, ARefusedJobHasAMessageAsFarAsThereIsRoom)
+{
+    for (const RefusalRow& row : {
+             RefusalRow{1, 64,          u"Memory allocation failed",   25},
+             RefusalRow{1, 8,           u"Memory ",                    25},
+             RefusalRow{1, 0,           u"unwritten",                  25},
+             RefusalRow{4, 64,          u"Invalid DEVMODE structure.", 27},
+             RefusalRow{4, 0x7FFF,      u"Invalid DEVMODE structure.", 27},
+             RefusalRow{4, 0x80000000u, u"Invalid DEVMODE structure.", 27},
+             RefusalRow{4, 0xFFFFFFFFu, u"Invalid DEVMODE structure.", 27}
+    }) {
+        std::vector<WCHAR> message(0x8000);
+        lstrcpyW(message.data(), u"unwritten");
+        DEVQUERYPRINT_INFO info{sizeof info, 1, printer, PublicPart(&input), message.data(), row.room, 0};
+        platform::CurrentEnvironment().faults.Clear();
+        Machine::Fail("GlobalAlloc", row.call);
+        EXPECT_EQ(DevQueryPrintEx(&info), 0);
+        EXPECT_EQ(std::u16string(message.data()), row.message) << row.room;
+        EXPECT_EQ(info.cchNeeded, row.needed);
+    }
 }
 
 TEST(FormatTextTest, TakesAnArgumentForEachDirective)
@@ -156,6 +192,21 @@ TEST(FormatTextTest, TakesAnArgumentForEachDirective)
     DWORD needed = 0;
     EXPECT_EQ(FormatText(nullptr, text, 64, &needed, u"%d %u %x %X %c%s%%", {-5, -1, 255, 255, u'c', u"str"}), 25);
     EXPECT_EQ(std::u16string(text), u"-5 4294967295 ff FF cstr%");
+}
+
+TEST(FormatTextTest, WritesWhatFitsAndCountsWhatIsAskedFor)
+{
+    WCHAR text[6] = u"unset";
+    DWORD needed = 0;
+    EXPECT_EQ(FormatText(nullptr, text, 5, nullptr, u"%s", {u"longer"}), 4);
+    EXPECT_EQ(std::u16string(text), u"long");
+    EXPECT_EQ(FormatText(nullptr, nullptr, 0, &needed, u"a%s%", {u"longer"}), 0);
+    EXPECT_EQ(needed, 8u);
+    text[4] = u'x';
+    EXPECT_EQ(FormatText(nullptr, text, 5, &needed, u"ab%", {}), 2) << "nothing for a % at the end";
+    EXPECT_EQ(std::u16string(text), u"ab");
+    EXPECT_EQ(text[4], 0);
+    EXPECT_EQ(needed, 3u);
 }
 
 }  // namespace
