@@ -1,5 +1,6 @@
 #include "pages/custom_paper_store.h"
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <new>
@@ -34,32 +35,37 @@ void GiveName(PaperRow& row, const CustomPaperEntry& entry)
     CopyBounded(row.name, name, RowNameChars);
 }
 
-// The row at the end of what was built so far: the head for the first entry, else a new one behind last.
-PaperRow* NextRow(PaperRow* last)
+// Makes the row behind last, of which last is null for the head row, equal to the entry, and makes the row if
+// there is none. Null without memory: no row stands in the chain without a size.
+PaperRow* StoreBehind(PaperRow& headRow, PaperRow* last, const CustomPaperEntry& entry, int position)
 {
-    if (!last) return &CustomHeadRow;
-    last->next.reset(new (std::nothrow) PaperRow);
-    return last->next.get();
+    PaperRow* row = last ? last->next.get() : &headRow;
+    std::unique_ptr<PaperRow> made;
+    if (!row) {
+        made.reset(new (std::nothrow) PaperRow);
+        row = made.get();
+    }
+    if (!row || !GiveSize(*row, entry)) return nullptr;
+    GiveName(*row, entry);
+    row->code = FirstStoredPaperCode + position;
+    if (made) last->next = std::move(made);
+    return row;
 }
 
-// Builds the rows of count entries and gives their number; memory may end the list early.
-int BuildRows(const CustomPaperEntry* entries, int count)
+// Makes the rows those of count entries and gives their number; memory may end the list early.
+template <class EntryAt>
+int StoreRows(int count, EntryAt entryAt)
 {
     PaperRow* last = nullptr;
-    int built = 0;
-    for (; built < count; ++built) {
-        PaperRow* row = NextRow(last);
+    int stored = 0;
+    for (; stored < count; ++stored) {
+        PaperRow* row = StoreBehind(CustomHeadRow, last, entryAt(stored), stored);
         if (!row) break;
-        GiveName(*row, entries[built]);
-        if (!GiveSize(*row, entries[built])) {
-            if (last) last->next.reset();
-            break;
-        }
-        row->code = FirstStoredPaperCode + built;
         last = row;
     }
-    if (built == 0) CustomHeadRow.code = 0;
-    return built;
+    if (!last) CustomHeadRow.code = 0;
+    ReleaseRowsBehind(last ? *last : CustomHeadRow);
+    return stored;
 }
 
 void EmptyRows()
@@ -91,7 +97,8 @@ DWORD LoadCustomPaperRows()
         return MakeLong(NoCustomPaper, 0);
     }
     ReleaseRowsBehind(CustomHeadRow);
-    const int built = BuildRows(entries.get(), count < MostRows ? count : MostRows);
+    const int built =
+        StoreRows(std::min(count, MostRows), [&](int i) -> const CustomPaperEntry& { return entries[i]; });
     const int position = wanted - FirstStoredPaperCode;
     const bool found = position >= 0 && position < built;
     return MakeLong(found ? static_cast<DWORD>(position) : NoCustomPaper, static_cast<DWORD>(built));
@@ -106,20 +113,10 @@ void LoadCustomPaperList()
 
 int StoreCustomPaperRow(PaperRow& headRow, const CustomPaperEntry& entry, int position)
 {
-    PaperRow* row = &headRow;
-    for (int i = 0; i < position; ++i) {
-        if (!row->next) {
-            std::unique_ptr<PaperRow> made(new (std::nothrow) PaperRow);
-            // No row stands in the chain without a size.
-            if (!made || !GiveSize(*made, entry)) return 0;
-            row->next = std::move(made);
-        }
-        row = row->next.get();
-    }
-    if (!GiveSize(*row, entry)) return 0;
-    GiveName(*row, entry);
-    row->code = FirstStoredPaperCode + position;
-    return 1;
+    PaperRow* last = position > 0 ? &headRow : nullptr;
+    for (int i = 1; i < position && last; ++i) last = last->next.get();
+    if (position > 0 && !last) return 0;
+    return StoreBehind(headRow, last, entry, position) ? 1 : 0;
 }
 
 bool SaveCustomPapers(int count)
@@ -138,17 +135,14 @@ bool SaveCustomPapers(int count)
     const DWORD bytes = static_cast<DWORD>(count) * sizeof(CustomPaperEntry);
     const LockedBlock buffer(bytes);
     if (!buffer) return false;
-    PaperRow* last = &CustomHeadRow;
-    for (int i = 0; i < count; ++i) {
-        CustomPaperEntry* entry = WorkListEntryAt(i);
-        if (!entry) break;
-        entry->cpCode = static_cast<SHORT>(FirstStoredPaperCode + i);
-        StoreCustomPaperRow(CustomHeadRow, *entry, i);
-        std::memcpy(buffer.Bytes() + i * sizeof(CustomPaperEntry), entry, sizeof(CustomPaperEntry));
-        if (i > 0 && last->next) last = last->next.get();
+    auto* const records = reinterpret_cast<CustomPaperEntry*>(buffer.Bytes());
+    int listed = 0;
+    for (CustomPaperNode* node = CustomPaperWorkList.get(); node && listed < count; node = node->next.get()) {
+        node->entry.cpCode = static_cast<SHORT>(FirstStoredPaperCode + listed);
+        records[listed++] = node->entry;
     }
+    StoreRows(listed, [records](int i) -> const CustomPaperEntry& { return records[i]; });
     WritePrinterBlob(printer.Handle(), buffer.Bytes(), bytes, CustomPaperSlot);
     printer.Close();
-    ReleaseRowsBehind(*last);
     return true;
 }

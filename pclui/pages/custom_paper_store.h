@@ -17,7 +17,8 @@ inline constexpr WORD NoCustomPaper = 0xFFFF;
 // The same, with PaperRowCount, and SelectedPaperRow if the record's paper is among the rows.
 void LoadCustomPaperList();
 
-// Makes the custom row at a position equal to the entry; rows that are missing are made. 0 without memory.
+// Makes the custom row at a position equal to the entry; a row that is missing is made behind
+// the last one. 0 without memory, or if the chain ends before the row in front of it.
 int StoreCustomPaperRow(PaperRow& headRow, const CustomPaperEntry& entry, int position);
 
 // Writes the first count entries of the working list to the printer and brings the rows into line. False,

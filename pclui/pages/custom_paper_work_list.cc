@@ -6,6 +6,10 @@ std::unique_ptr<CustomPaperNode> CustomPaperWorkList;
 
 namespace {
 
+// The link behind the last node, where the next one is hung: a store may claim more sizes than can be walked
+// for each anew.
+std::unique_ptr<CustomPaperNode>* EndLink = &CustomPaperWorkList;
+
 // The link that holds the node at a position; the one behind the last if the list is shorter.
 std::unique_ptr<CustomPaperNode>& LinkAt(int position)
 {
@@ -18,11 +22,10 @@ std::unique_ptr<CustomPaperNode>& LinkAt(int position)
 
 bool WorkListAppend(const CustomPaperEntry& entry)
 {
-    std::unique_ptr<CustomPaperNode>* link = &CustomPaperWorkList;
-    while (*link) link = &(*link)->next;
-    link->reset(new (std::nothrow) CustomPaperNode);
-    if (!*link) return false;
-    (*link)->entry = entry;
+    CustomPaperNode* made = new (std::nothrow) CustomPaperNode{entry, nullptr};
+    if (!made) return false;
+    EndLink->reset(made);
+    EndLink = &made->next;
     return true;
 }
 
@@ -36,6 +39,7 @@ void WorkListRemoveAt(int position)
 {
     std::unique_ptr<CustomPaperNode>& link = LinkAt(position);
     if (link) link = std::move(link->next);
+    if (!link) EndLink = &link;
 }
 
 CustomPaperEntry* WorkListStoreAt(int position, const CustomPaperEntry& entry)
@@ -56,4 +60,5 @@ void WorkListFree()
 {
     // One by one: a long list must not be released by nested destructors.
     while (CustomPaperWorkList) CustomPaperWorkList = std::move(CustomPaperWorkList->next);
+    EndLink = &CustomPaperWorkList;
 }

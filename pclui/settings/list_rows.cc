@@ -9,7 +9,7 @@
 ListRow SourceRows[SourceRowCount];
 ListRow MediaRows[MediaRowCount];
 PaperRow PaperRows[BuiltInPaperRows + 1];
-int PaperRowCount = BuiltInPaperRows;
+int PaperRowCount = 0;
 int SelectedPaperRow = 0;
 
 SHORT SelectedSource = 0;

@@ -40,7 +40,7 @@ extern ListRow SourceRows[SourceRowCount];                     // one per bin; l
 extern ListRow MediaRows[MediaRowCount];                       // one per media; loaded by LoadMediaRows
 extern PaperRow PaperRows[BuiltInPaperRows + 1];               // loaded by the paper lists and the custom paper store
 inline PaperRow& CustomHeadRow = PaperRows[BuiltInPaperRows];  // code 0: there are no custom sizes
-extern int PaperRowCount;     // 26 and the custom rows; written by the custom paper store
+extern int PaperRowCount;     // 26 and the custom rows, 0 before they are loaded; written by the custom paper store
 extern int SelectedPaperRow;  // written by the paper lists and the custom paper store
 
 // Row number of PaperRows, custom rows along their chain; null if there are not as many.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/custom_paper_rig.h"
+#include "tests/support/failing_new.h"
 
 namespace {
 
@@ -44,6 +45,24 @@ TEST_F(CustomPaperDialog, ComesWithTheCountrysPaper)
         ASSERT_EQ(Stored().size(), 1u);
         EXPECT_EQ(Stored()[0].cpCode, 257);
         EXPECT_EQ(Stored()[0].cpUnit, row.unit);
+    }
+}
+
+TEST_F(CustomPaperDialog, MakesNoNewSizeWithoutRoomInBothLists)
+{
+    for (const Entries& entries : {Entries{}, Three}) {
+        for (const char* full : {"LVM_INSERTITEMW", ""}) {
+            Open(entries);
+            const std::string usable = Usable();
+            Dialog().Machine().Fail(full);
+            FailNew(*full ? 0 : 1);
+            Dialog().Click(IDC_CP_NEW);
+            FailNew(0);
+            EXPECT_EQ(Listed().size(), entries.size()) << full;
+            EXPECT_EQ(WorkListCount(), static_cast<int>(entries.size())) << full;
+            EXPECT_EQ(Usable(), usable) << full;
+            Dialog().CloseDialog();
+        }
     }
 }
 

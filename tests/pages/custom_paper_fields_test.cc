@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "pages/custom_paper_fields.h"
 #include "tests/support/custom_paper_rig.h"
 
 namespace {
@@ -28,6 +29,8 @@ TEST_F(CustomPaperFields, ShowsTheSelectedSizeInItsUnit)
     Dialog().Click(IDOK);
     EXPECT_EQ(PaperBytes(Stored()), PaperBytes(Three));
 }
+
+TEST(CustomPaperFieldsOf, AUnitThatIsNeitherHasNone) { EXPECT_TRUE(NumberFieldsOf(UnitBuiltIn).empty()); }
 
 // The list once a text is in a field, and when the field is left; then all fields. Digits are all that the keyboard
 // gives; the clipboard gives anything.

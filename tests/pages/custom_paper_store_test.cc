@@ -6,6 +6,7 @@
 #include "settings/options.h"
 #include "spooler/printer_data.h"
 #include "tests/support/custom_papers.h"
+#include "tests/support/failing_new.h"
 #include "tests/support/records.h"
 
 namespace {
@@ -33,6 +34,12 @@ class CustomPaperStore : public testing::Test {
     {
         std::vector<int> codes;
         for (const PaperRow* row = &CustomHeadRow; row && row->code; row = row->next.get()) codes.push_back(row->code);
+        return codes;
+    }
+    static std::vector<int> Listed()
+    {
+        std::vector<int> codes;
+        for (int i = 0; i < WorkListCount(); ++i) codes.push_back(WorkListEntryAt(i)->cpCode);
         return codes;
     }
     std::vector<CustomPaperEntry> Three() const
@@ -91,12 +98,71 @@ TEST_F(CustomPaperStore, APrinterThatCannotBeReadLeavesTheRows)
     EXPECT_EQ(LoadCustomPaperRows(), 0xFFFFu);
     EXPECT_EQ(GetLastError(), 87u);
     EXPECT_EQ(Codes().size(), 3u);
+    platform::CurrentEnvironment().faults.Clear();
+    Machine::Fail("OpenPrinterW");
+    LoadCustomPaperList();
+    EXPECT_EQ(PaperRowCount, 26);
+}
+
+struct MemoryRow {
+    int allocation;  // that fails
+    std::vector<int> codes;
+};
+
+// The head needs a size, each row behind it itself and a size.
+TEST_F(CustomPaperStore, WithoutMemoryTheRowsEndEarly)
+{
+    const MemoryRow rows[] = {
+        {1, {}             },
+        {2, {257}          },
+        {3, {257}          },
+        {5, {257, 258}     },
+        {6, {257, 258, 259}}
+    };
+    StorePapers(machine, Three());
+    for (const CustomPaperEntry& entry : Three()) ASSERT_TRUE(WorkListAppend(entry));
+    for (const MemoryRow& row : rows) {
+        for (const bool saved : {false, true}) {
+            ReleaseRowsBehind(CustomHeadRow);
+            CustomHeadRow = {};
+            DWORD count = static_cast<DWORD>(row.codes.size());
+            FailNew(row.allocation);
+            if (saved)
+                EXPECT_TRUE(SaveCustomPapers(3));
+            else
+                count = HighWord(LoadCustomPaperRows());
+            FailNew(0);
+            EXPECT_EQ(Codes(), row.codes) << row.allocation << saved;
+            EXPECT_EQ(count, row.codes.size());
+            for (const PaperRow* at = CustomHeadRow.next.get(); at; at = at->next.get()) EXPECT_NE(at->size, nullptr);
+        }
+    }
+    EXPECT_EQ(machine.store->Value(OfficePrinter, u"CustomPaperDataSize")->bytes, DwordBytes(168));
+}
+
+TEST_F(CustomPaperStore, ARowIsStoredInTheChainOrAtItsEnd)
+{
+    const CustomPaperEntry entry = Three()[0];
+    EXPECT_EQ(StoreCustomPaperRow(CustomHeadRow, entry, 1), 1) << "the head is there from the start";
+    CustomHeadRow.code = 257;
+    FailNew(1);
+    EXPECT_EQ(StoreCustomPaperRow(CustomHeadRow, entry, 2), 0);
+    FailNew(0);
+    EXPECT_EQ(StoreCustomPaperRow(CustomHeadRow, entry, 3), 0) << "no row before it";
+    EXPECT_EQ(Codes(), (std::vector{257, 258}));
+    EXPECT_EQ(StoreCustomPaperRow(CustomHeadRow, entry, 2), 1);
+    EXPECT_EQ(StoreCustomPaperRow(CustomHeadRow, Three()[1], 1), 1);
+    EXPECT_EQ(Codes(), (std::vector{257, 258, 259}));
+    EXPECT_EQ(std::u16string(CustomHeadRow.next->name), u"Two");
 }
 
 TEST_F(CustomPaperStore, ManyRowsAreReleasedByTheNextLoad)
 {
     StorePapers(machine, std::vector<CustomPaperEntry>(70000, Entry(1, u"x", 0, 1000, 1000)));
     EXPECT_EQ(HighWord(LoadCustomPaperRows()), 65534);
+    for (int i = 0; i < 65534; ++i) ASSERT_TRUE(WorkListAppend(Entry(1, u"x", 0, 1000, 1000)));
+    ASSERT_TRUE(SaveCustomPapers(65534));
+    EXPECT_EQ(Codes().size(), 65534u);
     StorePapers(machine, {Entry(257, u"y", 0, 1000, 1000)});
     LoadCustomPaperRows();
     EXPECT_EQ(Codes(), std::vector{257});
@@ -128,16 +194,36 @@ TEST_F(CustomPaperStore, SavingNothingEmptiesStoreAndRows)
 
 TEST_F(CustomPaperStore, AFailedSaveChangesNothing)
 {
+    machine.store->Add({u"Locked", OfficeDriver, false});
+    WorkListAppend(Entry(0, u"New", 0, 1000, 1000));
+    for (const auto& [printer, function, error] : {
+             std::tuple{OfficePrinter, "OpenPrinterW", 87u},
+             {OfficePrinter, "GlobalAlloc",  0u },
+             {u"Locked",     "",             87u}
+    }) {
+        StorePapers(machine, Three(), printer);
+        lstrcpyW(PrinterName, printer);
+        platform::CurrentEnvironment().faults.Clear();
+        LoadCustomPaperList();
+        Machine::Fail(function);
+        SetLastError(0);
+        EXPECT_FALSE(SaveCustomPapers(1)) << function;
+        EXPECT_TRUE(error == 0 || GetLastError() == error) << function;
+        EXPECT_EQ(Codes().size(), 3u);
+        EXPECT_EQ(machine.store->Value(printer, u"CustomPaperData")->bytes, PaperBytes(Three()));
+    }
+}
+
+TEST_F(CustomPaperStore, AFailedWriteLeavesTheOldListStoredAndTheRowsNew)
+{
     StorePapers(machine, Three());
     LoadCustomPaperList();
     WorkListAppend(Entry(0, u"New", 0, 1000, 1000));
-    for (const char* function : {"OpenPrinterW", "GlobalAlloc"}) {
-        platform::CurrentEnvironment().faults.Clear();
-        Machine::Fail(function);
-        EXPECT_FALSE(SaveCustomPapers(1)) << function;
-        EXPECT_EQ(Codes().size(), 3u);
-        EXPECT_EQ(machine.store->Value(OfficePrinter, u"CustomPaperData")->bytes, PaperBytes(Three()));
-    }
+    Machine::Fail("SetPrinterDataW");
+    EXPECT_TRUE(SaveCustomPapers(1));
+    EXPECT_EQ(Codes(), std::vector{257});
+    EXPECT_EQ(std::u16string(CustomHeadRow.name), u"New");
+    EXPECT_EQ(machine.store->Value(OfficePrinter, u"CustomPaperData")->bytes, PaperBytes(Three()));
 }
 
 TEST_F(CustomPaperStore, TheWorkingListIsAddressedByPlace)
@@ -146,12 +232,18 @@ TEST_F(CustomPaperStore, TheWorkingListIsAddressedByPlace)
     EXPECT_EQ(WorkListEntryAt(-5)->cpCode, 300);
     EXPECT_EQ(WorkListEntryAt(3), nullptr);
     EXPECT_EQ(WorkListStoreAt(3, Entry(9, u"", 0, 1, 1)), nullptr);
-    ASSERT_NE(WorkListStoreAt(2, Entry(9, u"", 0, 1, 1)), nullptr);
-    WorkListRemoveAt(-1);
-    EXPECT_EQ(WorkListEntryAt(0)->cpCode, 301);
-    EXPECT_EQ(WorkListEntryAt(1)->cpCode, 9);
+    ASSERT_NE(WorkListStoreAt(1, Entry(9, u"", 0, 1, 1)), nullptr);
+    EXPECT_EQ(Listed(), (std::vector{300, 9, 302}));
+    WorkListRemoveAt(1);
+    EXPECT_EQ(Listed(), (std::vector{300, 302}));
     WorkListRemoveAt(7);
-    EXPECT_EQ(WorkListEntryAt(1)->cpCode, 9);
+    WorkListRemoveAt(1);
+    WorkListAppend(Entry(10, u"", 0, 1, 1));
+    EXPECT_EQ(Listed(), (std::vector{300, 10}));
+    WorkListRemoveAt(-1);
+    WorkListRemoveAt(0);
+    WorkListAppend(Entry(11, u"", 0, 1, 1));
+    EXPECT_EQ(Listed(), std::vector{11});
 }
 
 }  // namespace
