@@ -1,5 +1,10 @@
 #include "spooler/printer_events.h"
 
+#include <gmock/gmock.h>
+
+#include <thread>
+
+#include "platform/spooler/impersonation.h"
 #include "tests/spooler/printer_fixture.h"
 #include "tests/support/custom_papers.h"
 
@@ -47,6 +52,33 @@ TEST_F(PrinterUpgrade, BringsTheBlockToTheCurrentForm)
     }
 }
 
+TEST_F(PrinterUpgrade, GoesOnWithTheOldBlockWithoutMemoryForANewOne)
+{
+    StorePapers(machine, {Entry(257, u"Card", 0, 1000, 2000)});
+    StoreBlock({0x20, 3, 10, 0, 9, 8, 7, 6, 5, 4});
+    Machine::Fail("GlobalAlloc", 2);
+    EXPECT_TRUE(Upgrade());
+    EXPECT_EQ(StoredBlock(), (Bytes{0x20, 3, 10, 0, 9, 8, 7, 6}));
+}
+
+TEST_F(PrinterUpgrade, TakesNoHeedOfAFailedWrite)
+{
+    StorePapers(machine, {Entry(257, u"Card", 0, 1000, 2000)});
+    for (std::uint64_t call = 1; call <= 4; ++call) {
+        platform::CurrentEnvironment().faults.Clear();
+        Machine::Fail("SetPrinterDataW", call);
+        EXPECT_TRUE(Upgrade()) << call;
+    }
+}
+
+TEST_F(PrinterUpgrade, LeavesTheSizesWithoutABlock)
+{
+    StorePapers(machine, Bytes(60), 60);
+    Machine::Fail("GlobalAlloc");
+    EXPECT_FALSE(Upgrade());
+    EXPECT_EQ(machine.store->Value(OfficePrinter, u"CustomPaperDataSize")->bytes, DwordBytes(60));
+}
+
 TEST_F(PrinterUpgrade, APrinterWithoutSizesGetsItsBlockAllTheSame)
 {
     EXPECT_FALSE(Upgrade());
@@ -92,6 +124,52 @@ TEST_F(PrinterUpgrade, EventsOpenThePrinterAndChangeNothing)
         EXPECT_TRUE(DrvPrinterEvent(u"Nowhere", event, 0, 0));
     }
     EXPECT_TRUE(machine.store->Values(OfficePrinter).empty());
+}
+
+// The platform calls of an event in their order: one that fails with all behind it has the ones in front of it
+// succeed.
+std::vector<std::string> CallsOf(int event, const WCHAR* printer)
+{
+    std::vector<std::string> order;
+    auto& faults = platform::CurrentEnvironment().faults;
+    platform::FaultPlan::Counters before;
+    for (std::uint64_t failing = 1;; ++failing) {
+        faults.Clear();
+        faults.AddAll(failing);
+        // A thread of its own, which has its client's rights.
+        std::thread([=] { DrvPrinterEvent(printer, event, 0, 0); }).join();
+        auto now = faults.Calls();
+        for (const auto& [name, times] : faults.Failures()) now[name] -= times;
+        for (const auto& [name, times] : now)
+            if (times > before[name]) order.push_back(name);
+        if (faults.Failures().empty()) return order;
+        before = now;
+    }
+}
+
+TEST(PrinterEvents, OpenAndCloseInTheRightsThatTheyNeed)
+{
+    Machine machine;
+    machine.store->Add({u"Locked", OfficeDriver, false});
+    EXPECT_THAT(CallsOf(PRINTER_EVENT_INITIALIZE, OfficePrinter), testing::ElementsAre("OpenPrinterW", "ClosePrinter"));
+    EXPECT_THAT(CallsOf(PRINTER_EVENT_INITIALIZE, u"Locked"), testing::ElementsAre("OpenPrinterW"));
+    EXPECT_THAT(CallsOf(PRINTER_EVENT_CACHE_REFRESH, u"Locked"),
+                testing::ElementsAre("LoadLibraryW", "GetProcAddress", "GetProcAddress", "RevertToPrinterSelf",
+                                     "OpenPrinterW", "ClosePrinter", "ImpersonatePrinterClient", "FreeLibrary"));
+}
+
+TEST(PrinterEvents, ARefreshGivesTheClientsRightsBackIfItHadThem)
+{
+    const Machine machine(Machine::InCountry(1), {u"Locked", OfficeDriver, false});
+    auto& faults = platform::CurrentEnvironment().faults;
+    faults.CountCalls(true);
+    EXPECT_TRUE(DrvPrinterEvent(u"Locked", PRINTER_EVENT_CACHE_REFRESH, 0, 0));
+    EXPECT_FALSE(platform::spooler::ActsAsSubsystem());
+    EXPECT_EQ(faults.Calls().at("ImpersonatePrinterClient"), 1u);
+    Machine::Fail("RevertToPrinterSelf", 2);
+    EXPECT_TRUE(DrvPrinterEvent(u"Locked", PRINTER_EVENT_CACHE_REFRESH, 0, 0));
+    EXPECT_EQ(faults.Calls().at("ImpersonatePrinterClient"), 1u);
+    EXPECT_EQ(faults.Calls().at("ClosePrinter"), 2u) << "opened to be used, not to be changed";
 }
 
 TEST(PrinterEvents, ARefreshNeedsBothOfTheSubsystemsHelpers)
