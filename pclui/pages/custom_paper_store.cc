@@ -52,18 +52,17 @@ PaperRow* StoreBehind(PaperRow& headRow, PaperRow* last, const CustomPaperEntry&
     return row;
 }
 
-// Makes the rows those of count entries and gives their number; memory may end the list early.
-template <class EntryAt>
-int StoreRows(int count, EntryAt entryAt)
+// Makes the rows those of the entries and gives their number; memory may end the list early. A head row that no
+// size can be had for was empty before, too.
+int StoreRows(const CustomPaperEntry* entries, int count)
 {
     PaperRow* last = nullptr;
     int stored = 0;
     for (; stored < count; ++stored) {
-        PaperRow* row = StoreBehind(CustomHeadRow, last, entryAt(stored), stored);
+        PaperRow* row = StoreBehind(CustomHeadRow, last, entries[stored], stored);
         if (!row) break;
         last = row;
     }
-    if (!last) CustomHeadRow.code = 0;
     ReleaseRowsBehind(last ? *last : CustomHeadRow);
     return stored;
 }
@@ -97,8 +96,7 @@ DWORD LoadCustomPaperRows()
         return MakeLong(NoCustomPaper, 0);
     }
     ReleaseRowsBehind(CustomHeadRow);
-    const int built =
-        StoreRows(std::min(count, MostRows), [&](int i) -> const CustomPaperEntry& { return entries[i]; });
+    const int built = StoreRows(entries.get(), std::min(count, MostRows));
     const int position = wanted - FirstStoredPaperCode;
     const bool found = position >= 0 && position < built;
     return MakeLong(found ? static_cast<DWORD>(position) : NoCustomPaper, static_cast<DWORD>(built));
@@ -141,7 +139,7 @@ bool SaveCustomPapers(int count)
         node->entry.cpCode = static_cast<SHORT>(FirstStoredPaperCode + listed);
         records[listed++] = node->entry;
     }
-    StoreRows(listed, [records](int i) -> const CustomPaperEntry& { return records[i]; });
+    StoreRows(records, listed);
     WritePrinterBlob(printer.Handle(), buffer.Bytes(), bytes, CustomPaperSlot);
     printer.Close();
     return true;
