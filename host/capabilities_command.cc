@@ -3,6 +3,7 @@
 #include <cstring>
 #include <memory>
 
+#include "host/arguments.h"
 #include "host/commands.h"
 #include "host/context.h"
 #include "host/entries.h"
@@ -64,7 +65,7 @@ std::size_t RowBytes(const Capability& capability)
         case Shape::None:
             break;
     }
-    return 0;
+    return 1;
 }
 
 Json RowOf(const Capability& capability, const std::uint8_t* row)
@@ -84,25 +85,22 @@ Json RowOf(const Capability& capability, const std::uint8_t* row)
     return Text(UpToTerminator(name));
 }
 
+// Lists are counted in 16 bits with a sign.
+constexpr std::size_t MostRows = 0x7FFF;
+
 // The capability of that name or number; one that has no name stands under its number.
 Capability Named(const std::string& text)
 {
     for (const Capability& row : Capabilities)
         if (text == row.name) return row;
-    std::size_t used = 0;
-    unsigned long code = 0x10000;
-    try {
-        code = std::stoul(text, &used);
-    } catch (const std::exception&) {
-        used = 0;
-    }
-    if (used == 0 || used != text.size() || text[0] == '-' || code > 0xFFFF) {
+    const auto code = NumberOf(text);
+    if (!code || *code < 0 || *code > 0xFFFF) {
         throw UsageError("--only " + text +
                          ": neither the name of a capability (DC_PAPERS) nor a number from 0 to 65535");
     }
     for (const Capability& row : Capabilities)
-        if (code == row.code) return row;
-    return {nullptr, static_cast<WORD>(code), Shape::None, 0};
+        if (*code == row.code) return row;
+    return {nullptr, static_cast<WORD>(*code), Shape::None, 0};
 }
 
 class Questions {
@@ -117,13 +115,10 @@ class Questions {
 
     Json Ask(const Capability& capability)
     {
-        const LONG without = AskWithoutOutput(capability.code);
-        // The names of papers are counted in 16 bits, however many are written.
-        const LONG written = capability.code == DC_PAPERNAMES ? AskWithoutOutput(DC_PAPERS) : without;
-        const std::size_t rows = written > 0 ? static_cast<std::size_t>(written) : 0;
-        // One row of room is always there, for capabilities that write one whatever they answer.
-        std::vector<std::uint8_t> output(std::max<std::size_t>(rows, 1) *
-                                         std::max<std::size_t>(RowBytes(capability), 8));
+        const LONG without = ask_(printer_, name_.data(), capability.code, nullptr, record_.Record());
+        // Room for the longest list that there can be: between the two calls a list may have grown, and the first
+        // may have failed where the second does not.
+        std::vector<std::uint8_t> output(MostRows * RowBytes(capability));
         const LONG answer = ask_(printer_, name_.data(), capability.code, output.data(), record_.Record());
         Json json = {
             {"code",          capability.code},
@@ -132,7 +127,7 @@ class Questions {
         };
         if (capability.shape == Shape::None) return json;
         Json list = Json::array();
-        const std::size_t filled = answer > 0 ? std::min(rows, static_cast<std::size_t>(answer)) : 0;
+        const std::size_t filled = answer > 0 ? std::min(MostRows, static_cast<std::size_t>(answer)) : 0;
         for (std::size_t row = 0; row < filled; ++row)
             list.push_back(RowOf(capability, output.data() + row * RowBytes(capability)));
         json["output"] = list;
@@ -140,8 +135,6 @@ class Questions {
     }
 
   private:
-    LONG AskWithoutOutput(WORD code) { return ask_(printer_, name_.data(), code, nullptr, record_.Record()); }
-
     DeviceCapabilitiesEntry* ask_;
     std::u16string name_;
     PrinterHandle printer_;
@@ -169,7 +162,9 @@ void AddCapabilitiesCommand(CLI::App& program, Context& context)
         program.add_subcommand("capabilities", "Ask what the printer can do, through DrvDeviceCapabilities");
     const auto options = std::make_shared<CapabilitiesOptions>();
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
-    command->add_option("--record", options->record, "Settings over the driver's defaults")->type_name("FILE");
+    command->add_option("--record", options->record, "Settings over the driver's defaults")
+        ->type_name("FILE")
+        ->check(FileName());
     command->add_option("--only", options->only, "Ask this capability alone, by name (DC_PAPERS) or number; repeatable")
         ->type_name("NAME-OR-CODE")
         ->allow_extra_args(false);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 
+#include "host/arguments.h"
 #include "host/commands.h"
 #include "host/context.h"
 #include "host/entries.h"
@@ -37,11 +38,11 @@ std::vector<std::uint8_t> Output(const ConvertOptions& options)
 
 void RunConvert(Context& context, const ConvertOptions& options)
 {
-    if (options.noOutput && (options.out || !options.templateFile.empty())) {
-        throw UsageError("--no-output does not go with -o or --template");
+    if (options.in == "-" && options.templateFile == "-") {
+        throw UsageError("standard input cannot be both the record and the template");
     }
     context.PlugIn();
-    const std::u16string name = context.Printer(options.printer).name;
+    const std::u16string name = WideArgument("the printer's name", options.printer);
     RecordBuffer input = RecordBuffer::Load(options.in);
     std::vector<std::uint8_t> buffer = Output(options);
     auto* const output = options.noOutput ? nullptr : reinterpret_cast<DEVMODEW*>(buffer.data());
@@ -95,16 +96,22 @@ void AddConvertCommand(CLI::App& program, Context& context)
         ->add_option("--mode", options->mode,
                      "1 into the output's own form, 2 into the form of version 3.51, 4 the driver's default")
         ->required()
+        ->transform(WholeNumber(0, UINT32_MAX))
         ->type_name("N");
     command->add_option("--room", options->room, "Bytes that the output has room for")
         ->required()
-        ->check(CLI::Range(std::uint32_t{0}, MostRoom))
+        ->transform(WholeNumber(0, MostRoom))
         ->type_name("BYTES");
-    command->add_option("--in", options->in, "The record to translate; without it there is none")->type_name("FILE");
+    command->add_option("--in", options->in, "The record to translate; without it there is none")
+        ->type_name("FILE")
+        ->check(FileName());
     command->add_option("--template", options->templateFile, "What the output begins with; without it zeros")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(FileName());
     command->add_flag("--no-output", options->noOutput, "Give no output at all");
-    command->add_option("-o,--output", options->out, "Where the whole output goes, BYTES long")->type_name("FILE");
+    command->add_option("-o,--output", options->out, "Where the whole output goes, BYTES long")
+        ->type_name("FILE")
+        ->check(FileName());
     command->footer("Prints {\"result\": true, \"lastError\": 0, \"needed\": 300}.");
     command->callback([options, &context] { RunConvert(context, *options); });
 }
@@ -115,7 +122,7 @@ void AddCanPrintCommand(CLI::App& program, Context& context)
         program.add_subcommand("can-print", "Ask whether a job with a record can print, through DevQueryPrintEx");
     const auto options = std::make_shared<CanPrintOptions>();
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
-    command->add_option("FILE", options->record, "The job's record")->required()->type_name("");
+    command->add_option("FILE", options->record, "The job's record")->required()->check(FileName())->type_name("");
     command->footer(
         "Prints {\"result\": 1}, or {\"result\": 0, \"message\": \"...\", \"needed\": 27} with the length of the "
         "message and its terminator.");

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 
+#include "host/arguments.h"
 #include "host/commands.h"
 #include "host/files.h"
 #include "host/print_job.h"
@@ -112,7 +113,7 @@ void AddDocumentEventCommand(CLI::App& program, Context& context)
                      "1 before a context is created, 2 after it; 3 before it is reset, 4 after it; 5 start of the "
                      "document, 6 start of a page, 7 end of a page, 8 end of the document; others have no meaning here")
         ->required()
-        ->check(CLI::Range(std::int64_t{INT32_MIN}, std::int64_t{UINT32_MAX}))
+        ->transform(WholeNumber(INT32_MIN, UINT32_MAX))
         ->type_name("");
     command
         ->add_option("--in", options->input,
@@ -122,15 +123,17 @@ void AddDocumentEventCommand(CLI::App& program, Context& context)
     command
         ->add_option("--record", options->record,
                      "The record, its bytes as they are; without it the printer's default record")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(FileName());
     command
         ->add_option("--room", options->room, "The output's size; by default a word's under codes 1 and 3, otherwise 0")
-        ->check(CLI::Range(std::uint32_t{0}, MostOutputRoom))
+        ->transform(WholeNumber(0, MostOutputRoom))
         ->type_name("BYTES");
     command->add_flag("--information-context", options->informationContext,
                       "Under code 1: the context is one to ask, not to print");
     command->add_option("-o,--output", options->output, "Where the record goes as the event left it")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(FileName());
     command->footer(
         "Without --in the input of codes 1 and 3 is built around the record; other codes have none.\n"
         "Prints {\"result\": 1, \"stored\": true}; stored tells whether the output took the record's reference.");

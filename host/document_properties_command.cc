@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "host/arguments.h"
 #include "host/commands.h"
 #include "host/context.h"
 #include "host/entries.h"
@@ -55,9 +56,11 @@ void AddDocumentPropertiesCommand(CLI::App& program, Context& context)
         ->required()
         ->type_name("N");
     command->add_option("--in", options->input, "The caller's record, merged over the printer's defaults")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(FileName());
     command->add_option("-o,--output", options->output, "Where the answered record goes; without it there is none")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(FileName());
     command->footer(
         "Prints {\"result\": 1}: 1 when a record was answered, 1848 when the call only asks for the size, "
         "-1 on failure.");

@@ -1,5 +1,6 @@
 #include "host/job_paper.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "host/entries.h"
@@ -27,13 +28,17 @@ std::optional<Size> ListedSize(Context& context, HANDLE printer, std::u16string&
 {
     const AsideFromFaults aside;
     const auto ask = context.Entry<DeviceCapabilitiesEntry>("DrvDeviceCapabilities");
-    const LONG rows = ask(printer, name.data(), DC_PAPERS, nullptr, nullptr);
-    if (rows <= 0)
-        throw Failure("cannot get the printer's papers: DrvDeviceCapabilities answered " + std::to_string(rows));
-    std::vector<WORD> codes(static_cast<std::size_t>(rows));
+    // Room for the longest list that there can be, which is counted in 16 bits with a sign: another program may
+    // store a size between any two calls.
+    constexpr LONG MostRows = 0x7FFF;
+    std::vector<WORD> codes(MostRows);
     std::vector<LONG> sizes(codes.size() * 2);
-    ask(printer, name.data(), DC_PAPERS, codes.data(), nullptr);
-    ask(printer, name.data(), DC_PAPERSIZE, sizes.data(), nullptr);
+    const LONG listed = ask(printer, name.data(), DC_PAPERS, codes.data(), nullptr);
+    const LONG sized = ask(printer, name.data(), DC_PAPERSIZE, sizes.data(), nullptr);
+    if (listed <= 0 || sized <= 0)
+        throw Failure("cannot get the printer's papers: DrvDeviceCapabilities answered " +
+                      std::to_string(std::min(listed, sized)));
+    codes.resize(static_cast<std::size_t>(std::min({listed, sized, MostRows})));
     std::optional<Size> found;
     const bool stored = code >= FirstStoredCode;
     for (std::size_t row = 0; row < codes.size(); ++row) {

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "desktop/pdf_picture.h"
+#include "host/arguments.h"
 #include "host/commands.h"
 #include "host/files.h"
 #include "host/job_paper.h"
@@ -173,25 +174,30 @@ void AddPrintCommand(CLI::App& program, Context& context)
     const auto options = std::make_shared<PrintOptions>();
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
     command->add_option("INPUT", options->input, "A PDF, - is standard input; without it the pages are empty")
+        ->check(FileName())
         ->type_name("");
     command->add_option("-o,--output", options->output, "Where the printed PDF goes; - is standard output")
         ->required()
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(FileName());
     command->add_option("--record", options->record, "The job's settings over the printer's defaults")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(FileName());
     command->add_flag("--unchecked", options->unchecked, "The job's record is the file's bytes as they are");
     command->add_option("--pages", options->pages, "How many empty pages without an input; default 1")
-        ->check(CLI::Range(1, MostEmptyPages))
+        ->transform(WholeNumber(1, MostEmptyPages))
         ->type_name("N");
     command->add_option("--reset-at", options->resetAt, "Reset the job's context before this page, counted from 1")
-        ->check(CLI::Range(1, INT_MAX))
+        ->transform(WholeNumber(1, INT_MAX))
         ->type_name("N");
     command->add_option("--trace", options->trace, "Write every drawing call and escape of the module as a JSON line")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(FileName());
     command
         ->add_option("--events", options->events,
                      "Write every event with its result, and before it the escapes it sent, as JSON lines")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(FileName());
     command->footer(Help);
     command->callback([options, &context] { RunPrint(context, *options); });
 }

@@ -1,10 +1,10 @@
 // qd480 printer: the printers of the store and what is stored with them.
 #include <CLI/CLI.hpp>
-#include <charconv>
 #include <memory>
 #include <optional>
 #include <string>
 
+#include "host/arguments.h"
 #include "host/commands.h"
 #include "host/context.h"
 #include "host/files.h"
@@ -105,15 +105,10 @@ std::optional<StoredValue> ValueToSet(const PrinterOptions& options)
     }
     if (!options.dword) return std::nullopt;
     const std::string& text = *options.dword;
-    const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
-    std::uint32_t number = 0;
-    const auto [end, error] =
-        std::from_chars(text.data() + (hexadecimal ? 2 : 0), text.data() + text.size(), number, hexadecimal ? 16 : 10);
-    if (error != std::errc() || end != text.data() + text.size()) {
-        throw UsageError("--dword " + text + ": a number from 0 to 4294967295 is wanted");
-    }
+    const auto number = NumberOf(text);
+    if (!number || *number < 0) throw UsageError("--dword " + text + ": a number from 0 to 4294967295 is wanted");
     Bytes bytes;
-    for (int shift = 0; shift < 32; shift += 8) bytes.push_back(static_cast<std::uint8_t>(number >> shift));
+    for (int shift = 0; shift < 32; shift += 8) bytes.push_back(static_cast<std::uint8_t>(*number >> shift));
     return StoredValue{REG_DWORD, std::move(bytes)};
 }
 
@@ -230,11 +225,13 @@ void AddPrinterCommand(CLI::App& program, Context& context)
     data->callback([options, &context] { UseValues(context, *options, StoredData); });
 
     CLI::App* record = addNamed("record", "Set, clear or write out a printer's default record, as raw bytes");
-    auto* set =
-        record->add_option("--set", options->recordFile, "Store this file; - is standard input")->type_name("FILE");
+    auto* set = record->add_option("--set", options->recordFile, "Store this file; - is standard input")
+                    ->type_name("FILE")
+                    ->check(FileName());
     auto* clear = record->add_flag("--clear", options->clear, "Store none")->excludes(set);
     record->add_option("-o,--output", options->output, "Where the record goes; default: standard output")
         ->type_name("FILE")
+        ->check(FileName())
         ->excludes(set)
         ->excludes(clear);
     record->callback([options, &context] { UseRecord(context, *options); });

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "driver_dev_mode.h"
+#include "host/arguments.h"
 #include "host/commands.h"
 #include "host/entries.h"
 #include "host/files.h"
@@ -149,13 +150,15 @@ void AddSheetCommand(CLI::App& program, Context& context)
     auto options = std::make_shared<SheetCommandOptions>();
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
     command->add_option("--in", options->in, "Settings over the printer's defaults; - is standard input")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(FileName());
     command->add_option("-o,--output", options->out, "Write what the sheet published by Apply or OK")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(FileName());
     command->add_option("--entry", options->entry, "The module's entry to go through; default document-properties")
         ->check(CLI::IsMember({DocumentProperties, Advanced, Sheets}));
     command->add_option("--room", options->room, "The room that the caller says the output has, under --entry sheets")
-        ->check(CLI::Range(0, 1 << 20))
+        ->transform(WholeNumber(0, 1 << 20))
         ->type_name("BYTES");
     command->add_flag("--no-permission", options->noPermission, "As a user who may not change the settings");
     command->add_flag("--store-default", options->storeDefault,

@@ -1,4 +1,5 @@
 #include "host/sheet_session.h"
+#include "host/arguments.h"
 
 #include <CLI/CLI.hpp>
 
@@ -59,9 +60,12 @@ std::vector<Step> ReadScript(const std::string& path)
 void SheetOptions::AddTo(CLI::App& command)
 {
     command.add_option("--script", script, "Steps to play instead of opening windows; - is standard input")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(FileName());
     command.add_flag("--strict", strict, "End with status 3 at the first step of the script that is refused");
-    command.add_option("--trace", trace, "Write every drawing call of the module as a JSON line")->type_name("FILE");
+    command.add_option("--trace", trace, "Write every drawing call of the module as a JSON line")
+        ->type_name("FILE")
+        ->check(FileName());
     command.footer(ScriptHelp);
 }
 

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "driver_dev_mode.h"
+#include "host/arguments.h"
 #include "host/commands.h"
 #include "host/entries.h"
 #include "host/pictures.h"
@@ -123,7 +124,9 @@ void AddSnapshotsCommand(CLI::App& program, Context& context)
     command->add_option("-o,--output", options->folder, "Where the pictures go; made when it does not exist")
         ->required()
         ->type_name("FOLDER");
-    command->add_option("--record", options->record, "Settings over the printer's defaults")->type_name("FILE");
+    command->add_option("--record", options->record, "Settings over the printer's defaults")
+        ->type_name("FILE")
+        ->check(FileName());
     command->callback([options, &context] { RunSnapshots(context, *options); });
 }
 

@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
+#include "host/arguments.h"
 #include "host/commands.h"
 #include "host/context.h"
 #include "host/entries.h"
@@ -55,6 +56,7 @@ void AddUpgradeCommand(CLI::App& program, Context& context)
     const auto options = std::make_shared<UpgradeOptions>();
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
     command->add_option("--level", options->level, "The level of the upgrade's information, 1 unless said")
+        ->transform(WholeNumber(0, UINT32_MAX))
         ->type_name("N");
     command->footer("Prints {\"result\": true, \"lastError\": 0}.");
     command->callback([options, &context] { RunUpgrade(context, *options); });
@@ -67,6 +69,7 @@ void AddEventCommand(CLI::App& program, Context& context)
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
     command->add_option("CODE", options->code, "3 initialize, 5 cache refresh, or any other number")
         ->required()
+        ->transform(WholeNumber(INT32_MIN, INT32_MAX))
         ->type_name("");
     command->footer("Prints {\"result\": true}.");
     command->callback([options, &context] { RunEvent(context, *options); });

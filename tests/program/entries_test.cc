@@ -17,8 +17,8 @@ TEST(Entries, ACapabilityStandsUnderItsNameOrItsNumber)
                    "\"19\": {\"code\": 19, \"answer\": -1, \"withoutOutput\": -1}}\n"));
 }
 
-// 27 and 65509 papers are 0 in the 16 bits that count the names, and all names are written.
-TEST(Entries, MorePapersThanNamesCanBeCountedHaveRoom)
+// 27 and 65509 papers are 0 in the 16 bits that count the names.
+TEST(Entries, MorePapersThanCanBeCountedAreNotListed)
 {
     Program run;
     run({"printer", "data", First, "CustomPaperDataSize", "--dword", "3668504"});
@@ -42,6 +42,42 @@ TEST(Entries, ARecordIsConvertedIntoTheOldForm)
     EXPECT_EQ(run({"can-print", First, "{}/old"}), Done("{\"result\": 1}\n"));
     EXPECT_EQ(run({"--platform", "fail=GlobalAlloc", "can-print", First, "{}/old"}),
               Done("{\"result\": 0, \"message\": \"Memory allocation failed\", \"needed\": 25}\n"));
+}
+
+TEST(Entries, ACapabilityThatFailsWithoutOutputMayBeAnsweredWithOne)
+{
+    Program run;
+    EXPECT_EQ(run({"capabilities", First, "--only", "DC_BINNAMES", "--platform", "fail=GlobalAlloc:1"}),
+              Done("{\"DC_BINNAMES\": {\"code\": 12, \"answer\": 4, \"withoutOutput\": -1, \"output\": "
+                   "[\"Auto\", \"Tray1\", \"Tray2\", \"Manual Feed\"]}}\n"));
+}
+
+TEST(Entries, ThePrinterOfAConversionIsTheEntrysToFind)
+{
+    Program run;
+    EXPECT_EQ(run({"convert", "Nowhere", "--mode", "4", "--room", "1848"}),
+              Done("{\"result\": false, \"lastError\": 1801, \"needed\": 1848}\n"));
+    EXPECT_EQ(run({"convert", First, "--mode", "4", "--room", "0x738", "--no-output", "-o", "{}/zeros"}),
+              Done("{\"result\": false, \"lastError\": 122, \"needed\": 1848}\n"));
+    EXPECT_EQ(run.Contents("zeros"), std::string(1848, '\0'));
+}
+
+TEST(Entries, NumbersAreDecimalAndFilesHaveNames)
+{
+    Program run;
+    EXPECT_EQ(run({"convert", First, "--mode", "2", "--room", "0454"}),
+              Done("{\"result\": false, \"lastError\": 87, \"needed\": 454}\n"));
+    const std::vector<std::string> refused[] = {
+        {"convert",  First, "--mode",  "2",    "--room",      "16777217"      },
+        {"convert",  First, "--mode",  "2",    "--room",      "300",            "--in", ""},
+        {"convert",        First,             "--mode",              "2",        "--room", "300", "--in", "-", "--template", "-"},
+        {"can-print",     First,    ""         },
+        {"event", First, "5th"},
+        {"upgrade",  First, "--level", "-1"   },
+        {"capabilities",  First,   "--only",          "+2"},
+        {"printer", "data",  First,           "X",   "--dword",              "-1"                             },
+    };
+    for (const auto& words : refused) EXPECT_EQ(run(words).status, 2) << testing::PrintToString(words);
 }
 
 TEST(Entries, AnUpgradeWritesTheBlockAndWantsSizes)

@@ -61,6 +61,7 @@ pid_t Program::Start(const std::vector<std::string>& given, const std::string& i
     if (child == 0) {
         ::unsetenv("DISPLAY");
         ::unsetenv("WAYLAND_DISPLAY");
+        ::unsetenv("QT_QPA_PLATFORM");
         ::setenv("XDG_DATA_HOME", folder_.c_str(), 1);
         ::setenv("LC_ALL", "C", 1);
         if (::chdir(folder_.c_str()) != 0) ::_exit(126);
