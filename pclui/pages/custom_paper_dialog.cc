@@ -113,6 +113,7 @@ bool AddSize(HWND dialog, int position, const CustomPaperEntry& entry)
     return false;
 }
 
+// A dialog that does not end keeps its sizes: an empty list that is saved later would take the printer's.
 void End(HWND dialog, bool accepted, INT_PTR result)
 {
     CustomPaperAccepted = accepted ? 1 : 0;
@@ -208,7 +209,6 @@ void OnDelete(HWND dialog)
     if (rows == MostCustomPapers) EnableControl(dialog, IDC_CP_NEW, true);
 }
 
-// A dialog that does not end keeps its sizes: an empty list that is saved later would take the printer's.
 // The Enter key ends the dialog without leaving the field that it is pressed in.
 void LeaveField(HWND dialog) { SetFocus(GetDlgItem(dialog, IDOK)); }
 
