@@ -142,7 +142,8 @@ TEST(Processes, ThatAreKilledAtRandomLeaveTheStoreWhole)
             int status = 0;
             ::waitpid(child, &status, 0);
             killed += WIFSIGNALED(status);
-            EXPECT_TRUE(WIFSIGNALED(status) ? WTERMSIG(status) == SIGKILL : WEXITSTATUS(status) == 0) << status;
+            // A sheet is cancelled (1) at the end of its script when another one has taken its names.
+            EXPECT_TRUE(WIFSIGNALED(status) ? WTERMSIG(status) == SIGKILL : WEXITSTATUS(status) <= 1) << status;
         }
 
         for (const char* what : {"data", "registry"}) {
