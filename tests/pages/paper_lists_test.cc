@@ -131,11 +131,11 @@ TEST(PaperLists, GiveARecordWithoutAPaperThatOfTheCountry)
         PaperSheet sheet(With(Auto, Plain, 0), {}, country);
         EXPECT_EQ(sheet.Settings().dmPaperSize, code) << country;
         EXPECT_EQ(sheet.Code(IDC_DOCUMENT_SIZE), code) << country;
-        sheet.OnPage([&](HWND) {
+        sheet.OnPage([](HWND) {
             CurrentSettings->dmPaperSize = 0;
             LoadPaperRows();
-            EXPECT_EQ(CurrentSettings->dmPaperSize, code) << country;
         });
+        EXPECT_EQ(sheet.Settings().dmPaperSize, code) << country;
     }
 }
 
