@@ -7,6 +7,7 @@
 #include "host/commands.h"
 #include "host/context.h"
 #include "host/entries.h"
+#include "host/job_record.h"
 #include "host/printer_handle.h"
 #include "host/record_file.h"
 
@@ -85,8 +86,7 @@ Json RowOf(const Capability& capability, const std::uint8_t* row)
     return Text(UpToTerminator(name));
 }
 
-// Lists are counted in 16 bits with a sign.
-constexpr std::size_t MostRows = 0x7FFF;
+constexpr std::size_t MostSizesStoredMeanwhile = 0x10000;
 
 // The capability of that name or number; one that has no name stands under its number.
 Capability Named(const std::string& text)
@@ -116,9 +116,7 @@ class Questions {
     Json Ask(const Capability& capability)
     {
         const LONG without = ask_(printer_, name_.data(), capability.code, nullptr, record_.Record());
-        // Room for the longest list that there can be: between the two calls a list may have grown, and the first
-        // may have failed where the second does not.
-        std::vector<std::uint8_t> output(MostRows * RowBytes(capability));
+        std::vector<std::uint8_t> output(RoomFor(capability.code) * RowBytes(capability));
         const LONG answer = ask_(printer_, name_.data(), capability.code, output.data(), record_.Record());
         Json json = {
             {"code",          capability.code},
@@ -127,7 +125,7 @@ class Questions {
         };
         if (capability.shape == Shape::None) return json;
         Json list = Json::array();
-        const std::size_t filled = answer > 0 ? std::min(MostRows, static_cast<std::size_t>(answer)) : 0;
+        const std::size_t filled = answer > 0 ? static_cast<std::size_t>(answer) : 0;
         for (std::size_t row = 0; row < filled; ++row)
             list.push_back(RowOf(capability, output.data() + row * RowBytes(capability)));
         json["output"] = list;
@@ -135,6 +133,15 @@ class Questions {
     }
 
   private:
+    // How many rows the output has room for. The answer of the run may have failed where the next one does not, so
+    // that one aside from its planned faults counts; and other programs may store sizes between any two.
+    std::size_t RoomFor(WORD code)
+    {
+        const AsideFromFaults aside;
+        const LONG rows = ask_(printer_, name_.data(), code, nullptr, record_.Record());
+        return static_cast<std::size_t>(std::max<LONG>(rows, 0)) + MostSizesStoredMeanwhile;
+    }
+
     DeviceCapabilitiesEntry* ask_;
     std::u16string name_;
     PrinterHandle printer_;

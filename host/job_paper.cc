@@ -28,17 +28,18 @@ std::optional<Size> ListedSize(Context& context, HANDLE printer, std::u16string&
 {
     const AsideFromFaults aside;
     const auto ask = context.Entry<DeviceCapabilitiesEntry>("DrvDeviceCapabilities");
-    // Room for the longest list that there can be, which is counted in 16 bits with a sign: another program may
-    // store a size between any two calls.
-    constexpr LONG MostRows = 0x7FFF;
-    std::vector<WORD> codes(MostRows);
+    // Other programs may store sizes between any two calls: there is more room than the first promises, and no more
+    // is read than all three agree on.
+    constexpr std::size_t MostSizesStoredMeanwhile = 0x10000;
+    const LONG rows = ask(printer, name.data(), DC_PAPERS, nullptr, nullptr);
+    std::vector<WORD> codes(static_cast<std::size_t>(std::max<LONG>(rows, 0)) + MostSizesStoredMeanwhile);
     std::vector<LONG> sizes(codes.size() * 2);
     const LONG listed = ask(printer, name.data(), DC_PAPERS, codes.data(), nullptr);
     const LONG sized = ask(printer, name.data(), DC_PAPERSIZE, sizes.data(), nullptr);
-    if (listed <= 0 || sized <= 0)
-        throw Failure("cannot get the printer's papers: DrvDeviceCapabilities answered " +
-                      std::to_string(std::min(listed, sized)));
-    codes.resize(static_cast<std::size_t>(std::min({listed, sized, MostRows})));
+    const LONG known = std::min({rows, listed, sized});
+    if (known <= 0)
+        throw Failure("cannot get the printer's papers: DrvDeviceCapabilities answered " + std::to_string(known));
+    codes.resize(static_cast<std::size_t>(known));
     std::optional<Size> found;
     const bool stored = code >= FirstStoredCode;
     for (std::size_t row = 0; row < codes.size(); ++row) {
