@@ -33,7 +33,9 @@ void WideToNarrow(CHAR* destination, const WCHAR* source, int chars)
 std::u16string Numbered(const WCHAR* text, int number)
 {
     const std::string digits = std::to_string(number);
-    return std::u16string(text).append(digits.begin(), digits.end());
+    std::u16string numbered;
+    numbered.append(text).append(digits.begin(), digits.end());
+    return numbered;
 }
 
 WCHAR* HeapCopyString(const WCHAR* source, HANDLE heap)

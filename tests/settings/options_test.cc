@@ -210,11 +210,13 @@ TEST_F(Options, ANewSourceFiltersThePapers)
 {
     SourceRows[2].code = 2;
     ListFilterMode = FilterBySource;
+    PaperRowCount = BuiltInPaperRows;
     PaperRows[4].enabled = PaperRows[5].enabled = 77;
     SetOption(SourceOption, SHORT{2});
     EXPECT_NE(PaperRows[4].enabled, 0u);
     EXPECT_EQ(PaperRows[5].enabled, 0u);
     SourceRows[2].code = 0;
+    PaperRowCount = 0;
 }
 
 TEST_F(Options, AnUnknownKeyTouchesNothing)
