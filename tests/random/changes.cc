@@ -36,7 +36,7 @@ bool OfAnAngle(const View& view, long degrees)
 bool OfAPaper(const View&, long code)
 {
     for (const PaperEntry& paper : PaperTable)
-        if (paper.code == code) return code != 256;
+        if (static_cast<long>(paper.code) == code) return code != 256;
     return code >= 257 && code < 257 + PaperRowCount - BuiltInPaperRows;
 }
 bool OfTheBooklet(const View& view, long code)
