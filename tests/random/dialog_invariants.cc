@@ -117,14 +117,17 @@ bool IsRefusedName(std::u16string_view name)
     return name.find_first_not_of(u' ') == name.npos;
 }
 // Counts the rows, or only those that show what no watermark can be called.
+// A name that has been refused stays in the list when the row that it was taken by has got another one since.
 long WatermarkListApart(V v, bool alsoRefused)
 {
+    static std::set<std::u16string> refused;  // in this walk, which is a process
     int apart = v.Count(IDC_WM_LIST) != WatermarkCount + 1;
     for (int k = 0; k < v.Count(IDC_WM_LIST) && k <= MostWatermarks; ++k) {
         const std::u16string shown = v.Item(IDC_WM_LIST, k);
         const std::u16string name =
             k == WatermarkIndex ? v.Text(IDC_WM_NAME) : WatermarkNames[static_cast<std::size_t>(k)];
-        apart += shown != name && (alsoRefused || !IsRefusedName(shown));
+        if (shown != name && IsRefusedName(shown)) refused.insert(shown);
+        apart += shown != name && (alsoRefused || !refused.contains(shown));
     }
     return apart;
 }
