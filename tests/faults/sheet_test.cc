@@ -19,6 +19,7 @@
 #include "spooler/document_sheet.h"
 #include "tests/faults/every_place.h"
 #include "tests/faults/stored_lists.h"
+#include "tests/support/blank_surface.h"
 #include "tests/support/records.h"
 
 namespace testing_support {
@@ -177,19 +178,6 @@ int ModalDialog(HWND top)
     return dialog ? dialog->templateNumber : Sheet;
 }
 
-// Draws nothing, but is drawn on.
-class Blank : public platform::Surface {
-    void SetClip(const std::optional<RECT>&) override {}
-    void Line(const platform::PenSpec&, POINT, POINT) override {}
-    void Rectangle(const platform::PenSpec&, const platform::BrushSpec&, const RECT&) override {}
-    void Polygon(const platform::PenSpec&, const platform::BrushSpec&, std::span<const POINT>) override {}
-    void Arc(const platform::PenSpec&, const RECT&, POINT, POINT) override {}
-    void Fill(const RECT&, COLORREF) override {}
-    void Text(const platform::TextSpec&) override {}
-    void Image(const RECT&, const platform::PixelImage&) override {}
-    void Erase(const RECT&) override {}
-};
-
 // Takes the steps in the dialogs that they are for. A dialog that has not come up loses its steps; one that stays
 // when it should have gone is cancelled, and so is what is left at the end.
 class ScriptUser : public platform::Desktop {
@@ -224,7 +212,10 @@ class ScriptUser : public platform::Desktop {
         user::Close(top);
         EXPECT_TRUE(user::Ended(top)) << here;
     }
-    std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override { return std::make_shared<Blank>(); }
+    std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override
+    {
+        return std::make_shared<testing_support::BlankSurface>();
+    }
     int MessageBox(const platform::MessageBoxRequest&) override { return IDOK; }
     std::optional<std::u16string> PickFile(const platform::FileDialogRequest& request) override
     {

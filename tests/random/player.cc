@@ -16,7 +16,6 @@
 #include "platform/registry/keys.h"
 #include "platform/seams/desktop.h"
 #include "platform/seams/fonts.h"
-#include "platform/seams/surface.h"
 #include "platform/services/sheet_service.h"
 #include "platform/spooler/printers.h"
 #include "platform/user/windows.h"
@@ -26,6 +25,7 @@
 #include "tests/random/changes.h"
 #include "tests/random/hands.h"
 #include "tests/random/invariants.h"
+#include "tests/support/blank_surface.h"
 #include "tests/support/sheet_driver.h"
 
 extern "C" int __lsan_do_recoverable_leak_check() __attribute__((weak));
@@ -66,20 +66,6 @@ constexpr Counter Counters[] = {
     {"registry keys",   platform::registry::OpenCount   },
 };
 
-// Draws nothing: what is drawn is looked at elsewhere, and a long walk draws much.
-class Nowhere : public platform::Surface {
-  public:
-    void SetClip(const std::optional<RECT>&) override {}
-    void Line(const platform::PenSpec&, POINT, POINT) override {}
-    void Rectangle(const platform::PenSpec&, const platform::BrushSpec&, const RECT&) override {}
-    void Polygon(const platform::PenSpec&, const platform::BrushSpec&, std::span<const POINT>) override {}
-    void Arc(const platform::PenSpec&, const RECT&, POINT, POINT) override {}
-    void Fill(const RECT&, COLORREF) override {}
-    void Text(const platform::TextSpec&) override {}
-    void Image(const RECT&, const platform::PixelImage&) override {}
-    void Erase(const RECT&) override {}
-};
-
 class Player : public platform::Desktop {
   public:
     Player(Ledger& ledger, std::uint64_t seed, const std::optional<std::vector<Step>>& steps)
@@ -95,7 +81,10 @@ class Player : public platform::Desktop {
     void Changed(HWND) override {}
     void Help(const platform::HelpRequest&) override {}
     void Run(HWND top) override;
-    std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override { return std::make_shared<Nowhere>(); }
+    std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override
+    {
+        return std::make_shared<testing_support::BlankSurface>();
+    }
     int MessageBox(const platform::MessageBoxRequest& request) override
     {
         ++ledger_.boxes[at_];
