@@ -66,7 +66,7 @@ std::size_t RowBytes(const Capability& capability)
         case Shape::None:
             break;
     }
-    return 1;
+    return 0;
 }
 
 Json RowOf(const Capability& capability, const std::uint8_t* row)
@@ -85,8 +85,6 @@ Json RowOf(const Capability& capability, const std::uint8_t* row)
     std::memcpy(name.data(), row, name.size() * sizeof(WCHAR));
     return Text(UpToTerminator(name));
 }
-
-constexpr std::size_t MostSizesStoredMeanwhile = 0x10000;
 
 // The capability of that name or number; one that has no name stands under its number.
 Capability Named(const std::string& text)
@@ -116,7 +114,9 @@ class Questions {
     Json Ask(const Capability& capability)
     {
         const LONG without = ask_(printer_, name_.data(), capability.code, nullptr, record_.Record());
-        std::vector<std::uint8_t> output(RoomFor(capability.code) * RowBytes(capability));
+        // One row of room is always there: an output is asked with whatever the capability writes.
+        std::vector<std::uint8_t> output(
+            capability.shape == Shape::None ? 8 : RoomFor(capability.code) * RowBytes(capability));
         const LONG answer = ask_(printer_, name_.data(), capability.code, output.data(), record_.Record());
         Json json = {
             {"code",          capability.code},
@@ -134,7 +134,7 @@ class Questions {
 
   private:
     // How many rows the output has room for. The answer of the run may have failed where the next one does not, so
-    // that one aside from its planned faults counts; and other programs may store sizes between any two.
+    // that one aside from its planned faults counts.
     std::size_t RoomFor(WORD code)
     {
         const AsideFromFaults aside;

@@ -28,9 +28,7 @@ std::optional<Size> ListedSize(Context& context, HANDLE printer, std::u16string&
 {
     const AsideFromFaults aside;
     const auto ask = context.Entry<DeviceCapabilitiesEntry>("DrvDeviceCapabilities");
-    // Other programs may store sizes between any two calls: there is more room than the first promises, and no more
-    // is read than all three agree on.
-    constexpr std::size_t MostSizesStoredMeanwhile = 0x10000;
+    // No more is read than all three answers agree on.
     const LONG rows = ask(printer, name.data(), DC_PAPERS, nullptr, nullptr);
     std::vector<WORD> codes(static_cast<std::size_t>(std::max<LONG>(rows, 0)) + MostSizesStoredMeanwhile);
     std::vector<LONG> sizes(codes.size() * 2);
