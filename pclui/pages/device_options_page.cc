@@ -44,13 +44,12 @@ void Initialise(HWND dialog)
     DeviceRefresh(dialog);
 }
 
-// The memory that is left for a job follows when the record is next merged. A row whose text could not be loaded
-// changes nothing.
+// The memory that is left for a job follows when the record is next merged.
 void OnMemoryPicked(HWND dialog)
 {
-    BOOL isNumber = FALSE;
-    const UINT memory = GetDlgItemInt(dialog, IDC_TOTAL_MEMORY, &isNumber, FALSE);
-    if (CurrentSettings && isNumber) CurrentSettings->dmTotalMemory = static_cast<SHORT>(memory);
+    if (CurrentSettings) {
+        CurrentSettings->dmTotalMemory = static_cast<SHORT>(GetDlgItemInt(dialog, IDC_TOTAL_MEMORY, nullptr, FALSE));
+    }
     TellSheet(dialog);
 }
 

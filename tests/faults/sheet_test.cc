@@ -294,6 +294,8 @@ void CheckRecord(const DriverDevMode& record)
     ASSERT_EQ(MergeSettings(&merged, PublicPart(&record)), 1);
     for (const RecordField& field : RecordFields) {
         if (field.name == "dmAvailableMemory") continue;  // follows the memory when the record is next merged
+        // The number in a row whose text could not be loaded, which the next merge puts right.
+        if (field.name == "dmTotalMemory" && record.dmTotalMemory == 0) continue;
         const auto at = [&](const DriverDevMode& one) {
             return RecordImage(reinterpret_cast<const BYTE*>(&one) + field.offset,
                                reinterpret_cast<const BYTE*>(&one) + field.offset + field.width);
