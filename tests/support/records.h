@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <functional>
+#include <sstream>
 #include <string_view>
 #include <vector>
 
@@ -44,88 +46,44 @@ inline std::int64_t GetField(const DriverDevMode& record, std::string_view name)
     return negative ? value - (std::int64_t{1} << (8 * field.width)) : value;
 }
 
+// Writes fields, as in "dmNupOn=1 dmNupCount=4".
+inline void SetFields(DriverDevMode& record, const std::string& line)
+{
+    std::istringstream words(line);
+    for (std::string word; words >> word;) {
+        const std::size_t at = word.find('=');
+        SetField(record, word.substr(0, at), std::stoll(word.substr(at + 1), nullptr, 0));
+    }
+}
+inline std::function<void(DriverDevMode&)> Fields(std::string line)
+{
+    return [line = std::move(line)](DriverDevMode& record) { SetFields(record, line); };
+}
+
 // A legal record that differs from the default one in every field that a merge may touch.
 inline DriverDevMode BusyRecord()
 {
     DriverDevMode record{};
+    SetFields(record,
+              "dmSpecVersion=1025 dmDriverVersion=296 dmSize=220 dmDriverExtra=1628 dmFields=0x9000 "
+              "dmOrientation=2 dmPaperSize=11 dmPaperLength=2480 dmPaperWidth=1748 dmScale=50 dmCopies=7 "
+              "dmDefaultSource=2 dmPrintQuality=1200 dmColor=2 dmDuplex=3 dmYResolution=5 dmTTOption=2 dmCollate=1 "
+              "dmPrivSignature=77 dmPrivReserved=78 dmModelParam1=1 dmModelParam2=2 dmModelParam3=3 "
+              "dmModelParam4=4 dmModelParam5=5 dmModelParam6=6 dmFitToPaper=1 dmMediaIndex=3 dmZoom=250 "
+              "dmOutputPaper=5 dmCollateMode=1 dmPaperWidthPriv=1000 dmPaperLengthPriv=2000 dmNupOn=1 dmNupCount=9 "
+              "dmNupVertical=1 dmNupDescending=1 dmNupBorder=1 dmNupModelByte=7 dmNupModelValue1=8 "
+              "dmNupModelValue2=9 dmWatermarkOn=1 dmImageShiftX=10 dmImageShiftY=-10 dmBookletPaper=9 dmDuplexOn=1 "
+              "dmGuidePaper=0 dmDuplexBinding=3 dmTonerSave=1 dmAllRaster=1 dmGraphicsMode=0 dmTextMode=1 "
+              "dmPrinterTrueType=0 dmSmoothtone=1 dmResolution=1200 dmFixedResolution=1 dmProofPrint=1 "
+              "dmTonerDensity=6 dmAvailableMemory=1 dmTotalMemory=144 dmDeviceFlags=128 dmPercent=60 dmModelFlag=1 "
+              "dmConstantFlag=9 dmBookletRight=1 dmImageShiftOn=1 dmImageRotated=1 dmPreviewMode=1 "
+              "dmResolutionChoice=1200 dmOverlayState=1 dmOverlayFirstPage=1 dmOverlayIndex=4");
     record.dmDeviceName[0] = u'B';
-    record.dmSpecVersion = 1025;
-    record.dmDriverVersion = 296;
-    record.dmSize = 220;
-    record.dmDriverExtra = 1628;
-    record.dmFields = DM_DUPLEX | DM_COLLATE;
-    record.dmOrientation = 2;
-    record.dmPaperSize = 11;
-    record.dmPaperLength = 2480;
-    record.dmPaperWidth = 1748;
-    record.dmScale = 50;
-    record.dmCopies = 7;
-    record.dmDefaultSource = 2;
-    record.dmPrintQuality = 1200;
-    record.dmColor = 2;
-    record.dmDuplex = 3;
-    record.dmYResolution = 5;
-    record.dmTTOption = 2;
-    record.dmCollate = 1;
     record.dmFormName[0] = u'F';
-    record.dmPrivSignature = 77;
-    record.dmPrivReserved = 78;
-    record.dmModelParam1 = 1;
-    record.dmModelParam2 = 2;
-    record.dmModelParam3 = 3;
-    record.dmModelParam4 = 4;
-    record.dmModelParam5 = 5;
-    record.dmModelParam6 = 6;
-    record.dmFitToPaper = 1;
-    record.dmMediaIndex = 3;
-    record.dmZoom = 250;
-    record.dmOutputPaper = 5;
-    record.dmCollateMode = 1;
-    record.dmPaperWidthPriv = 1000;
-    record.dmPaperLengthPriv = 2000;
-    record.dmNupOn = 1;
-    record.dmNupCount = 9;
-    record.dmNupVertical = 1;
-    record.dmNupDescending = 1;
-    record.dmNupBorder = 1;
-    record.dmNupModelByte = 7;
-    record.dmNupModelValue1 = 8;
-    record.dmNupModelValue2 = 9;
-    record.dmWatermarkOn = 1;
     record.dmWatermark.wmText[0] = u'W';
     record.dmWatermark.wmSize = 72;
-    record.dmImageShiftX = 10;
-    record.dmImageShiftY = -10;
-    record.dmBookletPaper = 9;
-    record.dmDuplexOn = 1;
-    record.dmGuidePaper = 0;
-    record.dmDuplexBinding = 3;
-    record.dmTonerSave = 1;
-    record.dmAllRaster = 1;
-    record.dmGraphicsMode = 0;
-    record.dmTextMode = 1;
-    record.dmPrinterTrueType = 0;
-    record.dmSmoothtone = 1;
-    record.dmResolution = 1200;
-    record.dmFixedResolution = 1;
-    record.dmProofPrint = 1;
-    record.dmTonerDensity = 6;
-    record.dmAvailableMemory = 1;
-    record.dmTotalMemory = 144;
-    record.dmDeviceFlags = 128;
-    record.dmPercent = 60;
-    record.dmModelFlag = 1;
-    record.dmConstantFlag = 9;
-    record.dmBookletRight = 1;
-    record.dmImageShiftOn = 1;
-    record.dmImageRotated = 1;
-    record.dmPreviewMode = 1;
-    record.dmResolutionChoice = 1200;
-    record.dmOverlayState = 1;
     record.dmOverlayFile[0] = u'o';
-    record.dmOverlayFirstPage = 1;
     record.dmOverlayReserved[0] = u'r';
-    record.dmOverlayIndex = 4;
     return record;
 }
 

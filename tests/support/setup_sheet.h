@@ -3,8 +3,6 @@
 #pragma once
 
 #include <cstring>
-#include <functional>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -36,18 +34,6 @@ inline constexpr NamedControl SetupControls[] = {
     {IDC_OVERLAY_FIRST_PAGE,   "overlayFirst"  },
     {IDC_EDIT_OVERLAY,         "editOverlay"   },
 };
-
-// Writes fields, as in "dmNupOn=1 dmNupCount=4".
-inline Sheet::Prepare Fields(std::string line)
-{
-    return [line = std::move(line)](DriverDevMode& record) {
-        std::istringstream words(line);
-        for (std::string word; words >> word;) {
-            const std::size_t at = word.find('=');
-            SetField(record, word.substr(0, at), std::stoll(word.substr(at + 1)));
-        }
-    };
-}
 
 class SetupSheet : public Sheet {
   public:
