@@ -1,6 +1,5 @@
 #include "tests/faults/every_place.h"
 
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -159,28 +158,23 @@ std::uint64_t Attempt::Failed() const
     return sum;
 }
 
-void TryEveryPlace(const char* what, std::uint64_t every, const std::function<void(Attempt&)>& walk)
+void TryEveryPlace(const char* what, Attempt::Mode mode, std::uint64_t every, const std::function<void(Attempt&)>& walk)
 {
     CallsOf(walk);  // what is kept in the process from the first walk on changes the calls
     const FaultPlan::Counters calls = CallsOf(walk);
     std::uint64_t known = 0;
     for (const auto& [function, count] : calls) known += count;
 
-    std::size_t tried = 0;
-    const std::map<std::string, std::uint64_t> byFunction(calls.begin(), calls.end());
-    for (const Attempt::Mode mode : {Attempt::Mode::Once, Attempt::Mode::Later, Attempt::Mode::All}) {
-        const auto places = mode == Attempt::Mode::All ? FailingPlaces(
-                                                             {
-                                                                 {"any", known}
-        },
-                                                             every)
-                                                       : FailingPlaces(byFunction, every);
-        for (const auto& [function, call] : places) Try({mode, function, call}, walk);
-        tried += places.size();
-    }
+    std::map<std::string, std::uint64_t> places(calls.begin(), calls.end());
+    if (mode == Attempt::Mode::All)
+        places = {
+            {"any", known}
+        };
+    const std::vector<FailingPlace> tried = FailingPlaces(places, every);
+    for (const auto& [function, call] : tried) Try({mode, function, call}, walk);
     EXPECT_EQ(CallsOf(walk), calls) << "a failure has left something behind in the process";
-    std::printf("%s: %zu functions, %llu places, each in 3 ways; %zu tried\n", what, calls.size(),
-                static_cast<unsigned long long>(known), tried);
+    std::printf("%s: %zu functions, %llu places, %zu tried\n", what, calls.size(),
+                static_cast<unsigned long long>(known), tried.size());
 }
 
 }  // namespace testing_support

@@ -5,6 +5,8 @@
 // Of the places about one in every so many is tried; all of them with QD480_EVERY_FAILURE in the environment.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
@@ -41,8 +43,18 @@ class Attempt {
     platform::FaultPlan::Counters calls_, failures_;
 };
 
-// Tries the places and checks after each that nothing has been kept but what could not be given back, that the walk
-// ends, and at last that it still goes as it did before the first.
-void TryEveryPlace(const char* what, std::uint64_t every, const std::function<void(Attempt&)>& walk);
+// Tries the places in one way and checks after each that nothing has been kept but what could not be given back,
+// that the walk ends, and at last that it still goes as it did before the first.
+void TryEveryPlace(const char* what, Attempt::Mode mode, std::uint64_t every,
+                   const std::function<void(Attempt&)>& walk);
+
+// A walk's tests, one for each way to fail.
+class FailingCalls : public testing::TestWithParam<Attempt::Mode> {};
+inline constexpr Attempt::Mode EveryWay[] = {Attempt::Mode::Once, Attempt::Mode::Later, Attempt::Mode::All};
+inline std::string NameOfWay(const testing::TestParamInfo<Attempt::Mode>& way)
+{
+    constexpr const char* Names[] = {"", "Once", "FromThereOn", "WithAllOthers"};
+    return Names[static_cast<std::size_t>(way.param)];
+}
 
 }  // namespace testing_support

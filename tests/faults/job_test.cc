@@ -153,12 +153,14 @@ void WalkTheJob(Attempt& attempt, Heard& whole)
     EXPECT_EQ(machine.store->Values(OfficePrinter).size(), 2u);
 }
 
-TEST(EveryCallThatFails, LetsTheJobGoOn)
+class TheJob : public FailingCalls {};
+TEST_P(TheJob, GoesOn)
 {
     if (!ModuleHandle) DllInitialize(LoadLibraryW(QD_MODULE_PATH), DLL_PROCESS_ATTACH, nullptr);
     Heard whole;
-    TryEveryPlace("the job", 1, [&whole](Attempt& attempt) { WalkTheJob(attempt, whole); });
+    TryEveryPlace("the job", GetParam(), 1, [&whole](Attempt& attempt) { WalkTheJob(attempt, whole); });
 }
+INSTANTIATE_TEST_SUITE_P(EveryCallThatFails, TheJob, testing::ValuesIn(EveryWay), NameOfWay);
 
 }  // namespace
 }  // namespace testing_support

@@ -347,11 +347,13 @@ void WalkTheSheet(Attempt& attempt)
     environment.fonts = nullptr;
 }
 
-TEST(EveryCallThatFails, LeavesTheSheetAndTheStoreWhole)
+class TheSheetAndTheStore : public FailingCalls {};
+TEST_P(TheSheetAndTheStore, StayWhole)
 {
     if (!ModuleHandle) DllInitialize(LoadLibraryW(QD_MODULE_PATH), DLL_PROCESS_ATTACH, nullptr);
-    TryEveryPlace("the sheet", 150, WalkTheSheet);
+    TryEveryPlace("the sheet", GetParam(), 150, WalkTheSheet);
 }
+INSTANTIATE_TEST_SUITE_P(EveryCallThatFails, TheSheetAndTheStore, testing::ValuesIn(EveryWay), NameOfWay);
 
 }  // namespace
 }  // namespace testing_support
