@@ -46,7 +46,7 @@ std::vector<Row> StoredRows(Machine& machine, const char16_t* sizeName, const ch
     return rows;
 }
 
-inline RowNames PaperNames(Machine& machine, bool mayDiffer)
+inline RowNames PaperNames(Machine& machine, bool mayDiffer, bool mayRepeat)
 {
     RowNames names;
     SHORT code = 257;
@@ -58,7 +58,7 @@ inline RowNames PaperNames(Machine& machine, bool mayDiffer)
         EXPECT_EQ(row.cpName[20], 0);
         names.emplace_back(row.cpName);
     }
-    ExpectNamesOnce(names);
+    if (!mayRepeat) ExpectNamesOnce(names);
     return names;
 }
 
