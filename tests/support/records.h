@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstring>
 #include <functional>
 #include <sstream>
@@ -22,23 +23,26 @@ RecordImage BytesOf(const T& value)
     return {bytes, bytes + sizeof value};
 }
 
-inline const RecordField& FieldOf(std::string_view name)
+// A field of the record, or of the watermark in it.
+inline RecordField FieldOf(std::string_view name)
 {
-    for (const RecordField& field : RecordFields) {
+    for (const RecordField& field : RecordFields)
         if (field.name == name) return field;
-    }
+    for (const RecordField& field : WatermarkFields)
+        if (field.name == name)
+            return {name, offsetof(DriverDevMode, dmWatermark) + field.offset, field.width, field.kind};
     throw std::invalid_argument("no field " + std::string(name));
 }
 
 inline void SetField(DriverDevMode& record, std::string_view name, std::int64_t value)
 {
-    const RecordField& field = FieldOf(name);
+    const RecordField field = FieldOf(name);
     std::memcpy(reinterpret_cast<std::uint8_t*>(&record) + field.offset, &value, field.width);
 }
 
 inline std::int64_t GetField(const DriverDevMode& record, std::string_view name)
 {
-    const RecordField& field = FieldOf(name);
+    const RecordField field = FieldOf(name);
     const auto* bytes = reinterpret_cast<const std::uint8_t*>(&record) + field.offset;
     std::int64_t value = 0;
     std::memcpy(&value, bytes, field.width);

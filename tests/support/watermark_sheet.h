@@ -1,54 +1,18 @@
 // The Watermark dialog on top of the Setup page, with a printer's watermarks that are told in short lines.
 #pragma once
 
-#include <cstring>
 #include <string>
 #include <vector>
 
-#include "platform/kernel/unicode.h"
-#include "resources/control_numbers.h"
 #include "tests/support/setup_sheet.h"
+#include "tests/support/watermarks.h"
 #include "watermark/watermark_list.h"
 
 namespace testing_support {
 
-struct StoredWatermark {
-    std::u16string name, text;
-    std::u16string attributes = u"1|20|72|0|0|0|0|2|0|Times New Roman";
-};
-
 inline void StoreWatermarks(Machine& machine, const std::vector<StoredWatermark>& rows)
 {
-    const std::string count = std::to_string(rows.size());
-    std::u16string texts(count.begin(), count.end()), attributes;
-    texts += u"\r\n";
-    std::u16string names = texts;
-    for (const StoredWatermark& row : rows) {
-        texts += row.text + u"\r\n";
-        names += row.name + u"\r\n";
-        attributes += row.attributes + u"\r\n";
-    }
-    for (const auto& [name, value] : {
-             std::pair{u"WatermarkText",       &texts     },
-             {u"WatermarkTextName",   &names     },
-             {u"WatermarkAttributes", &attributes}
-    }) {
-        platform::Bytes bytes(3000);
-        std::memcpy(bytes.data(), value->data(), 2 * value->size());
-        machine.store->SetValue(TestPrinter, name, {3, bytes});
-    }
-}
-
-// A stored value up to its terminator, with '/' at the line ends; "none" if it is not stored.
-inline std::string StoredLines(Machine& machine, const char16_t* name)
-{
-    const auto value = machine.store->Value(TestPrinter, name);
-    if (!value) return "none";
-    std::u16string text(value->bytes.size() / 2, u'\0');
-    std::memcpy(text.data(), value->bytes.data(), text.size() * 2);
-    std::string lines = platform::ToUtf8(text.substr(0, text.find(u'\0')));
-    for (std::size_t at; (at = lines.find("\r\n")) != std::string::npos;) lines.replace(at, 2, "/");
-    return lines;
+    StoreWatermarks(machine, rows, TestPrinter);
 }
 
 class WatermarkSheet : public SetupSheet {
@@ -107,9 +71,9 @@ class WatermarkSheet : public SetupSheet {
         Machine().Desktop().messagesSeen.clear();
         return said;
     }
-    std::string Names() { return StoredLines(Machine(), u"WatermarkTextName"); }
-    std::string Texts() { return StoredLines(Machine(), u"WatermarkText"); }
-    std::string Attributes() { return StoredLines(Machine(), u"WatermarkAttributes"); }
+    std::string Names() { return StoredLines(Machine(), u"WatermarkTextName", TestPrinter); }
+    std::string Texts() { return StoredLines(Machine(), u"WatermarkText", TestPrinter); }
+    std::string Attributes() { return StoredLines(Machine(), u"WatermarkAttributes", TestPrinter); }
     std::string Field(int control) { return platform::ToUtf8(Text(control)); }
     bool HasFocus(int control)
     {

@@ -5,6 +5,7 @@
 #include "platform/gdi/job.h"
 #include "platform/seams/fonts.h"
 #include "tests/support/machine.h"
+#include "tests/support/records.h"
 #include "watermark/face_list.h"
 #include "watermark/watermark_list.h"
 
@@ -18,7 +19,6 @@ class Placement : public testing::Test {
     {
         platform::CurrentEnvironment().fonts = platform::MakeBuiltinFonts();
         watermark.wmSize = 72;
-        watermark.wmShading = 20;
         CopyToField(watermark.wmFaceName, 32, u"Times New Roman");
         CopyToField(watermark.wmText, 73, u"DRAFT");
     }
@@ -36,7 +36,8 @@ class Placement : public testing::Test {
     }
 
     Machine machine;
-    WatermarkRecord watermark{};
+    DriverDevMode record{};
+    WatermarkRecord& watermark = record.dmWatermark;
     WatermarkPlacement placed{};
 };
 
@@ -47,48 +48,37 @@ TEST_F(Placement, TheFontGrowsWithTheResolutionsOfThePrinter)
         ASSERT_TRUE(Place(resolution));
         EXPECT_EQ(placed.font.lfHeight, resolution == 600 ? -600 : resolution == 1200 ? -1200 : -300) << resolution;
     }
-    EXPECT_EQ(placed.origin.x, 1200 - 375);
-    EXPECT_EQ(placed.origin.y, 1600 - 150);
-    EXPECT_EQ(placed.font.lfWeight, 400);
-    EXPECT_EQ(placed.font.lfOutPrecision, 7);
 }
 
-TEST_F(Placement, PositionsGoInStepsAndNeverReachTheEdge)
+TEST_F(Placement, PositionStyleAndAngleAreThoseOfTheRow)
 {
-    constexpr std::pair<SHORT, LONG> Rows[] = {
-        {0,    1200},
-        {1,    1200},
-        {-1,   1200},
-        {100,  2388},
-        {-100, 12  },
-        {50,   1788},
+    struct Row {
+        const char* fields;
+        LONG x, y, weight, italic, escapement;
     };
-    for (const auto& [position, middle] : Rows) {
-        watermark.wmPositionX = position;
+    for (const Row& row : {
+             Row{"wmPositionX=0",                       825,  1450, 400, 0, 0  },
+             {"wmPositionX=1",                       825,  1450, 400, 0, 0  },
+             {"wmPositionX=-1",                      825,  1450, 400, 0, 0  },
+             {"wmPositionX=100",                     2013, 1450, 400, 0, 0  },
+             {"wmPositionX=-100",                    -363, 1450, 400, 0, 0  },
+             {"wmPositionX=50",                      1413, 1450, 400, 0, 0  },
+             {"wmPositionX=0 wmPositionY=50",        825,  2234, 400, 0, 0  },
+             {"wmPositionY=0 wmBold=1 wmItalic=257", 825,  1450, 700, 1, 0  },
+             {"wmAngle=90",                          1050, 1975, 700, 1, 900},
+             {"wmAngleMode=2",                       854,  1809, 700, 1, 530},
+    }) {
+        SetFields(record, row.fields);
         ASSERT_TRUE(Place());
-        EXPECT_EQ(placed.origin.x + 375, middle) << position;
+        EXPECT_EQ(placed.origin.x, row.x) << row.fields;
+        EXPECT_EQ(placed.origin.y, row.y) << row.fields;
+        EXPECT_EQ(placed.font.lfWeight, row.weight) << row.fields;
+        EXPECT_EQ(placed.font.lfItalic, row.italic) << row.fields;
+        EXPECT_EQ(placed.font.lfEscapement, row.escapement) << row.fields;
     }
-}
-
-TEST_F(Placement, StyleAndAngleGoIntoTheFont)
-{
-    watermark.wmBold = 1;
-    watermark.wmItalic = 0x101;
-    watermark.wmAngle = 45;
-    ASSERT_TRUE(Place());
-    EXPECT_EQ(placed.font.lfWeight, 700);
-    EXPECT_EQ(placed.font.lfItalic, 1);
-    EXPECT_EQ(placed.font.lfEscapement, 450);
-}
-
-TEST_F(Placement, TheDiagonalFollowsThePage)
-{
-    watermark.wmAngleMode = 2;
-    watermark.wmAngle = 10;
-    ASSERT_TRUE(Place());
-    EXPECT_EQ(watermark.wmAngle, 53);
+    EXPECT_EQ(watermark.wmAngle, 53) << "the diagonal follows the page";
     EXPECT_EQ(DiagonalAngle, 53);
-    EXPECT_EQ(placed.font.lfEscapement, 530);
+    EXPECT_EQ(placed.font.lfOutPrecision, 7);
 }
 
 TEST_F(Placement, AnyFailingCallLeavesNoPlaceAndNothingBehind)
@@ -103,26 +93,25 @@ TEST_F(Placement, AnyFailingCallLeavesNoPlaceAndNothingBehind)
 TEST_F(Placement, FieldsWithoutTerminatorEndWithTheRecord)
 {
     std::fill(std::begin(watermark.wmText), std::end(watermark.wmText), u'M');
-    watermark.wmAngle = 32767;
-    watermark.wmSize = 32767;
-    watermark.wmPositionX = -32768;
+    SetFields(record, "wmAngle=32767 wmSize=32767 wmPositionX=-32768");
     EXPECT_TRUE(Place(1200));
     std::fill(std::begin(watermark.wmFaceName), std::end(watermark.wmFaceName), u'F');
     EXPECT_FALSE(Place());
 }
 
-TEST_F(Placement, OnlyTrueTypeFacesAreOffered)
+TEST(FaceList, TakesTrueTypeFaces)
 {
+    const Machine machine;
     FaceNames faces;
     LOGFONTW font{};
     CopyToField(font.lfFaceName, 32, u"Arial");
-    EXPECT_EQ(CollectFaceNames(&font, nullptr, 2, reinterpret_cast<LPARAM>(&faces)), 1);
-    EXPECT_EQ(CollectFaceNames(&font, nullptr, 4, reinterpret_cast<LPARAM>(&faces)), 1);
-    EXPECT_EQ(CollectFaceNames(&font, nullptr, 4, reinterpret_cast<LPARAM>(&faces)), 1);
-    EXPECT_EQ(CollectFaceNames(&font, nullptr, 4, reinterpret_cast<LPARAM>(&faces)), 1);
-    EXPECT_THAT(faces, testing::ElementsAre(u"Arial", u"Arial", u"Arial"));
-    Machine::Fail("GlobalAlloc");
-    EXPECT_EQ(CollectFaceNames(&font, nullptr, 4, reinterpret_cast<LPARAM>(&faces)), 0);
+    const auto collect = [&](DWORD type) {
+        return CollectFaceNames(&font, nullptr, type, reinterpret_cast<LPARAM>(&faces));
+    };
+    EXPECT_EQ(collect(2), 1);
+    for (int face = 0; face < 3; ++face) EXPECT_EQ(collect(4), 1);
+    machine.Fail("GlobalAlloc");
+    EXPECT_EQ(collect(4), 0);
     EXPECT_THAT(faces, testing::ElementsAre(u"Arial", u"Arial", u"Arial"));
 }
 
