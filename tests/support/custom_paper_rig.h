@@ -1,14 +1,13 @@
-// The Custom Paper dialog on top of a sheet, on the sizes that a test stores with the printer.
+// The Custom Paper dialog on top of a sheet, on the sizes that a test stores with the printer, and what it shows in
+// short lines that can stand in tables.
 #pragma once
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "module.h"
 #include "pages/custom_paper_dialog.h"
 #include "pages/custom_paper_store.h"
 #include "pages/custom_paper_work_list.h"
-#include "platform/kernel/memory.h"
 #include "platform/kernel/unicode.h"
 #include "platform/services.h"
 #include "platform/user/window.h"
@@ -18,7 +17,6 @@
 
 namespace testing_support {
 
-using Cells = std::vector<std::vector<std::u16string>>;
 using Entries = std::vector<CustomPaperEntry>;
 
 inline constexpr int Germany = 49, UnitedStates = 1;
@@ -26,14 +24,13 @@ inline constexpr int Germany = 49, UnitedStates = 1;
 inline const Entries Three = {Entry(257, u"Card", 0, 1000, 1500), Entry(258, u"Form", 1, 800, 1100, 8, 0),
                               Entry(259, u"Poster", 0, 2160, 3560)};
 
-// A printer with as many sizes, "Size0" and so on.
+// A printer with as many sizes, "Size10" and so on.
 inline Entries Many(int count)
 {
     Entries entries;
     for (int i = 0; i < count; ++i)
-        entries.push_back(Entry(static_cast<SHORT>(257 + i),
-                                u"Size" + std::u16string(1, u'0' + i / 10) + std::u16string(1, u'0' + i % 10), 0, 1000,
-                                1500));
+        entries.push_back(
+            Entry(static_cast<SHORT>(257 + i), platform::ToWide("Size" + std::to_string(10 + i)), 0, 1000, 1500));
     return entries;
 }
 
@@ -45,13 +42,6 @@ inline CustomPaperEntry Inch(SHORT width, SHORT widthSixteenths, SHORT height, S
                  heightSixteenths);
 }
 
-inline constexpr int MillimetreControls[] = {IDC_CP_WIDTH_MM,       IDC_CP_WIDTH_MM_SPIN,  IDC_CP_HEIGHT_MM,
-                                             IDC_CP_HEIGHT_MM_SPIN, IDC_CP_WIDTH_MM_RANGE, IDC_CP_HEIGHT_MM_RANGE};
-inline constexpr int InchControls[] = {
-    IDC_CP_WIDTH_SLASH16,    IDC_CP_HEIGHT_SLASH16,        IDC_CP_WIDTH_INCH_RANGE,  IDC_CP_HEIGHT_INCH_RANGE,
-    IDC_CP_WIDTH_SIXTEENTHS, IDC_CP_WIDTH_SIXTEENTHS_SPIN, IDC_CP_HEIGHT_SIXTEENTHS, IDC_CP_HEIGHT_SIXTEENTHS_SPIN,
-    IDC_CP_WIDTH_INCH,       IDC_CP_WIDTH_INCH_SPIN,       IDC_CP_HEIGHT_INCH,       IDC_CP_HEIGHT_INCH_SPIN};
-
 class CustomPaperRig : public testing::Test {
   protected:
     ~CustomPaperRig() override { Close(); }
@@ -59,17 +49,17 @@ class CustomPaperRig : public testing::Test {
     {
         Close();
         sheet_ = std::make_unique<Sheet>([=](DriverDevMode& record) { record.dmPaperSize = paper; },
-                                         [&](TestMachine& machine) { Store(machine, entries); },
+                                         [&](TestMachine& machine) { StorePapers(machine, entries, TestPrinter); },
                                          Machine::InCountry(country));
         return Again();
     }
     Sheet& Again()
     {
-        result_ = -2;
-        CustomPaperAccepted = -2;
+        result_ = CustomPaperAccepted = -2;
         sheet_->Try([this](HWND page) {
             LoadCustomPaperList();
-            result_ = DialogBoxParamW(ResourceHandle, ResourceName(IDD_CUSTOM_PAPER), page, CustomPaper_DlgProc, 0);
+            result_ = static_cast<int>(
+                DialogBoxParamW(ResourceHandle, ResourceName(IDD_CUSTOM_PAPER), page, CustomPaper_DlgProc, 0));
             return platform::user::Outcome::Done;
         });
         return *sheet_;
@@ -82,64 +72,64 @@ class CustomPaperRig : public testing::Test {
         CustomHeadRow = {};
         PaperRowCount = BuiltInPaperRows;
     }
-    static void Store(Machine& machine, const Entries& entries)
-    {
-        const platform::Bytes bytes = PaperBytes(entries);
-        machine.store->SetValue(TestPrinter, u"CustomPaperDataSize", {4, DwordBytes(static_cast<DWORD>(bytes.size()))});
-        machine.store->SetValue(TestPrinter, u"CustomPaperData", {3, bytes});
-    }
     Sheet& Dialog() { return *sheet_; }
-    Entries Stored()
+    Entries Stored() { return PapersOf(Dialog().Machine(), TestPrinter); }
+    std::string StoredNames()
     {
-        const auto size = Dialog().Machine().store->Value(TestPrinter, u"CustomPaperDataSize");
-        const auto value = Dialog().Machine().store->Value(TestPrinter, u"CustomPaperData");
-        DWORD length = 0;
-        std::memcpy(&length, size->bytes.data(), 4);
-        Entries entries(length / sizeof(CustomPaperEntry));
-        EXPECT_TRUE(length == 0 || value->bytes.size() == length);
-        if (!entries.empty()) std::memcpy(entries.data(), value->bytes.data(), length);
-        return entries;
-    }
-    std::vector<std::u16string> StoredNames()
-    {
-        std::vector<std::u16string> names;
-        for (const CustomPaperEntry& entry : Stored()) names.emplace_back(entry.cpName);
+        std::string names;
+        for (const CustomPaperEntry& entry : Stored()) names += platform::ToUtf8(entry.cpName) + "/";
         return names;
     }
-    Cells Listed() { return Dialog().Rows(IDC_CP_LIST); }
-    std::u16string Size(int row = 0) { return Listed().at(static_cast<std::size_t>(row)).at(1); }
-    bool Visible(int control) { return platform::user::Find(Dialog().Handle(control))->visible; }
-    // As a script sees it: which of the two sets of fields is there.
-    int UnitShown()
+    // "Card/*Form/Poster/", the selected one marked. Each is an entry of the working list as well.
+    std::string Names()
     {
-        const bool inches = Visible(IDC_CP_WIDTH_INCH);
-        for (const int control : MillimetreControls) EXPECT_NE(Visible(control), inches) << control;
-        for (const int control : InchControls) EXPECT_EQ(Visible(control), inches) << control;
+        std::string names;
+        const auto rows = Dialog().Rows(IDC_CP_LIST);
+        const int selected = Dialog().SelectedRow(IDC_CP_LIST);
+        for (int row = 0; row < static_cast<int>(rows.size()); ++row)
+            names += (row == selected ? "*" : "") + platform::ToUtf8(rows[static_cast<std::size_t>(row)][0]) + "/";
+        EXPECT_EQ(WorkListCount(), static_cast<int>(rows.size()));
+        return names;
+    }
+    std::string Size(int row = 0)
+    {
+        return platform::ToUtf8(Dialog().Rows(IDC_CP_LIST).at(static_cast<std::size_t>(row)).at(1));
+    }
+    // "Form: 8 8 11 0": the name, and the numbers of the unit whose fields are there.
+    std::string Editor()
+    {
+        const bool inches = Dialog().Checked(IDC_CP_UNIT_INCH);
         EXPECT_NE(Dialog().Checked(IDC_CP_UNIT_MM), inches);
-        EXPECT_EQ(Dialog().Checked(IDC_CP_UNIT_INCH), inches);
-        return inches;
+        for (const auto& [control, ofInches] : {
+                 std::pair{IDC_CP_WIDTH_MM,          false},
+                 {IDC_CP_WIDTH_MM_RANGE,    false},
+                 {IDC_CP_HEIGHT_MM_RANGE,   false},
+                 {IDC_CP_WIDTH_INCH,        true },
+                 {IDC_CP_WIDTH_SLASH16,     true },
+                 {IDC_CP_HEIGHT_SLASH16,    true },
+                 {IDC_CP_WIDTH_INCH_RANGE,  true },
+                 {IDC_CP_HEIGHT_INCH_RANGE, true }
+        })
+            EXPECT_EQ(platform::user::Find(Dialog().Handle(control))->visible, inches == ofInches) << control;
+        std::string shown = platform::ToUtf8(Dialog().Text(IDC_CP_NAME)) + ":";
+        const std::vector<int> fields = inches ? std::vector{IDC_CP_WIDTH_INCH, IDC_CP_WIDTH_SIXTEENTHS,
+                                                             IDC_CP_HEIGHT_INCH, IDC_CP_HEIGHT_SIXTEENTHS}
+                                               : std::vector{IDC_CP_WIDTH_MM, IDC_CP_HEIGHT_MM};
+        for (const int field : fields) shown += " " + platform::ToUtf8(Dialog().Text(field));
+        return shown;
     }
-    // The numbers in the fields of a unit.
-    std::vector<std::u16string> Numbers(int unit)
-    {
-        if (unit == 0) return {Dialog().Text(IDC_CP_WIDTH_MM), Dialog().Text(IDC_CP_HEIGHT_MM)};
-        return {Dialog().Text(IDC_CP_WIDTH_INCH), Dialog().Text(IDC_CP_WIDTH_SIXTEENTHS),
-                Dialog().Text(IDC_CP_HEIGHT_INCH), Dialog().Text(IDC_CP_HEIGHT_SIXTEENTHS)};
-    }
-    // New, Delete, list, name, number, OK as letters, those that can be used.
+    // New, Delete, list, name, unit, OK as letters, those that can be used.
     std::string Usable()
     {
         std::string usable;
         for (const auto& [control, letter] :
              {std::pair(IDC_CP_NEW, 'N'), std::pair(IDC_CP_DELETE, 'D'), std::pair(IDC_CP_LIST, 'l'),
-              std::pair(IDC_CP_NAME, 'n'), std::pair(IDC_CP_UNIT_MM, 'u'), std::pair(IDOK, 'O'),
-              std::pair(IDCANCEL, 'C'), std::pair(IDC_HELP, 'H')})
+              std::pair(IDC_CP_NAME, 'n'), std::pair(IDC_CP_UNIT_MM, 'u'), std::pair(IDOK, 'O')})
             if (Dialog().Enabled(control)) usable += letter;
         return usable;
     }
-    HWND FocusNow() { return GetFocus(); }
 
-    INT_PTR result_ = -2;
+    int result_ = -2;
 
   private:
     std::unique_ptr<Sheet> sheet_;

@@ -53,4 +53,16 @@ inline void StorePapers(Machine& machine, const std::vector<CustomPaperEntry>& e
     StorePapers(machine, bytes, static_cast<DWORD>(bytes.size()), printer);
 }
 
+// What is stored, as many whole records as its size says.
+inline std::vector<CustomPaperEntry> PapersOf(Machine& machine, const std::u16string& printer = OfficePrinter)
+{
+    const platform::Bytes size = machine.store->Value(printer, u"CustomPaperDataSize").value().bytes;
+    const platform::Bytes bytes = machine.store->Value(printer, u"CustomPaperData").value().bytes;
+    DWORD length = 0;
+    std::memcpy(&length, size.data(), sizeof length);
+    std::vector<CustomPaperEntry> entries(length / sizeof(CustomPaperEntry));
+    if (!entries.empty()) std::memcpy(entries.data(), bytes.data(), length);
+    return entries;
+}
+
 }  // namespace testing_support
