@@ -1,5 +1,4 @@
 // The Custom Paper dialog: its list, names and states, and what OK stores.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tests/support/custom_paper_rig.h"
@@ -201,9 +200,7 @@ TEST_F(CustomPaperDialog, AnswersWithHelp)
 {
     Open(Three);
     Dialog().Click(IDC_HELP).HelpOn(IDC_CP_NEW).HelpOn(IDC_CP_HEIGHT_LABEL);
-    std::vector<DWORD> contexts;
-    for (const HelpSeen& seen : Dialog().HelpSeenSoFar()) contexts.push_back(seen.context);
-    EXPECT_THAT(contexts, testing::ElementsAre(1202, 1221, 1222));
+    EXPECT_EQ(Dialog().HelpContexts(), (std::vector<DWORD>{1202, 1221, 1222}));
 }
 
 TEST_F(CustomPaperDialog, AnswersCommandsAndNotices)

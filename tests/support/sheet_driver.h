@@ -149,6 +149,12 @@ class Sheet {
     Sheet& Change(const Prepare& change);
     DriverDevMode Published() const { return published_; }
     std::vector<std::string> Drawn();  // calls since the last question
+    std::vector<DWORD> HelpContexts()  // all that have been asked for
+    {
+        std::vector<DWORD> contexts;
+        for (const HelpSeen& seen : HelpSeenSoFar()) contexts.push_back(seen.context);
+        return contexts;
+    }
     const std::vector<HelpSeen>& HelpSeenSoFar() { return machine_.Desktop().helpSeen; }
     TestMachine& Machine() { return machine_; }
 

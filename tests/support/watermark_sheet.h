@@ -74,6 +74,18 @@ class WatermarkSheet : public SetupSheet {
     std::string Names() { return StoredLines(Machine(), u"WatermarkTextName", TestPrinter); }
     std::string Texts() { return StoredLines(Machine(), u"WatermarkText", TestPrinter); }
     std::string Attributes() { return StoredLines(Machine(), u"WatermarkAttributes", TestPrinter); }
+    // "35 40 -37 100 -120 Courier New BIU": shading, size, position, angle, face; bold, italic, own position.
+    std::string Fields()
+    {
+        std::string fields;
+        for (const int control : {IDC_WM_SHADING, IDC_WM_SIZE, IDC_WM_VERTICAL, IDC_WM_HORIZONTAL, IDC_WM_ANGLE})
+            fields += Field(control) + " ";
+        fields += Row(IDC_WM_FACE) + " ";
+        for (const auto& [control, letter] :
+             {std::pair(IDC_WM_BOLD, 'B'), std::pair(IDC_WM_ITALIC, 'I'), std::pair(IDC_WM_USER_POSITION, 'U')})
+            if (Checked(control)) fields += letter;
+        return fields;
+    }
     std::string Field(int control) { return platform::ToUtf8(Text(control)); }
     bool HasFocus(int control)
     {
