@@ -62,8 +62,6 @@ class TransparentBitmap : public testing::Test {
         for (HDC context : {target, original}) DeleteDC(context);
         for (HBITMAP used : {bitmap, picture}) DeleteObject(used);
     }
-    static void Face(COLORREF face) { platform::CurrentEnvironment().desktop = std::make_shared<Colored>(face); }
-
     // Compares every pixel of the picture and of the gap around it; times: how often each pixel of the picture repeats.
     void ExpectPicture(int times, const std::function<COLORREF(int x, int y)>& background)
     {
@@ -90,42 +88,39 @@ class TransparentBitmap : public testing::Test {
     std::size_t contexts, objects;
 };
 
-constexpr RECT OneToOne = {Gap, Gap, Gap + Side, Gap + Side};
+constexpr RECT Place(int times) { return {Gap, Gap, Gap + times * Side, Gap + times * Side}; }
 
-TEST_F(TransparentBitmap, LetsTheColorOfDialogsShine)
+TEST_F(TransparentBitmap, LetsTheColorOfDialogsShineAtAnySize)
 {
-    for (const COLORREF face : {RGB(240, 240, 240), RGB(30, 30, 46), RGB(0, 0, 0), RGB(255, 255, 255), Key}) {
-        Face(face);
-        DrawTransparentBitmap(IDB_ABOUT, OneToOne, target, RGB(1, 2, 3));
-        ExpectPicture(1, [&](int, int) { return face; });
+    for (const auto& [face, times] : {
+             std::pair{RGB(240, 240, 240), 1},
+             {RGB(0,   0,   0),   1},
+             {RGB(255, 255, 255), 1},
+             {Key,     1  },
+             {RGB(30,    30,      46),     2},
+    }) {
+        platform::CurrentEnvironment().desktop = std::make_shared<Colored>(face);
+        DrawTransparentBitmap(IDB_ABOUT, Place(times), target, RGB(1, 2, 3));
+        ExpectPicture(times, [color = face](int, int) { return color; });
     }
 }
 
 TEST_F(TransparentBitmap, LetsTheTargetShineForItsOneColor)
 {
-    DrawTransparentBitmap(IDB_ABOUT, OneToOne, target, 0x010101);
+    DrawTransparentBitmap(IDB_ABOUT, Place(1), target, 0x010101);
     ExpectPicture(1, Before);
-}
-
-TEST_F(TransparentBitmap, IsStretchedToTheRectangle)
-{
-    Face(RGB(30, 30, 46));
-    DrawTransparentBitmap(IDB_ABOUT, {Gap, Gap, Gap + 2 * Side, Gap + 2 * Side}, target, 0);
-    ExpectPicture(2, [](int, int) { return RGB(30, 30, 46); });
 }
 
 TEST_F(TransparentBitmap, LeavesTheAreaEmptyWithoutItsBitmaps)
 {
-    const auto untouched = [&] {
-        int touched = 0;
+    const auto expectUntouched = [&](const std::string& fault) {
         for (int y = 0; y < Height; y += 7)
-            for (int x = 0; x < Width; x += 7) touched += GetPixel(target, x, y) != Before(x, y);
-        return touched == 0;
+            for (int x = 0; x < Width; x += 7) ASSERT_EQ(GetPixel(target, x, y), Before(x, y)) << fault;
     };
-    DrawTransparentBitmap(4711, OneToOne, target, 0);
-    EXPECT_TRUE(untouched());
+    DrawTransparentBitmap(4711, Place(1), target, 0);
+    expectUntouched("no such picture");
     for (const auto& [function, call] : {
-             std::pair{"LoadBitmapW",        1u},
+             std::pair<std::string, unsigned>{"LoadBitmapW",        1u},
              {"LoadBitmapW",        2u},
              {"CreateBitmap",       1u},
              {"CreateCompatibleDC", 1u},
@@ -133,9 +128,9 @@ TEST_F(TransparentBitmap, LeavesTheAreaEmptyWithoutItsBitmaps)
              {"SelectObject",       2u},
     }) {
         platform::CurrentEnvironment().faults.Clear();
-        machine.Fail(function, call);
-        DrawTransparentBitmap(IDB_ABOUT, OneToOne, target, 0);
-        EXPECT_TRUE(untouched()) << function << ' ' << call;
+        machine.Fail(function.c_str(), call);
+        DrawTransparentBitmap(IDB_ABOUT, Place(1), target, 0);
+        expectUntouched(function + std::to_string(call));
     }
     platform::CurrentEnvironment().faults.Clear();
 }

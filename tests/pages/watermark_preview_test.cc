@@ -3,10 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "tests/support/watermark_sheet.h"
-#include "watermark/placement.h"
 
 namespace {
 
@@ -19,20 +16,15 @@ using Lines = std::vector<std::string>;
 
 constexpr const char16_t* Level = u"1|20|72|0|0|0|0|0|0|Times New Roman";
 
-struct JobPage {
-    SHORT resolution = 600, orientation = 1;
-};
-
 // The dialog over a page with one watermark.
 class Preview : public WatermarkSheet {
   public:
-    explicit Preview(const char16_t* attributes = Level, JobPage page =
-                                                             {
-    })
-        : WatermarkSheet({{u"A", u"DRAFT", attributes}}, 1, true, [=](DriverDevMode& record) {
-              record.dmResolution = page.resolution;
-              record.dmOrientation = page.orientation;
-          })
+    explicit Preview(const char16_t* attributes = Level, const char* page = "dmResolution=600")
+        : WatermarkSheet(
+              {
+                  {u"A", u"DRAFT", attributes}
+    },
+              1, true, testing_support::Fields(page))
     {
     }
     // The last drawing of the picture, without the frame: its shapes, mapping, colour and text.
@@ -61,57 +53,44 @@ TEST(WatermarkPreview, FillsTheHeightOrTheWidthWithThePage)
                             "SetMapMode [8]", "SetTextColor [13421772]", StartsWith("CreateFontIndirectW"),
                             "SetWindowExtEx [6600,6600,null]", "SetViewportExtEx [169,169,null]",
                             "TextOutW [2079,2900,DRAFT,5]", "SetMapMode [1]"));
-    EXPECT_THAT(Preview(Level, {600, 2}).Drawing(),
+    EXPECT_THAT(Preview(Level, "dmResolution=600 dmOrientation=2").Drawing(),
                 ElementsAre("Rectangle [-1,24,154,144]", "CreateRectRgn [0,25,153,143]", StartsWith("PaintRgn"),
                             "SetMapMode [8]", "SetTextColor [13421772]", StartsWith("CreateFontIndirectW"),
                             "SetWindowExtEx [6600,6600,null]", "SetViewportExtEx [153,153,null]",
                             "TextOutW [2450,3178,DRAFT,5]", "SetMapMode [1]"));
 }
 
+TEST(WatermarkPreview, FollowsTheFields)
+{
+    Preview preview;
+    preview.Type(IDC_WM_SHADING, u"100").Type(IDC_WM_TEXT, u"X").Click(IDC_WM_BOLD).Choose(IDC_WM_FACE, u"Arial");
+    EXPECT_THAT(preview.Drawing(),
+                testing::AllOf(Contains("SetTextColor [0]"), Contains(testing::EndsWith(",X,1]")),
+                               Contains(HasSubstr("lfWeight:700")), Contains(HasSubstr("lfFaceName:Arial"))));
+}
+
 TEST(WatermarkPreview, PutsTheMappingBackLast)
 {
-    const Lines lines = Preview().Drawn();
-    const auto released = std::ranges::find_if(lines.rbegin(), lines.rend(),
-                                               [](const auto& line) { return line.starts_with("1171 ReleaseDC"); });
-    ASSERT_LT(released + 1, lines.rend());
-    EXPECT_EQ(*(released + 1), "1171 SetMapMode [1]");
+    Lines lines = Preview().Drawn();
+    while (!lines.empty() && !lines.back().starts_with("1171 ReleaseDC")) lines.pop_back();
+    ASSERT_GT(lines.size(), 1u);
+    EXPECT_EQ(lines[lines.size() - 2], "1171 SetMapMode [1]");
 }
 
 TEST(WatermarkPreview, PlacesTheTextAsOnTheJobsPage)
 {
-    struct Row {
-        const char16_t* attributes;
-        SHORT resolution;
-        const char* text;
-    };
-    for (const Row& row : {
-  // 300 dots per inch and any other resolution: the page as the model has it; the shift is 214.
-             Row{Level,                                       300,  "TextOutW [1039,1450,DRAFT,5]"},
-             {Level,                                       400,  "TextOutW [1039,1450,DRAFT,5]"},
+    for (const auto& [attributes, resolution, text] : {
+             std::tuple{Level,                                       300,  "TextOutW [1039,1450,DRAFT,5]"},
+             {Level,                                       400,  "TextOutW [1039,1450,DRAFT,5]"}, // as the model has the page, the shift is 214
              {Level,                                       1200, "TextOutW [4259,5800,DRAFT,5]"},
- // Upright: x = 2400 - 300, y = 3200 + 750.
              {u"1|20|72|0|0|0|0|1|90|Times New Roman",     600,  "TextOutW [2529,3950,DRAFT,5]"},
- // Position 100: step 199; -100: step 1.
-             {u"1|20|72|1|100|-100|0|0|0|Times New Roman", 600,  "TextOutW [-297,6068,DRAFT,5]"},
- // No text is smaller than can be seen.
+             {u"1|20|72|1|100|-100|0|0|0|Times New Roman", 600,  "TextOutW [-297,6068,DRAFT,5]"}, // steps 199 and 1
              {u"1|20|19|0|0|0|0|0|0|Times New Roman",      300,  "lfHeight:-80"                },
              {u"1|20|20|0|0|0|0|0|0|Times New Roman",      300,  "lfHeight:-83"                },
-             {u"1|20|8|0|0|0|0|0|0|Times New Roman",       600,  "lfHeight:-80"                },
     })
-        EXPECT_THAT(Preview(row.attributes, {row.resolution}).Drawing(), Contains(HasSubstr(row.text)))
-            << platform::ToUtf8(row.attributes) << " at " << row.resolution;
-}
-
-TEST(WatermarkPreview, FollowsTheFields)
-{
-    Preview sheet;
-    sheet.Drawn();
-    sheet.Type(IDC_WM_SHADING, u"100");
-    EXPECT_THAT(sheet.Drawing(), Contains("SetTextColor [0]"));
-    sheet.Type(IDC_WM_TEXT, u"X");
-    EXPECT_THAT(sheet.Drawing(), Contains(testing::EndsWith(",X,1]")));
-    sheet.Click(IDC_WM_BOLD).Choose(IDC_WM_FACE, u"Arial");
-    EXPECT_THAT(sheet.Drawing(), Contains(testing::AllOf(HasSubstr("lfWeight:700"), HasSubstr("lfFaceName:Arial"))));
+        EXPECT_THAT(Preview(attributes, ("dmResolution=" + std::to_string(resolution)).c_str()).Drawing(),
+                    Contains(HasSubstr(text)))
+            << platform::ToUtf8(attributes) << " at " << resolution;
 }
 
 TEST(WatermarkPreview, AFaceThatIsNotThereLeavesThePageEmpty)
@@ -139,8 +118,8 @@ TEST(WatermarkPreview, TheFrameIsSunkenAndDrawnForItself)
 TEST(WatermarkPreview, TheDiagonalIsThatOfThePage)
 {
     constexpr const char16_t* Diagonal = u"1|20|72|0|0|0|0|2|0|Times New Roman";
-    EXPECT_EQ(Preview(Diagonal, {600, 1}).Field(IDC_WM_ANGLE), "53");
-    EXPECT_EQ(Preview(Diagonal, {600, 2}).Field(IDC_WM_ANGLE), "37");
+    EXPECT_EQ(Preview(Diagonal).Field(IDC_WM_ANGLE), "53");
+    EXPECT_EQ(Preview(Diagonal, "dmOrientation=2").Field(IDC_WM_ANGLE), "37");
 }
 
 }  // namespace

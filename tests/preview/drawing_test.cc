@@ -18,51 +18,32 @@ using testing::StartsWith;
 
 TEST(Page, HasANumberThreeBarsAndADottedFrame)
 {
-    Preview preview;
-    EXPECT_THAT(preview.Draw(A4()),
+    EXPECT_THAT(Preview().Draw(A4()),
                 ElementsAre("box 11,0,119,154 null ffffff", "map 2480,-3507 to 106,-150 at 12,1",
                             "text 205,50 \"1\" in 50,50,2409,3436 Times New Roman -1613/400 000000",
                             "box 347,1894,2131,2177 null 000000", "box 347,2460,2131,2743 null 000000",
                             "box 347,3026,2131,3309 null 000000", "box 50,50,2429,3456 dot1:000000 none"));
-}
-
-// Wider than high: the bars take nine tenths of the frame.
-TEST(Page, HasWiderBarsInLandscape)
-{
-    Preview preview;
-    EXPECT_THAT(preview.Draw(A4("dmOrientation", 2)),
-                ElementsAre("box 0,31,131,123 null ffffff", "map 3507,-2480 to 127,-90 at 1,32",
-                            "text 269,50 \"1\" in 50,50,3451,2424 Times New Roman -1142/400 000000",
+    EXPECT_THAT(Preview().Draw(A4("dmOrientation=2"), {"text", "box 220"}),
+                ElementsAre("text 269,50 \"1\" in 50,50,3451,2424 Times New Roman -1142/400 000000",
                             "box 220,1338,3285,1536 null 000000", "box 220,1734,3285,1932 null 000000",
-                            "box 220,2130,3285,2328 null 000000", "box 50,50,3456,2429 dot1:000000 none"));
-}
-
-TEST(Page, IsMeasuredInTheDotsOfTheJob)
-{
-    Preview preview;
-    EXPECT_THAT(preview.Draw(A4("dmPrintQuality", 600), {"map", "text", "box 6", "box 1"}),
-                ElementsAre("box 11,0,119,154 null ffffff", "map 4960,-7014 to 106,-150 at 12,1",
+                            "box 220,2130,3285,2328 null 000000"))
+        << "wider than high the bars take nine tenths of the frame";
+    EXPECT_THAT(Preview().Draw(A4("dmPrintQuality=600"), {"map", "text", "box 100"}),
+                ElementsAre("map 4960,-7014 to 106,-150 at 12,1",
                             "text 410,100 \"1\" in 100,100,4819,6873 Times New Roman -3225/400 000000",
-                            "box 695,3789,4264,4356 null 000000", "box 695,4923,4264,5490 null 000000",
-                            "box 695,6057,4264,6624 null 000000", "box 100,100,4859,6913 dot1:000000 none"));
-}
-
-// In a picture of 30 by 30 the margins of 50 dots are less than a pixel: they grow to 131 and 126.
-TEST(Page, KeepsItsMarginsVisible)
-{
-    Preview preview(30, 30);
-    EXPECT_THAT(preview.Draw(A4()),
-                ElementsAre("box 4,0,25,30 null ffffff", "map 2480,-3507 to 19,-28 at 5,1",
-                            "text 286,126 \"1\" in 131,126,2218,3256 Times New Roman -1619/400 000000",
-                            "box 408,1888,2070,2159 null 000000", "box 408,2430,2070,2701 null 000000",
-                            "box 408,2972,2070,3243 null 000000", "box 131,126,2348,3380 dot1:000000 none"));
+                            "box 100,100,4859,6913 dot1:000000 none"))
+        << "in the dots of the job";
+    EXPECT_THAT(Preview(30, 30).Draw(A4(), {"text", "box 131"}),
+                ElementsAre("text 286,126 \"1\" in 131,126,2218,3256 Times New Roman -1619/400 000000",
+                            "box 131,126,2348,3380 dot1:000000 none"))
+        << "margins of less than a pixel grow";
 }
 
 // Two bars instead of three, and numbers of two digits.
 TEST(Page, IsSimplerWithSixteenOnASheet)
 {
     Preview preview;
-    const Lines drawn = preview.Draw(A4("dmNupOn", 1, "dmNupCount", 16));
+    const Lines drawn = preview.Draw(A4("dmNupOn=1 dmNupCount=16"));
     ASSERT_EQ(drawn.size(), 1u + 16 * 5);
     EXPECT_THAT(Lines(drawn.begin() + 1 + 9 * 5, drawn.begin() + 1 + 10 * 5),
                 ElementsAre("map 2480,-3507 to 26,-38 at 38,77",
@@ -76,38 +57,34 @@ TEST(Page, IsSimplerWithSixteenOnASheet)
 TEST(Page, IsGreyInTonerSaveButForTheFrame)
 {
     Preview preview;
-    const Lines drawn = preview.Draw(A4("dmTonerSave", 1, "dmNupBorder", 1));
+    const Lines drawn = preview.Draw(A4("dmTonerSave=1 dmNupBorder=1"));
     ASSERT_EQ(drawn.size(), 7u);
     EXPECT_THAT(Lines(drawn.begin() + 2, drawn.begin() + 6), Each(testing::EndsWith("7f7f7f")));
     EXPECT_EQ(drawn.back(), "box 50,50,2429,3456 solid1:000000 none");
 }
 
-struct ZoomRow {
-    int zoom;
-    Lines placed;  // mapping, clip and number
-};
-const ZoomRow ZoomRows[] = {
-    {100, {"map 2480,-3507 to 106,-150 at 12,1", "text 205,50 \"1\" in 50,50,2409,3436"}                     },
-    {50,  {"map 2480,-3507 to 53,-75 at 12,1", "text 205,50 \"1\" in 50,50,2386,3413"}                       },
-    {200, {"map 2480,-3507 to 212,-300 at 12,1", "clip 12,1,116,149", "text 205,50 \"1\" in 50,50,2421,3448"}},
-    {101, {"map 2480,-3507 to 107,-151 at 12,1", "clip 12,1,116,149", "text 205,50 \"1\" in 50,50,2410,3437"}},
-    {1,   {"map 2480,-3507 to 1,-1 at 12,1", "text 2531,50 \"1\" in 50,50,-1,-1"}                            },
-};
-
+// Mapping, clip and number.
 TEST(Scaling, GrowsFromTheCornerAndIsCutOffAtTheCell)
 {
-    for (const ZoomRow& row : ZoomRows) {
-        Preview preview;
-        Lines drawn = preview.Draw(A4("dmFitToPaper", 1, "dmZoom", row.zoom), {"map", "clip", "text"});
+    const std::string clip = "clip 12,1,116,149";
+    for (const auto& [zoom, placed] : {
+             std::pair{"dmZoom=100",
+                       Lines{"map 2480,-3507 to 106,-150 at 12,1", "text 205,50 \"1\" in 50,50,2409,3436"}               },
+             {"dmZoom=50",  {"map 2480,-3507 to 53,-75 at 12,1", "text 205,50 \"1\" in 50,50,2386,3413"}        },
+             {"dmZoom=200", {"map 2480,-3507 to 212,-300 at 12,1", clip, "text 205,50 \"1\" in 50,50,2421,3448"}},
+             {"dmZoom=101", {"map 2480,-3507 to 107,-151 at 12,1", clip, "text 205,50 \"1\" in 50,50,2410,3437"}},
+             {"dmZoom=1",   {"map 2480,-3507 to 1,-1 at 12,1", "text 2531,50 \"1\" in 50,50,-1,-1"}             },
+    }) {
+        Lines drawn = Preview().Draw(A4(std::string("dmFitToPaper=1 ") + zoom), {"map", "clip", "text"});
         for (std::string& line : drawn) line = line.substr(0, line.find(" Times"));
-        EXPECT_EQ(drawn, row.placed) << row.zoom;
+        EXPECT_EQ(drawn, placed) << zoom;
     }
 }
 
 TEST(Scaling, CutsEachPageOffAtItsOwnCell)
 {
     Preview preview;
-    EXPECT_THAT(preview.Draw(A4("dmFitToPaper", 1, "dmZoom", 150, "dmNupOn", 1, "dmNupCount", 4), {"clip"}),
+    EXPECT_THAT(preview.Draw(A4("dmFitToPaper=1 dmZoom=150 dmNupOn=1 dmNupCount=4"), {"clip"}),
                 ElementsAre("clip 12,1,65,77", "clip 65,1,118,77", "clip 12,77,65,153", "clip 65,77,118,153"));
 }
 
@@ -131,15 +108,16 @@ TEST(Frame, BelongsToThePictureThatIsDrawn)
 TEST(CustomPaper, IsReadFromThePrinter)
 {
     Preview preview;
-    preview.StorePaper(testing_support::Entry(260, u"Small", 0, 1000, 2000));
-    EXPECT_THAT(preview.Draw(A4("dmPaperSize", 260), {"map"}), ElementsAre("map 1181,-2362 to 75,-150 at 28,1"));
-    EXPECT_THAT(preview.Draw(A4("dmPaperSize", 270), {"map"}), ElementsAre(StartsWith("map 2550,-3300 ")));
-    EXPECT_THAT(preview.Draw(A4("dmFitToPaper", 2, "dmOutputPaper", 260), {"box 6"}),
+    testing_support::StorePapers(preview.Machine(), {testing_support::Entry(260, u"Small", 0, 1000, 2000)},
+                                 testing_support::TestPrinter);
+    EXPECT_THAT(preview.Draw(A4("dmPaperSize=260"), {"map"}), ElementsAre("map 1181,-2362 to 75,-150 at 28,1"));
+    EXPECT_THAT(preview.Draw(A4("dmPaperSize=270"), {"map"}), ElementsAre(StartsWith("map 2550,-3300 ")));
+    EXPECT_THAT(preview.Draw(A4("dmFitToPaper=2 dmOutputPaper=260"), {"box 6"}),
                 ElementsAre("box 6,0,131,77 null 404040", "box 6,0,125,154 null ffffff"));
 
     testing_support::Machine::Fail("OpenPrinterW");
     SetLastError(0);
-    EXPECT_THAT(preview.Draw(A4("dmPaperSize", 260), {"map"}), ElementsAre(StartsWith("map 2550,-3300 ")));
+    EXPECT_THAT(preview.Draw(A4("dmPaperSize=260"), {"map"}), ElementsAre(StartsWith("map 2550,-3300 ")));
     EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
 }
 
@@ -147,7 +125,7 @@ TEST(CustomPaper, IsReadFromThePrinter)
 TEST(CustomPaper, ComesWithTheRecord)
 {
     Preview preview;
-    EXPECT_THAT(preview.Draw(A4("dmPaperSize", 256, "dmPaperWidth", 600, "dmPaperLength", 900), {"map"}),
+    EXPECT_THAT(preview.Draw(A4("dmPaperSize=256 dmPaperWidth=600 dmPaperLength=900"), {"map"}),
                 ElementsAre(StartsWith("map 708,-1062 ")));
 }
 

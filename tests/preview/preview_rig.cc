@@ -103,33 +103,21 @@ std::string ShapeText(const platform::TraceCall& call, const gdi::Context& conte
 
 }  // namespace
 
-DriverDevMode A4()
+DriverDevMode A4(const std::string& fields)
 {
     DriverDevMode record{};
-    record.dmOrientation = 1;
-    record.dmPaperSize = 9;
-    record.dmPrintQuality = record.dmResolution = 300;
-    record.dmZoom = 100;
+    testing_support::SetFields(record, "dmOrientation=1 dmPaperSize=9 dmPrintQuality=300 dmResolution=300 dmZoom=100");
+    testing_support::SetFields(record, fields);
     return record;
 }
 
-DriverDevMode Marked()
+DriverDevMode Marked(const std::string& fields)
 {
-    DriverDevMode record = A4();
-    record.dmWatermarkOn = 1;
-    WatermarkRecord& mark = record.dmWatermark;
-    std::u16string_view(u"DRAFT").copy(mark.wmText, 72);
-    std::u16string_view(u"Times New Roman").copy(mark.wmFaceName, 31);
-    mark.wmSize = 72;
-    mark.wmShading = 20;
+    DriverDevMode record = A4("dmWatermarkOn=1 wmSize=72 wmShading=20");
+    std::u16string_view(u"DRAFT").copy(record.dmWatermark.wmText, 72);
+    std::u16string_view(u"Times New Roman").copy(record.dmWatermark.wmFaceName, 31);
+    testing_support::SetFields(record, fields);
     return record;
-}
-
-void Set(DriverDevMode& record, const char* name, int value)
-{
-    const auto field = std::ranges::find(WatermarkFields, std::string_view(name), &RecordField::name);
-    if (field == std::end(WatermarkFields)) return testing_support::SetField(record, name, value);
-    std::memcpy(reinterpret_cast<std::uint8_t*>(&record.dmWatermark) + field->offset, &value, field->width);
 }
 
 void DrawingLog::Call(const platform::TraceCall& call)
@@ -233,14 +221,6 @@ Lines Preview::Draw(const DriverDevMode& record, const std::vector<std::string>&
         return std::ranges::none_of(words, [&](const std::string& word) { return line.starts_with(word); });
     });
     return lines;
-}
-
-void Preview::StorePaper(const CustomPaperEntry& entry)
-{
-    const platform::Bytes bytes = testing_support::BytesOf(entry);
-    const auto size = static_cast<DWORD>(bytes.size());
-    machine_.store->SetValue(testing_support::TestPrinter, u"CustomPaperDataSize", {4, testing_support::BytesOf(size)});
-    machine_.store->SetValue(testing_support::TestPrinter, u"CustomPaperData", {3, bytes});
 }
 
 Lines Preview::Frame() const { return log_->drawn[FrameControl]; }

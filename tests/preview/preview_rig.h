@@ -14,13 +14,11 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "driver_dev_mode.h"
 #include "platform/seams/trace.h"
 #include "resources/control_numbers.h"
-#include "spooler/stored_records.h"
 #include "tests/support/sheet_driver.h"
 
 namespace platform::gdi {
@@ -31,34 +29,11 @@ namespace preview_test {
 
 using Lines = std::vector<std::string>;
 
-// A page of A4 at 300 dots per inch: 2480 by 3507, with a margin of 50 on each side.
-DriverDevMode A4();
+// A page of A4 at 300 dots per inch, 2480 by 3507, with a margin of 50 on each side; and fields that differ, as in
+// "dmNupOn=1 dmNupCount=4".
+DriverDevMode A4(const std::string& fields = {});
 // The same with the watermark DRAFT, 72 points, of shading 20.
-DriverDevMode Marked();
-
-// Fields are set by their names in the record, or in its watermark: A4("dmNupOn", 1, "dmNupCount", 4).
-void Set(DriverDevMode& record, const char* field, int value);
-inline void SetAll(DriverDevMode&) {}
-template <class... More>
-void SetAll(DriverDevMode& record, const char* field, int value, More... more)
-{
-    Set(record, field, value);
-    SetAll(record, more...);
-}
-template <class... Rest>
-DriverDevMode A4(const char* field, int value, Rest... more)
-{
-    DriverDevMode record = A4();
-    SetAll(record, field, value, more...);
-    return record;
-}
-template <class... Rest>
-DriverDevMode Marked(const char* field, int value, Rest... more)
-{
-    DriverDevMode record = Marked();
-    SetAll(record, field, value, more...);
-    return record;
-}
+DriverDevMode Marked(const std::string& fields = {});
 
 class DrawingLog : public platform::TraceSink {
   public:
@@ -99,7 +74,7 @@ class Preview {
     // All contexts, as they came, and no object alive.
     void ExpectAllGivenBack() const;
 
-    void StorePaper(const CustomPaperEntry& entry);  // as the printer's only stored size
+    testing_support::TestMachine& Machine() { return machine_; }
 
   private:
     testing_support::TestMachine machine_;

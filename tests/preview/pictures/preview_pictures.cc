@@ -6,6 +6,7 @@
 #include "desktop/qt_runtime.h"
 #include "desktop/qt_surface.h"
 #include "platform/seams/environment.h"
+#include "tests/support/records.h"
 
 namespace preview_test {
 
@@ -32,37 +33,38 @@ const std::vector<int> Counts = {1, 2, 4, 6, 9, 16};
 
 // clang-format off
 const GalleryRow GalleryRows[] = {
-    {"N-up", A4("dmNupOn", 1), "dmNupCount", Counts},
-    {"N-up, with borders, Toner Save", A4("dmNupOn", 1, "dmNupBorder", 1, "dmTonerSave", 1), "dmNupCount", Counts},
-    {"N-up, columns first", A4("dmNupOn", 1, "dmNupVertical", 1), "dmNupCount", Counts},
-    {"N-up, from the right", A4("dmNupOn", 1, "dmNupDescending", 1), "dmNupCount", Counts},
-    {"N-up, columns first, from the right", A4("dmNupOn", 1, "dmNupVertical", 1, "dmNupDescending", 1), "dmNupCount", Counts},
-    {"Short edge binding", A4("dmNupOn", 1, "dmDuplexOn", 1, "dmDuplexBinding", 3), "dmNupCount", Counts},
-    {"Long edge binding", A4("dmNupOn", 1, "dmDuplexOn", 1, "dmDuplexBinding", 1), "dmNupCount", Counts},
-    {"Booklet, left and right", A4("dmNupOn", 1, "dmNupCount", 2, "dmDuplexOn", 1, "dmBookletPaper", 9), "dmBookletRight", {0, 1}},
-    {"Booklet on other paper", A4("dmNupOn", 1, "dmNupCount", 2, "dmDuplexOn", 1), "dmBookletPaper", {1, 5, 11}},
-    {"Scaling", A4("dmFitToPaper", 1), "dmZoom", {20, 50, 90, 100, 110, 200, 400}},
-    {"Scaling with a watermark", Marked("dmFitToPaper", 1), "dmZoom", {20, 50, 90, 100, 110, 200, 400}},
-    {"Fit to paper", A4("dmFitToPaper", 2), "dmOutputPaper", {1, 5, 9, 11, 20, 216}},
+    {"N-up", A4("dmNupOn=1"), "dmNupCount", Counts},
+    {"N-up, with borders, Toner Save", A4("dmNupOn=1 dmNupBorder=1 dmTonerSave=1"), "dmNupCount", Counts},
+    {"N-up, columns first", A4("dmNupOn=1 dmNupVertical=1"), "dmNupCount", Counts},
+    {"N-up, from the right", A4("dmNupOn=1 dmNupDescending=1"), "dmNupCount", Counts},
+    {"N-up, columns first, from the right", A4("dmNupOn=1 dmNupVertical=1 dmNupDescending=1"), "dmNupCount", Counts},
+    {"Short edge binding", A4("dmNupOn=1 dmDuplexOn=1 dmDuplexBinding=3"), "dmNupCount", Counts},
+    {"Long edge binding", A4("dmNupOn=1 dmDuplexOn=1 dmDuplexBinding=1"), "dmNupCount", Counts},
+    {"Booklet, left and right", A4("dmNupOn=1 dmNupCount=2 dmDuplexOn=1 dmBookletPaper=9"), "dmBookletRight", {0, 1}},
+    {"Booklet on other paper", A4("dmNupOn=1 dmNupCount=2 dmDuplexOn=1"), "dmBookletPaper", {1, 5, 11}},
+    {"Scaling", A4("dmFitToPaper=1"), "dmZoom", {20, 50, 90, 100, 110, 200, 400}},
+    {"Scaling with a watermark", Marked("dmFitToPaper=1"), "dmZoom", {20, 50, 90, 100, 110, 200, 400}},
+    {"Fit to paper", A4("dmFitToPaper=2"), "dmOutputPaper", {1, 5, 9, 11, 20, 216}},
     {"Paper", A4(), "dmPaperSize", {1, 5, 9, 11, 20, 27, 216}},
-    {"Watermark on N-up", Marked("dmNupOn", 1), "dmNupCount", Counts},
-    {"Diagonal watermark on N-up", Marked("dmNupOn", 1, "wmAngleMode", 2), "dmNupCount", Counts},
-    {"Small watermark on N-up", Marked("dmNupOn", 1, "wmSize", 12), "dmNupCount", Counts},
-    {"Watermark on the first page", Marked("dmNupOn", 1, "wmFirstPageOnly", 1), "dmNupCount", Counts},
-    {"Watermark on a booklet", Marked("dmNupOn", 1, "dmNupCount", 2, "dmDuplexOn", 1, "dmBookletPaper", 9, "wmAngleMode", 2), "dmBookletRight", {0, 1}},
+    {"Watermark on N-up", Marked("dmNupOn=1"), "dmNupCount", Counts},
+    {"Diagonal watermark on N-up", Marked("dmNupOn=1 wmAngleMode=2"), "dmNupCount", Counts},
+    {"Small watermark on N-up", Marked("dmNupOn=1 wmSize=12"), "dmNupCount", Counts},
+    {"Watermark on the first page", Marked("dmNupOn=1 wmFirstPageOnly=1"), "dmNupCount", Counts},
+    {"Watermark on a booklet", Marked("dmNupOn=1 dmNupCount=2 dmDuplexOn=1 dmBookletPaper=9 wmAngleMode=2"), "dmBookletRight", {0, 1}},
     {"Size of the watermark", Marked(), "wmSize", {8, 10, 12, 24, 48, 72, 120, 200}},
     {"Shading", Marked(), "wmShading", {5, 20, 50, 100}},
     {"Angle", Marked(), "wmAngle", {-180, -120, -90, -45, 0, 45, 90, 135}},
     {"Position across", Marked(), "wmPositionX", {-100, -50, 0, 50, 100}},
     {"Position down", Marked(), "wmPositionY", {-100, -50, 0, 50, 100}},
-    {"Long watermark, by its angle", Marked("dmCopies", -1, "wmSize", 48), "wmAngle", {-90, -45, 0, 45, 90}},
+    {"Long watermark, by its angle", Marked("dmCopies=-1 wmSize=48"), "wmAngle", {-90, -45, 0, 45, 90}},
 };
 // clang-format on
 
 DriverDevMode RecordOf(const GalleryRow& row, int value, int orientation)
 {
     DriverDevMode record = row.record;
-    SetAll(record, row.varied, value, "dmOrientation", orientation);
+    testing_support::SetField(record, row.varied, value);
+    testing_support::SetField(record, "dmOrientation", orientation);
     if (record.dmCopies < 0) SetText(record, u"STRICTLY CONFIDENTIAL, NOT TO BE COPIED");
     return record;
 }
@@ -83,13 +85,13 @@ QImage Paint(const DriverDevMode& record, Fonts fonts)
 std::vector<Reference> References()
 {
     return {
-        {"plain",               A4()    },
-        {                          "sixteen-marked", Marked("wmAngleMode",        2, "dmNupOn", 1, "dmNupCount", 16)},
-        {                 "booklet-right",         A4("dmBookletPaper",              9, "dmDuplexOn", 1, "dmBookletRight", 1, "dmOrientation", 2)},
-        {                                       "six-bound",A4("dmNupOn",1, "dmNupCount", 6, "dmNupBorder", 1, "dmDuplexOn", 1, "dmDuplexBinding", 1)},
-        { "fitted-toner",     A4("dmFitToPaper",            2, "dmOutputPaper", 11, "dmTonerSave", 1)},
-        {                      "scaled-marked",                     Marked("wmAngleMode",                   2, "dmFitToPaper", 1, "dmZoom", 150)},
-        {"marked-with-line",         Marked("wmSize",                8)},
+        {"plain",            A4()                                                                     },
+        {"sixteen-marked",   Marked("wmAngleMode=2 dmNupOn=1 dmNupCount=16")                          },
+        {"booklet-right",    A4("dmBookletPaper=9 dmDuplexOn=1 dmBookletRight=1 dmOrientation=2")     },
+        {"six-bound",        A4("dmNupOn=1 dmNupCount=6 dmNupBorder=1 dmDuplexOn=1 dmDuplexBinding=1")},
+        {"fitted-toner",     A4("dmFitToPaper=2 dmOutputPaper=11 dmTonerSave=1")                      },
+        {"scaled-marked",    Marked("wmAngleMode=2 dmFitToPaper=1 dmZoom=150")                        },
+        {"marked-with-line", Marked("wmSize=8")                                                       },
     };
 }
 
