@@ -196,14 +196,7 @@ TEST_F(CustomPaperDialog, PutsHostileSizesRight)
     EXPECT_EQ(Stored()[0].cpUnit, 0);
 }
 
-TEST_F(CustomPaperDialog, AnswersWithHelp)
-{
-    Open(Three);
-    Dialog().Click(IDC_HELP).HelpOn(IDC_CP_NEW).HelpOn(IDC_CP_HEIGHT_LABEL);
-    EXPECT_EQ(Dialog().HelpContexts(), (std::vector<DWORD>{1202, 1221, 1222}));
-}
-
-TEST_F(CustomPaperDialog, AnswersCommandsAndNotices)
+TEST_F(CustomPaperDialog, AnswersCommandsNoticesAndQuestions)
 {
     Open(Three);
     EXPECT_EQ(Dialog().Notice(IDC_CP_WIDTH_MM, EN_SETFOCUS), TRUE);
@@ -214,6 +207,8 @@ TEST_F(CustomPaperDialog, AnswersCommandsAndNotices)
     other.uNewState = LVIS_SELECTED;
     EXPECT_EQ(Dialog().Send(WM_NOTIFY, IDC_CP_LIST, reinterpret_cast<LPARAM>(&other)), FALSE);
     EXPECT_EQ(Editor(), "Card: 100 150");
+    Dialog().Click(IDC_HELP).HelpOn(IDC_CP_NEW).HelpOn(IDC_CP_HEIGHT_LABEL);
+    EXPECT_EQ(Dialog().HelpContexts(), (std::vector<DWORD>{1202, 1221, 1222}));
 }
 
 // Each size is a row of the list view and an entry of the working list, or neither.

@@ -112,7 +112,6 @@ TEST_F(CustomPaperStore, WithoutMemoryTheRowsEndEarly)
         EmptyRows();
         FailNew(allocation);
         EXPECT_EQ(HighWord(LoadCustomPaperRows()), loaded);
-        FailNew(0);
         EXPECT_EQ(Rows(), rows) << allocation;
         EmptyRows();
         FailNew(allocation);

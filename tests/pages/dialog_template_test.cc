@@ -28,24 +28,17 @@ bool IsButton(const ControlTemplate& control, DWORD type)
 {
     return IsA(control, u"Button") && (control.style & BS_TYPEMASK) == type;
 }
-bool IsStatic(const ControlTemplate& control, DWORD type)
-{
-    return IsA(control, u"Static") && (control.style & SS_TYPEMASK) == type;
-}
-bool IsRadio(const ControlTemplate& control) { return IsButton(control, BS_AUTORADIOBUTTON); }
 // What other controls may lie on.
 bool IsContainer(const ControlTemplate& control)
 {
-    return IsButton(control, BS_GROUPBOX) || IsStatic(control, SS_WHITEFRAME);
-}
-bool IsDropDown(const ControlTemplate& control)
-{
-    return IsA(control, u"ComboBox") && (control.style & CBS_DROPDOWNLIST) == CBS_DROPDOWNLIST;
+    return IsButton(control, BS_GROUPBOX) ||
+           (IsA(control, u"Static") && (control.style & SS_TYPEMASK) == SS_WHITEFRAME);
 }
 RECT Seen(const ControlTemplate& control)
 {
     RECT box = control.rect;
-    if (IsDropDown(control)) box.bottom = box.top + ClosedListHeight;
+    if (IsA(control, u"ComboBox") && (control.style & CBS_DROPDOWNLIST) == CBS_DROPDOWNLIST)
+        box.bottom = box.top + ClosedListHeight;
     return box;
 }
 
@@ -72,39 +65,28 @@ std::string NameOf(const ControlTemplate& control)
     return std::to_string(control.id) + " \"" + platform::ToUtf8(control.text) + '"';
 }
 
-struct Dialog {
-    int number;
-    DialogTemplate layout;
-};
-
 // Every dialog that the module has, by its number.
-std::vector<Dialog> Dialogs()
+std::map<int, DialogTemplate> Dialogs()
 {
     const testing_support::TestMachine machine;
-    std::vector<Dialog> dialogs;
+    std::map<int, DialogTemplate> dialogs;
     for (int number = 1; number < 5000; ++number) {
         const auto bytes = platform::modules::Resource(machine.Module(), platform::modules::DialogResource, number);
         if (bytes.empty()) continue;
         std::string why;
-        auto layout = platform::user::ParseDialogTemplate(bytes, &why);
+        const auto layout = platform::user::ParseDialogTemplate(bytes, &why);
         EXPECT_TRUE(layout) << number << ": " << why;
-        if (layout) dialogs.push_back({number, *layout});
+        if (layout) dialogs[number] = *layout;
     }
     return dialogs;
 }
 
-TEST(DialogTemplates, KeepTheirControlsInside)
-{
-    for (const auto& [number, layout] : Dialogs())
-        for (const ControlTemplate& control : layout.controls)
-            EXPECT_TRUE(Contains({0, 0, layout.width, layout.height}, Seen(control)))
-                << number << ": " << NameOf(control);
-}
-
-TEST(DialogTemplates, LetNothingLieOnSomethingElse)
+TEST(DialogTemplates, KeepTheirControlsInsideAndNothingOnSomethingElse)
 {
     for (const auto& [number, layout] : Dialogs()) {
         for (std::size_t i = 0; i < layout.controls.size(); ++i) {
+            EXPECT_TRUE(Contains({0, 0, layout.width, layout.height}, Seen(layout.controls[i])))
+                << number << ": " << NameOf(layout.controls[i]);
             for (std::size_t k = i + 1; k < layout.controls.size(); ++k) {
                 const ControlTemplate &a = layout.controls[i], &b = layout.controls[k];
                 // Two sets of fields may take turns at one place.
@@ -125,7 +107,7 @@ TEST(DialogTemplates, GiveTextsRoom)
             if (control.text.empty() || IsA(control, u"ComboBox")) continue;
             const int characters = LongestLine(control.text) - std::ranges::count(control.text, u'&');
             int room = control.rect.right - control.rect.left;
-            if (IsRadio(control) || IsButton(control, BS_AUTOCHECKBOX)) room -= CheckMarkWidth;
+            if (IsButton(control, BS_AUTORADIOBUTTON) || IsButton(control, BS_AUTOCHECKBOX)) room -= CheckMarkWidth;
             if (IsButton(control, BS_PUSHBUTTON) || IsButton(control, BS_GROUPBOX)) room -= 2 * ButtonMargin;
             EXPECT_LE(characters * PixelsPerCharacter * 6 / 5, room) << number << ": " << NameOf(control);
         }
@@ -134,18 +116,17 @@ TEST(DialogTemplates, GiveTextsRoom)
 
 TEST(DialogTemplates, PutTheLeftPanelAtTheSamePlaceOnEveryPage)
 {
-    using Panel = std::vector<int>;
-    const std::map<int, Panel> pages = {
+    const std::map<int, std::vector<int>> pages = {
         {IDD_SETUP,          {IDC_SETUP_FRAME, IDC_SETUP_PREVIEW, IDC_SETUP_PAGE_LAYOUT, IDC_SETUP_PRINTER_FIGURE}        },
         {IDD_PAPER,          {IDC_PAPER_FRAME, IDC_PAPER_PREVIEW, IDC_PAPER_PAGE_LAYOUT, IDC_PAPER_PRINTER_FIGURE}        },
         {IDD_QUALITY,        {IDC_QUALITY_FRAME, IDC_QUALITY_PREVIEW, IDC_QUALITY_PAGE_LAYOUT, IDC_QUALITY_PRINTER_FIGURE}},
         {IDD_DEVICE_OPTIONS, {IDC_DEVICE_FRAME, IDC_DEVICE_PREVIEW, IDC_DEVICE_PAGE_LAYOUT, IDC_DEVICE_PRINTER_FIGURE}    },
     };
     std::set<std::string> panels;
-    for (const auto& [number, layout] : Dialogs()) {
-        if (!pages.contains(number)) continue;
+    std::map<int, DialogTemplate> dialogs = Dialogs();
+    for (auto [number, numbers] : pages) {
+        const DialogTemplate& layout = dialogs[number];
         std::string places = std::to_string(layout.width) + " x " + std::to_string(layout.height);
-        Panel numbers = pages.at(number);
         numbers.insert(numbers.end(), {IDC_EASY_SET, IDC_DEFAULT});
         for (const int control : numbers) {
             const auto found = std::ranges::find(layout.controls, control, &ControlTemplate::id);

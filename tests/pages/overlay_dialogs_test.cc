@@ -210,15 +210,6 @@ TEST(OverlayDialogs, RefusePathsThatARowHasNoRoomFor)
     }
 }
 
-TEST(OverlayDialogs, StoreNothingWithoutThePrinter)
-{
-    ListDialog dialog(ThreeForms, 1);
-    dialog.Click(IDC_OVL_DELETE);
-    dialog.Machine().Fail("OpenPrinterW");
-    dialog.Click(IDOK);
-    EXPECT_EQ(dialog.StoredNames(), (Names{u"Letterhead", u"Invoice", u"Draft"}));
-}
-
 // A list box without room shows fewer rows, and OK stores what it shows.
 TEST(OverlayDialogs, ShowWhatTheListBoxHasRoomFor)
 {

@@ -15,124 +15,104 @@ namespace {
 
 constexpr int Side = 96;  // pixels of the picture
 constexpr int Gap = 5;    // between the target's edge and the picture
+constexpr int Whole = 2 * Side + 2 * Gap;
 constexpr COLORREF Key = RGB(255, 0, 255);
 
 // What was there before: no two neighbours alike.
 constexpr COLORREF Before(int x, int y) { return RGB(x * 2, y * 2, (x + y) % 200); }
 
-class Colored : public testing_support::ScriptedDesktop {
-  public:
-    explicit Colored(COLORREF face) : ScriptedDesktop([](HWND) {}), face_(face) {}
+struct Colored : testing_support::ScriptedDesktop {
+    explicit Colored(COLORREF color) : ScriptedDesktop([](HWND) {}), face(color) {}
     std::optional<DWORD> SystemColor(int index) override
     {
-        return index == COLOR_BTNFACE ? std::optional<DWORD>(face_) : std::nullopt;
+        return index == COLOR_BTNFACE ? std::optional<DWORD>(face) : std::nullopt;
     }
-
-  private:
-    COLORREF face_;
+    COLORREF face;
 };
 
-class TransparentBitmap : public testing::Test {
-  protected:
-    static constexpr int Width = 2 * Side + 2 * Gap, Height = 2 * Side + 2 * Gap;
+struct Canvas {
+    explicit Canvas(HBITMAP made) : bitmap(made), before(SelectObject(context, made)) {}
+    ~Canvas()
+    {
+        SelectObject(context, before);
+        DeleteDC(context);
+        DeleteObject(bitmap);
+    }
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
 
-    TransparentBitmap()
-    {
-        std::vector<std::uint32_t> pixels;
-        for (int y = 0; y < Height; ++y)
-            for (int x = 0; x < Width; ++x) {
-                const COLORREF color = Before(x, y);
-                pixels.push_back((color & 0xFF) << 16 | (color & 0xFF00) | color >> 16);
-            }
-        bitmap = CreateBitmap(Width, Height, 1, 32, pixels.data());
-        target = CreateCompatibleDC(nullptr);
-        targetBefore = SelectObject(target, bitmap);
-        picture = LoadBitmapW(ResourceHandle, ResourceName(IDB_ABOUT));
-        original = CreateCompatibleDC(nullptr);
-        originalBefore = SelectObject(original, picture);
-        contexts = platform::gdi::ContextCount();
-        objects = platform::gdi::ObjectCount();
-    }
-    ~TransparentBitmap() override
-    {
-        EXPECT_EQ(platform::gdi::ContextCount(), contexts);
-        EXPECT_EQ(platform::gdi::ObjectCount(), objects);
-        SelectObject(target, targetBefore);
-        SelectObject(original, originalBefore);
-        for (HDC context : {target, original}) DeleteDC(context);
-        for (HBITMAP used : {bitmap, picture}) DeleteObject(used);
-    }
-    // Compares every pixel of the picture and of the gap around it; times: how often each pixel of the picture repeats.
-    void ExpectPicture(int times, const std::function<COLORREF(int x, int y)>& background)
-    {
-        const int end = times * Side + 2 * Gap;
-        int wrong = 0, shining = 0;
-        for (int y = 0; y < end; ++y) {
-            for (int x = 0; x < end; ++x) {
-                const int px = (x - Gap) / times, py = (y - Gap) / times;
-                const bool inside = x >= Gap && y >= Gap && px < Side && py < Side;
-                const COLORREF own = inside ? GetPixel(original, px, py) : CLR_INVALID;
-                shining += own == Key;
-                const COLORREF wanted = !inside ? Before(x, y) : own == Key ? background(x, y) : own;
-                wrong += GetPixel(target, x, y) != wanted;
-            }
-        }
-        EXPECT_EQ(wrong, 0);
-        EXPECT_GT(shining, 1000);
-    }
-
-    testing_support::TestMachine machine;
-    HBITMAP bitmap, picture;
-    HDC target, original;
-    HGDIOBJ targetBefore, originalBefore;
-    std::size_t contexts, objects;
+    HDC context = CreateCompatibleDC(nullptr);
+    HBITMAP bitmap;
+    HGDIOBJ before;
 };
 
-constexpr RECT Place(int times) { return {Gap, Gap, Gap + times * Side, Gap + times * Side}; }
-
-TEST_F(TransparentBitmap, LetsTheColorOfDialogsShineAtAnySize)
+HBITMAP ManyColors()
 {
-    for (const auto& [face, times] : {
-             std::pair{RGB(240, 240, 240), 1},
-             {RGB(0,   0,   0),   1},
-             {RGB(255, 255, 255), 1},
-             {Key,     1  },
-             {RGB(30,    30,      46),     2},
+    std::vector<std::uint32_t> pixels;
+    for (int k = 0; k < Whole * Whole; ++k) {
+        const COLORREF color = Before(k % Whole, k / Whole);
+        pixels.push_back((color & 0xFF) << 16 | (color & 0xFF00) | color >> 16);
+    }
+    return CreateBitmap(Whole, Whole, 1, 32, pixels.data());
+}
+
+// Draws so large that each pixel repeats so many times, and finds nothing left behind.
+void Draw(const Canvas& target, int bitmap, int times, COLORREF background)
+{
+    const std::size_t contexts = platform::gdi::ContextCount(), objects = platform::gdi::ObjectCount();
+    DrawTransparentBitmap(bitmap, {Gap, Gap, Gap + times * Side, Gap + times * Side}, target.context, background);
+    EXPECT_EQ(platform::gdi::ContextCount(), contexts);
+    EXPECT_EQ(platform::gdi::ObjectCount(), objects);
+}
+
+TEST(TransparentBitmap, LetsTheColorOfDialogsOrTheTargetShine)
+{
+    constexpr COLORREF TheTarget = 0x010101;
+    const testing_support::TestMachine machine;
+    for (const auto& [face, times, background] : {
+             std::tuple{RGB(240, 240,   240),      1,          RGB(1,                          2, 3)},
+             {RGB(0,     0,          0),               1,                    RGB(1,                                       2, 3)},
+             {RGB(255,  255,      255),             1,    RGB(1,2, 3)},
+             {Key,   1,  RGB(1,2,3)                                      },
+             {RGB(30,     30,       46),          2,                          RGB(1,                                                       2, 3)},
+             {RGB(30,  30, 46), 1, TheTarget},
     }) {
         platform::CurrentEnvironment().desktop = std::make_shared<Colored>(face);
-        DrawTransparentBitmap(IDB_ABOUT, Place(times), target, RGB(1, 2, 3));
-        ExpectPicture(times, [color = face](int, int) { return color; });
+        const Canvas target(ManyColors()), picture(LoadBitmapW(ResourceHandle, ResourceName(IDB_ABOUT)));
+        Draw(target, IDB_ABOUT, times, background);
+        int wrong = 0, shining = 0;
+        for (int k = 0; k < Whole * Whole; ++k) {
+            const int x = k % Whole, y = k / Whole, px = (x - Gap) / times, py = (y - Gap) / times;
+            const bool inside = x >= Gap && y >= Gap && px < Side && py < Side;
+            const COLORREF own = inside ? GetPixel(picture.context, px, py) : Key;
+            shining += inside && own == Key;
+            const COLORREF behind = inside && background != TheTarget ? face : Before(x, y);
+            wrong += GetPixel(target.context, x, y) != (own == Key ? behind : own);
+        }
+        EXPECT_EQ(wrong, 0) << face;
+        EXPECT_GT(shining, 1000);
     }
 }
 
-TEST_F(TransparentBitmap, LetsTheTargetShineForItsOneColor)
+TEST(TransparentBitmap, LeavesTheAreaEmptyWithoutItsBitmaps)
 {
-    DrawTransparentBitmap(IDB_ABOUT, Place(1), target, 0x010101);
-    ExpectPicture(1, Before);
-}
-
-TEST_F(TransparentBitmap, LeavesTheAreaEmptyWithoutItsBitmaps)
-{
-    const auto expectUntouched = [&](const std::string& fault) {
-        for (int y = 0; y < Height; y += 7)
-            for (int x = 0; x < Width; x += 7) ASSERT_EQ(GetPixel(target, x, y), Before(x, y)) << fault;
-    };
-    DrawTransparentBitmap(4711, Place(1), target, 0);
-    expectUntouched("no such picture");
-    for (const auto& [function, call] : {
-             std::pair<std::string, unsigned>{"LoadBitmapW",        1u},
-             {"LoadBitmapW",        2u},
-             {"CreateBitmap",       1u},
-             {"CreateCompatibleDC", 1u},
-             {"CreateCompatibleDC", 3u},
-             {"SelectObject",       2u},
+    const testing_support::TestMachine machine;
+    for (const auto& [bitmap, function, call] : {
+             std::tuple{4711,      "",                   1u},
+             {IDB_ABOUT, "LoadBitmapW",        1u},
+             {IDB_ABOUT, "LoadBitmapW",        2u},
+             {IDB_ABOUT, "CreateBitmap",       1u},
+             {IDB_ABOUT, "CreateCompatibleDC", 1u},
+             {IDB_ABOUT, "CreateCompatibleDC", 3u},
+             {IDB_ABOUT, "SelectObject",       2u},
     }) {
+        const Canvas target(ManyColors());
+        machine.Fail(function, call);
+        Draw(target, bitmap, 1, 0);
         platform::CurrentEnvironment().faults.Clear();
-        machine.Fail(function.c_str(), call);
-        DrawTransparentBitmap(IDB_ABOUT, Place(1), target, 0);
-        expectUntouched(function + std::to_string(call));
+        for (int k = 0; k < Whole * Whole; k += 7)
+            ASSERT_EQ(GetPixel(target.context, k % Whole, k / Whole), Before(k % Whole, k / Whole)) << function << call;
     }
-    platform::CurrentEnvironment().faults.Clear();
 }
 
 }  // namespace

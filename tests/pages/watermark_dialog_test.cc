@@ -18,9 +18,6 @@ const std::vector<StoredWatermark> Alpha = {
 
 TEST(WatermarkDialog, OpensOnTheJobsWatermark)
 {
-    WatermarkSheet none(Abc());
-    EXPECT_EQ(none.List(), "[<NONE>] A B C");
-    EXPECT_EQ(none.Usable(), "N");
     WatermarkSheet sheet(Abc(), 2);
     EXPECT_EQ(sheet.List(), "<NONE> A [B] C");
     EXPECT_EQ(sheet.Usable(), "NDE");
@@ -37,50 +34,42 @@ TEST(WatermarkDialog, ShowsWhatIsStoredAndStoresItAsItWas)
     WatermarkSheet sheet({stored}, 1);
     EXPECT_EQ(sheet.Field(IDC_WM_TEXT), "Alpha");
     EXPECT_EQ(sheet.Fields(), "35 40 -37 100 -120 Courier New BIU");
-    sheet.Choose(IDC_WM_LIST, 0).Choose(IDC_WM_LIST, 1).Click(IDOK);
+    sheet.Choose(IDC_WM_LIST, 0);
+    EXPECT_EQ(sheet.List() + sheet.Usable(), "[<NONE>] AN");
+    sheet.Choose(IDC_WM_LIST, 1).Click(IDOK);
     EXPECT_EQ(sheet.Attributes(), platform::ToUtf8(stored.attributes) + "/");
     EXPECT_EQ(sheet.Names() + sheet.Texts(), "1/A/1/Alpha/");
 }
 
-// What is typed, what the record has while it is typed, and what the field shows then and once it is left.
+// What is typed, and what the field shows once it is left, which the row has all the time.
 TEST(WatermarkDialog, NumbersAreLimitedAtOnceAndPutRightWhenLeft)
 {
     struct Row {
         int control;
         SHORT WatermarkRecord::*field;
-        const char16_t* typed;
-        SHORT value;
-        const char *typing, *left;
+        std::vector<std::pair<const char16_t*, std::string>> texts;
     };
-    constexpr auto Size = &WatermarkRecord::wmSize, Shading = &WatermarkRecord::wmShading;
-    constexpr auto Angle = &WatermarkRecord::wmAngle;
-    constexpr auto Y = &WatermarkRecord::wmPositionY, X = &WatermarkRecord::wmPositionX;
-    for (const Row& row : {
-             Row{IDC_WM_SIZE,       Size,    u"201",    200,  "201",  "200" },
-             {IDC_WM_SIZE,       Size,    u"7",      8,    "7",    "8"   },
-             {IDC_WM_SIZE,       Size,    u"",       8,    "",     "8"   },
-             {IDC_WM_SIZE,       Size,    u"08",     8,    "08",   "08"  },
-             {IDC_WM_SIZE,       Size,    u"-1x234", 123,  "123",  "123" },
-             {IDC_WM_SHADING,    Shading, u"4",      5,    "4",    "5"   },
-             {IDC_WM_SHADING,    Shading, u"101",    100,  "101",  "100" },
-             {IDC_WM_ANGLE,      Angle,   u"-181",   -180, "-181", "-180"},
-             {IDC_WM_ANGLE,      Angle,   u"12345",  180,  "1234", "180" },
-             {IDC_WM_ANGLE,      Angle,   u"-",      0,    "-",    "0"   },
-             {IDC_WM_ANGLE,      Angle,   u"007",    7,    "007",  "7"   },
-             {IDC_WM_VERTICAL,   Y,       u"-101",   -100, "-101", "-100"},
-             {IDC_WM_VERTICAL,   Y,       u"101",    100,  "101",  "100" },
-             {IDC_WM_HORIZONTAL, X,       u"-101",   -100, "-101", "-100"},
-             {IDC_WM_HORIZONTAL, X,       u"101",    100,  "101",  "100" },
-    }) {
-        SCOPED_TRACE(std::to_string(row.control) + " " + platform::ToUtf8(row.typed));
-        WatermarkSheet sheet(Alpha, 1);
-        sheet.Type(row.control, row.typed);
-        EXPECT_EQ(WatermarkEdit.*row.field, row.value);
-        EXPECT_EQ(WatermarkRowAt(1)->*row.field, row.value);
-        EXPECT_EQ(sheet.Field(row.control), row.typing);
-        sheet.Focus(IDC_WM_NAME);
-        EXPECT_EQ(sheet.Field(row.control), row.left);
-    }
+    using W = WatermarkRecord;
+    for (const auto& [control, field, texts] : {
+             Row{IDC_WM_SIZE,
+                 &W::wmSize,
+                 {{u"201", "200"}, {u"7", "8"}, {u"", "8"}, {u"08", "08"}, {u"-1x234", "123"}}                         },
+             Row{IDC_WM_SHADING,    &W::wmShading,   {{u"4", "5"}, {u"101", "100"}}                                    },
+             Row{IDC_WM_ANGLE,      &W::wmAngle,     {{u"-181", "-180"}, {u"12345", "180"}, {u"-", "0"}, {u"007", "7"}}},
+             Row{IDC_WM_VERTICAL,   &W::wmPositionY, {{u"-101", "-100"}, {u"101", "100"}}                              },
+             Row{IDC_WM_HORIZONTAL, &W::wmPositionX, {{u"-101", "-100"}, {u"101", "100"}}                              },
+    })
+        for (const auto& [typed, left] : texts) {
+            WatermarkSheet sheet(Alpha, 1);
+            sheet.Type(control, typed);
+            EXPECT_EQ(WatermarkEdit.*field, std::stoi(left)) << control << left;
+            EXPECT_EQ(WatermarkRowAt(1)->*field, WatermarkEdit.*field);
+            sheet.Focus(IDC_WM_NAME);
+            EXPECT_EQ(sheet.Field(control), left);
+        }
+    WatermarkSheet sheet(Alpha, 1);
+    sheet.Type(IDC_WM_SIZE, u"7").Append(IDC_WM_SIZE, u"2").Type(IDC_WM_ANGLE, u"12345");
+    EXPECT_EQ(sheet.Fields(), "20 72 7 8 1234 Arial U") << "as it is typed";
 }
 
 TEST(WatermarkDialog, SignedFieldsPutABadTextBack)
@@ -165,15 +154,6 @@ TEST(WatermarkDialog, TextFaceAndStyleGoIntoTheRow)
     EXPECT_EQ(sheet.Attributes(), "1|20|72|1|7|8|1|3|9|Courier New/1|20|72|0|0|0|0|0|0|Nowhere Sans/");
 }
 
-TEST(WatermarkDialog, TheListBoxFollowsTheTypingAndTheRowTheFocus)
-{
-    WatermarkSheet sheet(Abc(), 2);
-    sheet.Type(IDC_WM_NAME, u"C ");
-    EXPECT_EQ(sheet.List(), "<NONE> A [C ] C | <NONE> A [B] C");
-    sheet.Focus(IDC_WM_TEXT);
-    EXPECT_EQ(sheet.List(), "<NONE> A [C ] C");
-}
-
 TEST(WatermarkDialog, ANameThatCannotBeIsLeftWithASoundAndRefusedAtOkAndNew)
 {
     struct Row {
@@ -238,8 +218,10 @@ TEST(WatermarkDialog, ANameBehindAnotherTextIsTakenAllTheSame)
     // Of two rows that show a name the one that only shows it goes.
     sheet.Type(IDC_WM_NAME, u"C").Click(IDOK);
     EXPECT_EQ(sheet.List(), "<NONE> [B] C");
+    sheet.Type(IDC_WM_NAME, u"C ");
+    EXPECT_EQ(sheet.List(), "<NONE> [C ] C | <NONE> [B] C") << "the row follows the focus";
     sheet.Click(IDOK);
-    EXPECT_EQ(sheet.Names(), "2/B/C/");
+    EXPECT_EQ(sheet.Names(), "2/C /C/");
 }
 
 TEST(WatermarkDialog, NewRowsCountTheirNames)
@@ -359,15 +341,6 @@ TEST(WatermarkFaults, HalfAListIsNotStored)
     EXPECT_EQ(sheet.Row(IDC_WATERMARK), "A");
 }
 
-TEST(WatermarkFaults, NewEndsWithoutMemory)
-{
-    WatermarkSheet sheet(Abc(), 1);
-    for (std::uint64_t call = 1; call < 100; ++call) sheet.Machine().Fail("GlobalAlloc", call);
-    sheet.Click(IDC_WM_NEW);
-    EXPECT_EQ(sheet.List(), "<NONE> [A] B C");
-    EXPECT_EQ(sheet.Field(IDC_WM_NAME), "A");
-}
-
 TEST(WatermarkFaults, TheListBoxStaysInStep)
 {
     WatermarkSheet sheet(Abc(), 2);
@@ -376,6 +349,10 @@ TEST(WatermarkFaults, TheListBoxStaysInStep)
     sheet.Machine().Fail("LB_INSERTSTRING");
     sheet.Type(IDC_WM_NAME, u"X").Focus(IDC_WM_TEXT);
     EXPECT_EQ(sheet.List(), "<NONE> A [X] C");
+    for (std::uint64_t call = 1; call < 100; ++call) sheet.Machine().Fail("GlobalAlloc", call);
+    sheet.Click(IDC_WM_NEW);
+    EXPECT_EQ(sheet.List(), "<NONE> A [X] C") << "New ends without memory";
+    EXPECT_EQ(sheet.Field(IDC_WM_NAME), "X");
 }
 
 }  // namespace

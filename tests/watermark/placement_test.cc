@@ -81,24 +81,6 @@ TEST_F(Placement, PositionStyleAndAngleAreThoseOfTheRow)
     EXPECT_EQ(placed.font.lfOutPrecision, 7);
 }
 
-TEST_F(Placement, AnyFailingCallLeavesNoPlaceAndNothingBehind)
-{
-    for (const char* function : {"GetDC", "EnumFontsW", "CreateFontIndirectW", "GetTextExtentPointW"}) {
-        platform::CurrentEnvironment().faults.Clear();
-        Machine::Fail(function);
-        EXPECT_FALSE(Place()) << function;
-    }
-}
-
-TEST_F(Placement, FieldsWithoutTerminatorEndWithTheRecord)
-{
-    std::fill(std::begin(watermark.wmText), std::end(watermark.wmText), u'M');
-    SetFields(record, "wmAngle=32767 wmSize=32767 wmPositionX=-32768");
-    EXPECT_TRUE(Place(1200));
-    std::fill(std::begin(watermark.wmFaceName), std::end(watermark.wmFaceName), u'F');
-    EXPECT_FALSE(Place());
-}
-
 TEST(FaceList, TakesTrueTypeFaces)
 {
     const Machine machine;

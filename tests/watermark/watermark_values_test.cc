@@ -258,51 +258,18 @@ TEST_F(StoredWatermarks, TheJobsRowTakesWhatIsStoredNow)
     }
 }
 
-TEST_F(StoredWatermarks, TheJobsRowIsChosenWhereThereIsOne)
+TEST_F(StoredWatermarks, AnEditedRowTakesTheDiagonalOfNow)
 {
-    struct Row {
-        const char* fields;
-        int index;
-    };
-    for (const Row& row : {
-             Row{"dmWatermarkOn=0 wmId=3", 0},
-             {"dmWatermarkOn=1 wmId=3", 3},
-             {"dmWatermarkOn=5 wmId=7", 7},
-             {"dmWatermarkOn=1 wmId=8", 0},
-             {"dmWatermarkOn=1 wmId=0", 0},
-    }) {
-        SetFields(record, row.fields);
-        EXPECT_EQ(Load(), 1);
-        EXPECT_EQ(WatermarkIndex, row.index) << row.fields;
-        EXPECT_EQ(WatermarkCurrent, WatermarkRowAt(row.index));
-        EXPECT_EQ(WatermarkOption.on, row.index ? 1u : 0u);
-        EXPECT_EQ(WatermarkCount, 7);
-    }
-}
-
-TEST_F(StoredWatermarks, TheDiagonalIsThatOfTheChosenPaper)
-{
-    struct Row {
-        SHORT paper, orientation, angle;
-    };
-    for (const Row& row : {
-             Row{1, 1, 53},
-             {1, 2, 37},
-             {9, 1, 55},
-             {9, 2, 35}
-    }) {
-        record.dmPaperSize = row.paper;
-        record.dmOrientation = row.orientation;
-        PaperSizeDots(row.paper);
-        ASSERT_EQ(Load(), 1);
-        EXPECT_EQ(WatermarkRowAt(5)->wmAngle, row.angle) << row.paper;
-        DiagonalAngle = 12;
-        LoadWatermarkEdit();
-        EXPECT_EQ(WatermarkEdit.wmAngle, 12) << "of now, where a row is edited";
-        WatermarkCurrent->wmAngleMode = 3;
-        LoadWatermarkEdit();
-        EXPECT_EQ(WatermarkEdit.wmAngle, row.angle);
-    }
+    record.dmOrientation = 2;
+    SetFields(record, "dmWatermarkOn=1 wmId=5");
+    ASSERT_EQ(Load(), 1);
+    EXPECT_EQ(WatermarkEdit.wmAngle, 37);
+    DiagonalAngle = 12;
+    LoadWatermarkEdit();
+    EXPECT_EQ(WatermarkEdit.wmAngle, 12);
+    WatermarkCurrent->wmAngleMode = 3;
+    LoadWatermarkEdit();
+    EXPECT_EQ(WatermarkEdit.wmAngle, 37);
 }
 
 // A list has a head and <NONE> ahead of its rows.
