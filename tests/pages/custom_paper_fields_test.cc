@@ -79,7 +79,6 @@ struct SpinRow {
 };
 // clang-format off
 const SpinRow Spins[] = {
-    {Mm(770, 1500),      IDC_CP_WIDTH_MM_SPIN,          false, "A: 76 150",    "[76 x 150 mm]"},
     {Mm(760, 1500),      IDC_CP_WIDTH_MM_SPIN,          false, "A: 76 150",    "[76 x 150 mm]"},
     {Mm(2160, 1500),     IDC_CP_WIDTH_MM_SPIN,          true,  "A: 216 150",   "[216 x 150 mm]"},
     {Mm(1000, 1270),     IDC_CP_HEIGHT_MM_SPIN,         false, "A: 100 127",   "[100 x 127 mm]"},

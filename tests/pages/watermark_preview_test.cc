@@ -69,14 +69,6 @@ TEST(WatermarkPreview, FollowsTheFields)
                                Contains(HasSubstr("lfWeight:700")), Contains(HasSubstr("lfFaceName:Arial"))));
 }
 
-TEST(WatermarkPreview, PutsTheMappingBackLast)
-{
-    Lines lines = Preview().Drawn();
-    while (!lines.empty() && !lines.back().starts_with("1171 ReleaseDC")) lines.pop_back();
-    ASSERT_GT(lines.size(), 1u);
-    EXPECT_EQ(lines[lines.size() - 2], "1171 SetMapMode [1]");
-}
-
 TEST(WatermarkPreview, PlacesTheTextAsOnTheJobsPage)
 {
     for (const auto& [attributes, resolution, text] : {

@@ -23,6 +23,7 @@ struct SizeRow {
 const SizeRow SizeRows[] = {
     {0,     0,     {}                                                                    },
     {0,     154,   {}                                                                    },
+    {1,     1,     {"box 0,0,0,1 null ffffff"}                                           },
     {2,     2,     {"box 0,0,1,2 null ffffff"}                                           },
     {107,   154,   {"box 0,1,107,152 null ffffff", "map 2480,-3507 to 52,-74 at 1,2"}    },
     {10000, 10,    {"box 4996,0,5003,10 null ffffff", "map 2480,-3507 to 2,-4 at 4997,1"}},
