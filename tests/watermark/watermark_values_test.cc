@@ -258,11 +258,14 @@ TEST_F(StoredWatermarks, TheJobsRowTakesWhatIsStoredNow)
     }
 }
 
-TEST_F(StoredWatermarks, AnEditedRowTakesTheDiagonalOfNow)
+TEST_F(StoredWatermarks, TheJobsRowIsChosenAndTakesTheDiagonalOfNow)
 {
-    record.dmOrientation = 2;
-    SetFields(record, "dmWatermarkOn=1 wmId=5");
-    ASSERT_EQ(Load(), 1);
+    for (const int id : {8, 5}) {
+        SetFields(record, "dmOrientation=2 dmWatermarkOn=5 wmId=" + std::to_string(id));
+        ASSERT_EQ(Load(), 1);
+        EXPECT_EQ(WatermarkIndex, id == 5 ? 5 : 0) << "there are seven rows";
+        EXPECT_EQ(WatermarkOption.on, id == 5 ? 1u : 0u);
+    }
     EXPECT_EQ(WatermarkEdit.wmAngle, 37);
     DiagonalAngle = 12;
     LoadWatermarkEdit();
