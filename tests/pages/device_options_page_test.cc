@@ -5,6 +5,7 @@
 #include "pages/about_dialog.h"
 #include "resources/control_numbers.h"
 #include "settings/list_rows.h"
+#include "tests/support/records.h"
 #include "tests/support/sheet_driver.h"
 
 namespace {
@@ -15,6 +16,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 using testing_support::ElsewherePage;
+using testing_support::Fields;
 using testing_support::Sheet;
 
 constexpr char WithTray2[] = "- LoadBitmapW [1299]", WithoutTray2[] = "- LoadBitmapW [1298]";
@@ -68,7 +70,7 @@ TEST(DeviceOptionsPage, TakesOverTray2WhenItIsShownAndNotBefore)
     EXPECT_TRUE(sheet.Checked(IDC_TRAY2));
     EXPECT_EQ(Tray2Installed, 128);
     EXPECT_THAT(sheet.Drawn(), Contains(WithTray2));
-    sheet.Page(ElsewherePage).Change([](DriverDevMode& record) { record.dmDeviceFlags = 0x7F; });
+    sheet.Page(ElsewherePage).Change(Fields("dmDeviceFlags=0x7F"));
     sheet.Page(u"Device Options Setting");
     EXPECT_FALSE(sheet.Checked(IDC_TRAY2));
     EXPECT_EQ(Tray2Installed, 0);

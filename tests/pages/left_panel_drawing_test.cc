@@ -9,7 +9,7 @@
 #include "platform/user/window.h"
 #include "preview/printer_figure.h"
 #include "resources/control_numbers.h"
-#include "settings/list_rows.h"
+#include "tests/support/records.h"
 #include "tests/support/sheet_driver.h"
 
 namespace {
@@ -23,6 +23,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
+using testing_support::Fields;
 using testing_support::Sheet;
 
 using Lines = std::vector<std::string>;
@@ -144,18 +145,10 @@ TEST(LeftPanel, DrawsThePrinterFigureOverTheFrame)
     EXPECT_THAT(std::span(drawn).subspan(11), ElementsAreArray(Icon(IDI_RESOLUTION_600)));
 }
 
-TEST(LeftPanel, ShowsTheSecondTrayWhereThereIsOne)
-{
-    QualitySheet sheet;
-    sheet.Change([](DriverDevMode&) { Tray2Installed = 128; }).Click(IDC_QUALITY_PRINTER_FIGURE);
-    EXPECT_THAT(sheet.Drawn(), Contains("- LoadBitmapW [1299]"));
-    sheet.Change([](DriverDevMode&) { Tray2Installed = 0; });
-}
-
 TEST(LeftPanel, DrawsNothingInAModeThatItDoesNotKnow)
 {
     QualitySheet sheet;
-    sheet.Change([](DriverDevMode& record) { record.dmPreviewMode = 7; }).Choose(IDC_RESOLUTION, 2);
+    sheet.Change(Fields("dmPreviewMode=7")).Choose(IDC_RESOLUTION, 2);
     EXPECT_THAT(sheet.Drawn(), ElementsAreArray(Icon(IDI_RESOLUTION_1200)));
 }
 
@@ -193,10 +186,7 @@ TEST(ResolutionIcon, FollowsTheSelection)
         sheet.Choose(IDC_RESOLUTION, row);
         EXPECT_THAT(sheet.Drawn(), Contains("- LoadIconW [" + std::string(icon) + "]")) << row;
     }
-    QualitySheet none([](DriverDevMode& record) {
-        record.dmTonerSave = 1;
-        record.dmPrintQuality = 1200;
-    });
+    QualitySheet none(Fields("dmTonerSave=1 dmPrintQuality=1200"));
     EXPECT_THAT(none.opening, Each(Not(HasSubstr("LoadIconW")))) << "without a selection there is none";
 }
 

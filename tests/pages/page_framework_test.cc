@@ -7,11 +7,13 @@
 #include "platform/seams/environment.h"
 #include "platform/user/window.h"
 #include "resources/control_numbers.h"
+#include "tests/support/records.h"
 #include "tests/support/sheet_driver.h"
 
 namespace {
 
 using testing::ElementsAre;
+using testing_support::Fields;
 using testing_support::Sheet;
 using testing_support::TestMachine;
 
@@ -27,7 +29,7 @@ class FillCombo : public testing::Test {
         });
         return other;
     }
-    Sheet sheet{[](DriverDevMode& record) { record.dmTonerDensity = 5; }};
+    Sheet sheet{Fields("dmTonerDensity=5")};
 };
 
 TEST_F(FillCombo, ReplacesTheRowsAndReadsTheOptionWithoutSelecting)

@@ -78,7 +78,7 @@ TEST(BothPages, AMediaBringsItsPaper)
              MediaCase{3, 216, 2 },
              MediaCase{4, 9,   16}
     }) {
-        PaperSheet sheet([](DriverDevMode& record) { record.dmPaperSize = 258; }, FormAndCard, Germany);
+        PaperSheet sheet(Fields("dmPaperSize=258"), FormAndCard, Germany);
         sheet.Page(u"Setup").Choose(IDC_MEDIA_TYPE, one.media).Page(u"Paper");
         EXPECT_EQ(sheet.Settings().dmPaperSize, one.code) << one.media;
         EXPECT_EQ(sheet.Code(IDC_DOCUMENT_SIZE), one.code) << one.media;
@@ -93,7 +93,7 @@ TEST(BothPages, TheSecondTrayIsOfferedForItsPapersAlone)
              {u"Statement (5.5 x 8.5 inch)", false},
              {u"Form (210.0x297.0 mm)",      false}
     }) {
-        PaperSheet sheet([](DriverDevMode& record) { record.dmDeviceFlags = 128; }, FormAndCard);
+        PaperSheet sheet(Fields("dmDeviceFlags=128"), FormAndCard);
         sheet.Choose(IDC_DOCUMENT_SIZE, paper).Page(u"Setup");
         EXPECT_EQ(sheet.Items(IDC_PAPER_SOURCE).size(), offered ? 4u : 3u);
     }

@@ -87,7 +87,7 @@ TEST(PaperCustom, TheSizeThatWasSelectedBecomesThePaper)
 
 TEST(PaperCustom, ADialogThatCannotBeShownChangesNothing)
 {
-    PaperSheet sheet([](DriverDevMode& record) { record.dmPaperSize = 5; }, FormAndCard);
+    PaperSheet sheet(Fields("dmPaperSize=5"), FormAndCard);
     sheet.Click(IDC_EDIT_CUSTOM).Row(IDC_CP_LIST, 1).Click(IDOK);
     sheet.Choose(IDC_DOCUMENT_SIZE, u"Legal (8.5 x 14 inch)");
     sheet.Machine().Fail("DialogBoxParamW");

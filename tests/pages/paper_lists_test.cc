@@ -81,7 +81,7 @@ TEST(PaperLists, NameEveryPaper)
 
 TEST(PaperLists, TakeAThousandStoredSizes)
 {
-    PaperSheet sheet([](DriverDevMode& record) { record.dmPaperSize = 1256; },
+    PaperSheet sheet(Fields("dmPaperSize=1256"),
                      std::vector<CustomPaperEntry>(1000, Entry(257, u"Form", 0, 2100, 2970)));
     EXPECT_EQ(sheet.ItemData(IDC_DOCUMENT_SIZE).size(), 1016u);
     EXPECT_EQ(sheet.Selection(IDC_DOCUMENT_SIZE), 1015);

@@ -70,17 +70,9 @@ TEST(PaperPage, StoresACustomSizeByCodeAndExtentAndTakesItAnewInFront)
 
 TEST(PaperPage, ShowsARecordOfItsOwnKind)
 {
-    PaperSheet sheet([](DriverDevMode& record) {
-        record.dmOrientation = 2;
-        record.dmImageRotated = 1;
-        record.dmImageShiftOn = 1;
-        record.dmImageShiftX = -50;
-        record.dmImageShiftY = 25;
-        record.dmCopies = 999;
-        record.dmCollateMode = 1;
-        record.dmZoom = 400;
-        record.dmFitToPaper = 1;
-    });
+    PaperSheet sheet(
+        Fields("dmOrientation=2 dmImageRotated=1 dmImageShiftOn=1 dmImageShiftX=-50 dmImageShiftY=25 dmCopies=999 "
+               "dmCollateMode=1 dmZoom=400 dmFitToPaper=1"));
     EXPECT_TRUE(sheet.Checked(IDC_LANDSCAPE));
     EXPECT_FALSE(sheet.Checked(IDC_PORTRAIT));
     EXPECT_TRUE(sheet.Checked(IDC_ROTATED));
@@ -92,15 +84,9 @@ TEST(PaperPage, ShowsARecordOfItsOwnKind)
 // Everything of the page that differs from its default.
 void Busy(DriverDevMode& record)
 {
-    record.dmPaperSize = 258;
-    record.dmCopies = 3;
-    record.dmCollateMode = record.dmProofPrint = 1;
-    record.dmOrientation = 2;
-    record.dmFitToPaper = 2;
-    record.dmOutputPaper = 11;
-    record.dmImageShiftOn = record.dmImageRotated = 1;
-    record.dmImageShiftX = 5;
-    record.dmImageShiftY = -5;
+    SetFields(record,
+              "dmPaperSize=258 dmCopies=3 dmCollateMode=1 dmProofPrint=1 dmOrientation=2 dmFitToPaper=2 "
+              "dmOutputPaper=11 dmImageShiftOn=1 dmImageRotated=1 dmImageShiftX=5 dmImageShiftY=-5");
 }
 
 TEST(PaperPage, DefaultRestoresEverythingInEveryCountryAndForEveryMedia)
@@ -150,13 +136,7 @@ TEST(PaperPage, DefaultRestoresEverythingInEveryCountryAndForEveryMedia)
 
 TEST(PaperPage, DefaultLeavesWhatIsTheSetupPagesAndLeadsToTheCopies)
 {
-    PaperSheet sheet([](DriverDevMode& record) {
-        record.dmDefaultSource = 1;
-        record.dmNupOn = 1;
-        record.dmNupCount = 4;
-        record.dmDuplexOn = record.dmDuplexBinding = 1;
-        record.dmWatermarkOn = 1;
-    });
+    PaperSheet sheet(Fields("dmDefaultSource=1 dmNupOn=1 dmNupCount=4 dmDuplexOn=1 dmDuplexBinding=1 dmWatermarkOn=1"));
     sheet.Click(IDC_DEFAULT);
     const DriverDevMode record = sheet.Settings();
     EXPECT_EQ(record.dmDefaultSource, 1);
@@ -235,7 +215,7 @@ TEST(PaperPage, AnswersMessagesAsADialogDoes)
 
 TEST(PaperPage, APickWithoutASelectionStoresNothing)
 {
-    PaperSheet sheet([](DriverDevMode& record) { record.dmOutputPaper = 11; });
+    PaperSheet sheet(Fields("dmOutputPaper=11"));
     sheet.OnPage([](HWND page) {
         SendDlgItemMessageW(page, IDC_DOCUMENT_SIZE, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
         SendDlgItemMessageW(page, IDC_OUTPUT_SIZE, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
@@ -248,7 +228,7 @@ TEST(PaperPage, APickWithoutASelectionStoresNothing)
 
 TEST(PaperPage, ThePictureModeIsLostWhenThePageComesBack)
 {
-    PaperSheet sheet([](DriverDevMode& record) { record.dmPreviewMode = 1; });
+    PaperSheet sheet(Fields("dmPreviewMode=1"));
     EXPECT_EQ(sheet.Settings().dmPreviewMode, 0) << "coming to the front shows the page layout";
     sheet.Click(IDC_PAPER_PRINTER_FIGURE);
     EXPECT_EQ(sheet.Settings().dmPreviewMode, 1);

@@ -13,17 +13,9 @@ using Step = std::function<void(PaperSheet& sheet)>;
 
 // Choices of the Setup page.
 void Nothing(DriverDevMode&) {}
-void Nup(DriverDevMode& record)
-{
-    record.dmNupOn = 1;
-    record.dmNupCount = 4;
-}
+void Nup(DriverDevMode& record) { SetFields(record, "dmNupOn=1 dmNupCount=4"); }
 void LongEdge(DriverDevMode& record) { record.dmDuplexOn = record.dmDuplexBinding = 1; }
-void ShortEdge(DriverDevMode& record)
-{
-    record.dmDuplexOn = 1;
-    record.dmDuplexBinding = 2;
-}
+void ShortEdge(DriverDevMode& record) { SetFields(record, "dmDuplexOn=1 dmDuplexBinding=2"); }
 void Booklet(DriverDevMode& record)
 {
     record.dmDuplexOn = record.dmDuplexBinding = 1;
@@ -33,21 +25,9 @@ void Booklet(DriverDevMode& record)
 }
 
 // Choices of this page.
-void Scaled(DriverDevMode& record)
-{
-    record.dmFitToPaper = 1;
-    record.dmZoom = 150;
-}
-void Fitted(DriverDevMode& record)
-{
-    record.dmFitToPaper = 2;
-    record.dmOutputPaper = 9;
-}
-void Proof(DriverDevMode& record)
-{
-    record.dmCopies = 3;
-    record.dmCollateMode = record.dmProofPrint = 1;
-}
+void Scaled(DriverDevMode& record) { SetFields(record, "dmFitToPaper=1 dmZoom=150"); }
+void Fitted(DriverDevMode& record) { SetFields(record, "dmFitToPaper=2 dmOutputPaper=9"); }
+void Proof(DriverDevMode& record) { SetFields(record, "dmCopies=3 dmCollateMode=1 dmProofPrint=1"); }
 void ThreeCopies(DriverDevMode& record) { record.dmCopies = 3; }
 void ShiftOn(DriverDevMode& record) { record.dmImageShiftOn = 1; }
 
@@ -123,14 +103,13 @@ TEST(PaperRules, ScalingComesBackAs100AfterPagesHaveSharedSheets)
 {
     PaperSheet sheet(Scaled);
     EXPECT_EQ(sheet.ChangeElsewhere(Nup).Fit(), "-fos 150 | 0 150");
-    EXPECT_EQ(sheet.ChangeElsewhere([](DriverDevMode& record) { record.dmNupOn = 0; }).Fit(), "-FoS 100 | 0 100");
+    EXPECT_EQ(sheet.ChangeElsewhere(Fields("dmNupOn=0")).Fit(), "-FoS 100 | 0 100");
 }
 
 TEST(PaperRules, CopiesCanBeChosenAgainAfterABooklet)
 {
     PaperSheet sheet(Proof);
-    sheet.ChangeElsewhere(Booklet).ChangeElsewhere(
-        [](DriverDevMode& record) { record.dmDuplexOn = record.dmBookletPaper = 0; });
+    sheet.ChangeElsewhere(Booklet).ChangeElsewhere(Fields("dmDuplexOn=0 dmBookletPaper=0"));
     EXPECT_EQ(sheet.Copies(), "N 1 ru p- | 1 0 0");
     sheet.Type(IDC_COPIES, u"2");
     EXPECT_EQ(sheet.Copies(), "N 2 Ru p- | 2 0 0");
@@ -147,10 +126,7 @@ void UncheckThenScale(PaperSheet& sheet) { sheet.Click(IDC_FIT_TO_PAPER).Type(ID
 void UnscaleThenFit(PaperSheet& sheet) { sheet.Type(IDC_SCALING, u"100").Click(IDC_FIT_TO_PAPER); }
 void PickAnotherOutput(PaperSheet& sheet) { sheet.Choose(IDC_OUTPUT_SIZE, 2); }
 // Unchecked with a scaling in the record, as a step of another page may leave it.
-void ScaleElsewhereThenUncheck(PaperSheet& sheet)
-{
-    sheet.Change([](DriverDevMode& record) { record.dmZoom = 80; }).Click(IDC_FIT_TO_PAPER);
-}
+void ScaleElsewhereThenUncheck(PaperSheet& sheet) { sheet.Change(Fields("dmZoom=80")).Click(IDC_FIT_TO_PAPER); }
 
 // Every edge of the states of fit to paper that a user can walk.
 TEST(PaperRules, FitAndScalingExcludeEachOther)
@@ -362,10 +338,7 @@ TEST(PaperRules, CopiesOfARecordAreLimitedAndOneIsUncollated)
 
 TEST(PaperRules, ImageShiftKeepsItsValuesWhileItIsOff)
 {
-    PaperSheet sheet([](DriverDevMode& record) {
-        record.dmImageShiftX = 5;
-        record.dmImageShiftY = -7;
-    });
+    PaperSheet sheet(Fields("dmImageShiftX=5 dmImageShiftY=-7"));
     EXPECT_EQ(sheet.Shift(), "off xy 5 -7 | 0 5 -7");
     sheet.Click(IDC_SHIFT_ON);
     EXPECT_EQ(sheet.Shift(), "on XY 5 -7 | 1 5 -7");
@@ -375,10 +348,7 @@ TEST(PaperRules, ImageShiftKeepsItsValuesWhileItIsOff)
 
 TEST(PaperRules, ImageShiftBeyondTheSheetIsDroppedWhenThePageOpens)
 {
-    PaperSheet sheet([](DriverDevMode& record) {
-        record.dmImageShiftX = 51;
-        record.dmImageShiftY = -26;
-    });
+    PaperSheet sheet(Fields("dmImageShiftX=51 dmImageShiftY=-26"));
     EXPECT_EQ(sheet.Shift(), "off xy 0 0 | 0 0 0");
 }
 
@@ -391,7 +361,7 @@ TEST(PaperRules, ABookletTakesEveryPaperThatIsChosen)
     EXPECT_EQ(sheet.Settings().dmBookletPaper, 258);
     sheet.Click(IDC_DEFAULT);
     EXPECT_EQ(sheet.Settings().dmBookletPaper, 9);
-    sheet.Change([](DriverDevMode& record) { record.dmBookletPaper = 0; }).Choose(IDC_DOCUMENT_SIZE, 0);
+    sheet.Change(Fields("dmBookletPaper=0")).Choose(IDC_DOCUMENT_SIZE, 0);
     EXPECT_EQ(sheet.Settings().dmBookletPaper, 0);
 }
 
@@ -406,12 +376,9 @@ TEST(PaperRules, WithoutPermissionCustomSizesStayLocked)
 
 TEST(PaperRules, TheSecondTrayGivesWayWhenItIsGone)
 {
-    PaperSheet sheet([](DriverDevMode& record) {
-        record.dmDefaultSource = 2;
-        record.dmDeviceFlags = 128;
-    });
+    PaperSheet sheet(Fields("dmDefaultSource=2 dmDeviceFlags=128"));
     EXPECT_FALSE(sheet.Enabled(IDC_EDIT_CUSTOM));
-    sheet.ChangeElsewhere([](DriverDevMode& record) { record.dmDeviceFlags = 0; });
+    sheet.ChangeElsewhere(Fields("dmDeviceFlags=0"));
     EXPECT_TRUE(sheet.Enabled(IDC_EDIT_CUSTOM));
     EXPECT_EQ(sheet.ItemData(IDC_DOCUMENT_SIZE).size(), 16u);
     EXPECT_EQ(sheet.Settings().dmDefaultSource, 2) << "the Setup page decides";

@@ -78,10 +78,7 @@ TEST(SetupOverlay, DefaultChoosesNone)
 {
     OverlaySheet sheet(TwoForms, 1);
     sheet.Click(IDC_OVERLAY_FIRST_PAGE);
-    sheet.Change([](DriverDevMode& record) {
-        record.dmPaperWidthPriv = 2550;
-        record.dmPaperLengthPriv = 3300;
-    });
+    sheet.Change(Fields("dmPaperWidthPriv=2550 dmPaperLengthPriv=3300"));
     EXPECT_EQ(sheet.Pick(IDC_DEFAULT, nullptr),
               "overlay=<NONE> -overlayFirst ooverlayFirst dmOverlayState=0 dmOverlayFile=<NONE> "
               "dmOverlayFirstPage=0 dmOverlayIndex=0 told told");

@@ -11,6 +11,7 @@
 #include "settings/list_rows.h"
 #include "settings/model_tables.h"
 #include "tests/support/custom_papers.h"
+#include "tests/support/records.h"
 #include "tests/support/sheet_driver.h"
 
 namespace testing_support {
