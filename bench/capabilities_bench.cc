@@ -87,7 +87,7 @@ std::vector<CustomPaperEntry> ManySizes()
 
 std::string Keyword(std::size_t row) { return "Size" + std::to_string(row); }
 
-// The description as Adobe's PPD specification 4.3 has it: sizes, bins, media, resolutions, in points.
+// A PPD file of version 4.3: sizes, bins, media, resolutions, in points.
 void WriteDescription(const Answers& answers, LONG papers)
 {
     std::ofstream out(fixture.Description());

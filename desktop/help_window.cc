@@ -31,11 +31,15 @@ HelpWindow::HelpWindow(QWidget* parent) : QDialog(parent), titles_(new QListWidg
 void HelpWindow::ShowTopic(DWORD context)
 {
     const HelpTopic* topic = FindHelpTopic(context);
-    titles_->setCurrentRow(topic ? int(topic - HelpTopics().data()) : 0);
+    titles_->setCurrentRow(topic ? int(topic - HelpTopics().data()) : -1);
+    if (!topic) text_->setMarkdown(tr("There is no help on this one. Choose a topic on the left."));
+    // A list that has the focus chooses a row.
+    QWidget* reader = topic ? static_cast<QWidget*>(titles_) : text_;
+    reader->setFocus();
     show();
     raise();
     activateWindow();
-    titles_->setFocus();
+    reader->setFocus();
 }
 
 void HelpWindow::ShowRow(int row)

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 #include "qt_surface.h"
 
@@ -57,21 +58,30 @@ QPalette LayerPalette()
     return palette;
 }
 
+constexpr int CannotStart = 3;  // exit status: the operation failed
+
 // Qt's remarks about the machine (a plug-in without a feature, a folder that is not set) are no messages of
 // this program.
 void PassMessage(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
-    if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "qd480: %s\n", qPrintable(message));
+    if (type == QtFatalMsg) {
+        // Only the start is fatal to Qt: no way to the display that the environment names.
+        std::fputs("qd480: the display cannot be opened; a sheet without one needs --script\n", stderr);
+        std::_Exit(CannotStart);
+    }
+    if (type == QtCriticalMsg) std::fprintf(stderr, "qd480: %s\n", qPrintable(message));
 }
 
 }  // namespace
 
 bool HasDisplay()
 {
+    // Who names a platform means it; two of them show nothing.
+    if (const char* platform = std::getenv("QT_QPA_PLATFORM"); platform && *platform)
+        return std::string_view(platform) != "offscreen" && std::string_view(platform) != "minimal";
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY"})
         if (const char* value = std::getenv(name); value && *value) return true;
-    const char* platform = std::getenv("QT_QPA_PLATFORM");
-    return platform && *platform;
+    return false;
 }
 
 void WantScreen() { screen_wanted = true; }

@@ -133,6 +133,16 @@ void TopWindow::Sync()
     syncing_ = false;
 }
 
+// Only what no control has taken comes here: F1 on the tabs or on the sheet's own buttons.
+void TopWindow::keyPressEvent(QKeyEvent* event)
+{
+    QPushButton* help = buttons_ ? buttons_->button(QDialogButtonBox::Help) : nullptr;
+    if (event->key() == Qt::Key_F1 && help)
+        help->click();
+    else
+        QDialog::keyPressEvent(event);
+}
+
 void TopWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();

@@ -78,11 +78,12 @@ void Context::AddOptions(CLI::App& command)
 store::SqliteStore& Context::Store()
 {
     if (!store_) {
-        store_ = std::make_shared<store::SqliteStore>(storePath_.empty() ? DefaultStorePath()
-                                                                         : std::filesystem::path(storePath_));
+        store_ = std::make_shared<store::SqliteStore>(StoreFile());
     }
     return *store_;
 }
+
+std::string Context::StoreFile() const { return storePath_.empty() ? DefaultStorePath().string() : storePath_; }
 
 platform::PrinterEntry Context::Printer(const std::string& name)
 {

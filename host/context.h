@@ -33,6 +33,7 @@ class Context {
     // --store and --platform, on the program and on each of its commands, so that they stand anywhere.
     void AddOptions(CLI::App& command);
 
+    std::string StoreFile() const;
     // The printers' store, opened (and made) at the first call.
     store::SqliteStore& Store();
     // A printer of the store; Failure when there is none of that name.

@@ -77,6 +77,11 @@ void RunDocumentEvent(Context& context, const DocumentEventOptions& options)
 {
     Check(options);
     context.PlugIn();
+    NeedOwnFile(
+        {
+            "-o", options.output.value_or("")
+    },
+        {{"the printers' store", context.StoreFile()}});
     const std::u16string name = context.Printer(options.printer).name;
     const PrinterHandle printer(name);
     JobRecord record = RecordOf(context, options, printer, name);

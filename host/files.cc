@@ -95,6 +95,22 @@ mode_t ModeOfNewFiles()
 
 }  // namespace
 
+void NeedOwnFile(const NamedFile& written, std::initializer_list<NamedFile> others)
+{
+    namespace fs = std::filesystem;
+    if (written.path.empty() || written.path == "-") return;
+    std::error_code unknown;
+    for (const NamedFile& other : others) {
+        if (other.path.empty() || other.path == "-") continue;
+        const bool there = fs::exists(written.path, unknown);
+        if (there && !fs::is_regular_file(written.path, unknown)) continue;
+        const bool same =
+            there ? fs::equivalent(written.path, other.path, unknown)
+                  : fs::weakly_canonical(written.path, unknown) == fs::weakly_canonical(other.path, unknown);
+        if (same) throw UsageError(written.path + ": " + written.name + " and " + other.name + " cannot be one file");
+    }
+}
+
 std::string InputName(const std::string& path) { return path == "-" ? "standard input" : path; }
 
 std::vector<std::uint8_t> ReadFile(const std::string& path, std::size_t limit)

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <span>
 #include <string>
 #include <vector>
@@ -17,6 +18,15 @@ std::string InputName(const std::string& path);
 // The whole file, or all of standard input for "-". Failure when it can't be read or is longer than limit.
 std::vector<std::uint8_t> ReadFile(const std::string& path, std::size_t limit = FileLimit);
 std::string ReadTextFile(const std::string& path, std::size_t limit = FileLimit);
+
+// A file of the command line and what names it there.
+struct NamedFile {
+    const char* name;
+    std::string path;
+};
+// UsageError when a file that is written would take away what another one holds. Names that are empty or "-", and
+// pipes and devices, which keep nothing, are no files here.
+void NeedOwnFile(const NamedFile& written, std::initializer_list<NamedFile> others);
 
 // A file that is written whole or not at all: beside its place, and moved there at the end. When it is dropped
 // before that, or a signal ends the program, nothing is left of it. What is no regular file (a pipe, a device)

@@ -83,8 +83,11 @@ int Run(int argc, char** argv)
         program.parse(Words(argc, argv));
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::Success)) {
-            return Complain(host::WrongUsage,
-                            (std::string(error.what()) + "\nqd480 --help tells what there is").c_str());
+            // The parser misses a command before it minds the word that stands in its place.
+            const std::vector<std::string> left = program.remaining(true);
+            const bool unknown = error.get_name() == "RequiredError" && !left.empty() && !left.front().starts_with("-");
+            const std::string what = unknown ? "there is no command \"" + left.front() + "\"" : error.what();
+            return Complain(host::WrongUsage, (what + "\nqd480 --help tells what there is").c_str());
         }
         program.exit(error);
     }
@@ -97,6 +100,7 @@ int main(int argc, char** argv)
 {
     // A reader that has gone makes a write fail, which is told like any other failure.
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);  // so is a file that may not grow
     int status = host::Failed;
     try {
         status = Run(argc, argv);

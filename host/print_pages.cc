@@ -327,7 +327,10 @@ int QpdfPages::Write(int descriptor, const std::function<void(int)>& progress)
         writer.write();
         CheckWhole();
     });
-    return std::fflush(stream.get()) != 0 ? errno : 0;
+    // A write that failed meanwhile leaves nothing to flush.
+    errno = 0;
+    const bool written = std::fflush(stream.get()) == 0 && !std::ferror(stream.get());
+    return written ? 0 : errno ? errno : EIO;
 }
 
 std::string QpdfPages::WriteToMemory()

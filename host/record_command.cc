@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/arguments.h"
 #include "host/commands.h"
 #include "host/context.h"
 #include "host/files.h"
@@ -78,15 +79,16 @@ void AddRecordCommand(CLI::App& program, Context& context)
     const auto add = [&](const char* name, const char* about) { return record->add_subcommand(name, about); };
     const auto addOutput = [&](CLI::App* command) {
         command->add_option("-o,--output", options->output, "Where the record goes; default: standard output")
+            ->check(FileName())
             ->type_name("OUT");
     };
 
     CLI::App* show = add("show", "Print a record as JSON, as far as it reaches");
-    show->add_option("FILE", options->file, "The record")->required()->type_name("");
+    show->add_option("FILE", options->file, "The record")->required()->check(FileName())->type_name("");
     show->callback([options] { Show(*options); });
 
     CLI::App* set = add("set", "Change fields of a record");
-    set->add_option("FILE", options->file, "The record")->required()->type_name("");
+    set->add_option("FILE", options->file, "The record")->required()->check(FileName())->type_name("");
     set->add_option("FIELD=VALUE", options->assignments,
                     "Fields and their values: numbers decimal or behind 0x, texts as they are")
         ->required()
@@ -95,14 +97,17 @@ void AddRecordCommand(CLI::App& program, Context& context)
     set->callback([options] { Set(*options); });
 
     CLI::App* make = add("make", "Make a record from JSON; fields that are absent are 0");
-    make->add_option("FILE", options->file, "The JSON, as record show prints it")->required()->type_name("");
+    make->add_option("FILE", options->file, "The JSON, as record show prints it")
+        ->required()
+        ->check(FileName())
+        ->type_name("");
     addOutput(make);
     make->callback([options] { Make(*options); });
 
     CLI::App* diff =
         add("diff", "Print the fields that differ, each with its two values; status 1 when the records differ");
-    diff->add_option("A", options->file, "The one record")->required()->type_name("");
-    diff->add_option("B", options->other, "The other record")->required()->type_name("");
+    diff->add_option("A", options->file, "The one record")->required()->check(FileName())->type_name("");
+    diff->add_option("B", options->other, "The other record")->required()->check(FileName())->type_name("");
     diff->callback([options, &context] { Diff(*options, context); });
 }
 

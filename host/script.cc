@@ -236,6 +236,7 @@ void Read(Line& line, Part part, Step& step)
         }
         case Part::FileName:
             step.text = platform::ToWide(line.Need("the file").text);
+            if (step.text->empty()) line.Fail("a file is wanted");
             return;
     }
 }

@@ -128,6 +128,16 @@ class DocumentSheet {
 int RunSheetCommand(Context& context, const SheetCommandOptions& options)
 {
     Check(options);
+    NeedOwnFile(
+        {
+            "--trace", options.sheet.trace
+    },
+        {{"--in", options.in}, {"-o", options.out}});
+    NeedOwnFile(
+        {
+            "-o", options.out
+    },
+        {{"--script", options.sheet.script}, {"the printers' store", context.StoreFile()}});
     SheetSession session(context, options.sheet);
     DocumentSheet sheet(context, options);
     const int status = sheet.Run(session);

@@ -71,6 +71,11 @@ void SheetOptions::AddTo(CLI::App& command)
 
 SheetSession::SheetSession(Context& context, const SheetOptions& options) : context_(context), options_(options)
 {
+    NeedOwnFile(
+        {
+            "--trace", options.trace
+    },
+        {{"--script", options.script}, {"the printers' store", context.StoreFile()}});
     if (options.strict && options.script.empty()) throw UsageError("--strict goes with --script FILE");
     if (!options.script.empty()) {
         steps_ = ReadScript(options.script);

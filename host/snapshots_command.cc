@@ -123,6 +123,7 @@ void AddSnapshotsCommand(CLI::App& program, Context& context)
     command->add_option("NAME", options->printer, "The printer")->required()->type_name("");
     command->add_option("-o,--output", options->folder, "Where the pictures go; made when it does not exist")
         ->required()
+        ->check(FileName())
         ->type_name("FOLDER");
     command->add_option("--record", options->record, "Settings over the printer's defaults")
         ->type_name("FILE")

@@ -15,7 +15,9 @@ TEST(Options, ThatAreWrongAreToldWithStatusTwo)
 {
     const std::pair<std::vector<std::string>, const char*> rows[] = {
         {{},                                   "qd480: A subcommand is required"                                       },
-        {{"prnter"},                           "qd480: "                                                               },
+        {{"prnter"},                           "qd480: there is no command \"prnter\""                                 },
+        {{"record", "shw"},                    "qd480: there is no command \"shw\""                                    },
+        {{"record", "show", ""},               "qd480: FILE: a file is wanted"                                         },
         {{"printer", "list", "--colour"},      "qd480: The following argument was not expected: --colour"              },
         {{"printer", "list", "x"},             "qd480: The following argument was not expected: x"                     },
         {{"printer", "show"},                  "qd480: NAME is required"                                               },

@@ -308,6 +308,43 @@ TEST(Print, MayPutTheOutputInTheInputsPlace)
     EXPECT_EQ(Pdf(run.Contents("out.pdf")).Count(), 2u);
 }
 
+TEST(Print, TellsThatTheOutputIsFull)
+{
+    EXPECT_EQ(Program()({"print", Printer, "-o", "/dev/full"}),
+              (Result{3, "", "qd480: cannot write /dev/full: Input/output error\n"}));
+}
+
+TEST(Print, WritesOverNoneOfItsOtherFiles)
+{
+    Program run;
+    run.Put("in.pdf", MakePdf({{}}));
+    PutRecord(run, {"dmCopies=2"});
+    const std::string in = run.Contents("in.pdf"), record = run.Contents("r"), store = "{}/qd480/printers.db";
+    ASSERT_TRUE(std::filesystem::exists(run.Path("qd480/printers.db")));
+    for (const std::vector<std::string>& words : std::vector<std::vector<std::string>>{
+             {"in.pdf",   "--events",   "./in.pdf"},
+             {"in.pdf",          "--trace",               "in.pdf"},
+             {"--record",  "r","--events", "r"},
+             {"--record",      "r",         "-o", "r"},
+             {"--events",          "e",             "--trace", "e"},
+             {"--events",      "out.pdf"      },
+             {"--trace", "out.pdf"},
+             {"--trace",       store                  },
+             {"--events",store },
+             {"-o", store            },
+    }) {
+        std::vector<std::string> all = {"print", Printer};
+        if (std::find(words.begin(), words.end(), "-o") == words.end()) all.insert(all.end(), {"-o", "out.pdf"});
+        all.insert(all.end(), words.begin(), words.end());
+        const Result result = run(all);
+        EXPECT_EQ(result.status, 2) << words.back();
+        EXPECT_THAT(result.err, HasSubstr("cannot be one file"));
+    }
+    EXPECT_EQ(run.Contents("in.pdf"), in);
+    EXPECT_EQ(run.Contents("r"), record);
+    EXPECT_EQ(Print(run, {"--events", "/dev/null", "--trace", "/dev/null"}), Done());
+}
+
 TEST(Print, GoesThroughStandardInputAndOutput)
 {
     Program run;

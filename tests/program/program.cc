@@ -59,9 +59,9 @@ pid_t Program::Start(const std::vector<std::string>& given, const std::string& i
     Put(".in" + name, input);
     const pid_t child = ::fork();
     if (child == 0) {
-        ::unsetenv("DISPLAY");
+        ::setenv("DISPLAY", display.c_str(), 1);
         ::unsetenv("WAYLAND_DISPLAY");
-        ::unsetenv("QT_QPA_PLATFORM");
+        ::setenv("QT_QPA_PLATFORM", qtPlatform.c_str(), 1);
         ::setenv("XDG_DATA_HOME", folder_.c_str(), 1);
         ::setenv("LC_ALL", "C", 1);
         if (::chdir(folder_.c_str()) != 0) ::_exit(126);

@@ -34,6 +34,8 @@ class Program {
     void Put(const std::string& name, const std::string& contents) const;
     std::string Contents(const std::string& name) const;
 
+    std::string display, qtPlatform;  // what DISPLAY and QT_QPA_PLATFORM name
+
   private:
     std::filesystem::path folder_;
 };

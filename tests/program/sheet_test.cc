@@ -167,12 +167,22 @@ TEST(SheetCommand, RefusesWhatDoesNotGoTogether)
 
 TEST(SheetCommand, NeedsAScriptWhereThereIsNoDisplay)
 {
-    // The tests run without a display or may not open windows on it.
-    ::unsetenv("DISPLAY");
-    ::unsetenv("WAYLAND_DISPLAY");
+    struct DisplayRow {
+        const char *display, *platform;
+        int status;
+    };
     Program run;
-    EXPECT_EQ(run({"sheet", Printer}).status, 2);
-    EXPECT_THAT(run({"sheet", Printer}).err, HasSubstr("give --script FILE"));
+    for (const DisplayRow& row : {
+             DisplayRow{"",        "",          2},
+             {"",        "offscreen", 2},
+             {":nosuch", "",          3}
+    }) {
+        run.display = row.display;
+        run.qtPlatform = row.platform;
+        const Result result = run({"sheet", Printer});
+        EXPECT_EQ(result.status, row.status) << row.display << row.platform;
+        EXPECT_THAT(result.err, HasSubstr("--script"));
+    }
     EXPECT_THAT(run({"sheet", Printer, "--strict"}).err, HasSubstr("--strict goes with --script FILE"));
 }
 
