@@ -1,4 +1,4 @@
-// What a program of Qt alone takes to show a tab dialog with as many widgets as the Quality page has: the
+// What a program of Qt alone takes to show a tab dialog with as many widgets as a page of ours has: the
 // measure for the start of the sheet. Shows it, takes its picture, and ends.
 #include <QtWidgets>
 
