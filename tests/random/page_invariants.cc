@@ -198,7 +198,7 @@ const Invariant Pages[] = {
 
 constexpr Exception PagesApart[] = {
     {"N-up list",       [](V v) { return Booklet(v); }, "a booklet shows as 2-up, whatever count the record brought"},
-    {"border",          [](V v) { return !v.Enabled(IDC_BORDER_LINE); }, "scaling takes the border from the record and locks its check, which keeps its mark"},
+    {"border",          [](V v) { return !v.Enabled(IDC_BORDER_LINE) && !Unscaled(v); }, "scaling takes the border from the record and locks its check, which keeps its mark"},
     {"guide paper",     [](V v) { return !v.Enabled(IDC_GUIDE_PAPER); }, "without duplex the locked check stands checked, and duplex later only unlocks it"},
     {"duplex list",     [](V v) { return v.Count(IDC_DUPLEX) == 3 && DuplexPosition(v) > 2; }, "the short list has no row for the booklet that a record brought"},
     {"source list",     [](V v) { return !v.Offers(IDC_PAPER_SOURCE, v.record.dmDefaultSource); }, "a source that dropped out of the list stays in the record; the list shows its first row"},
@@ -221,7 +221,6 @@ constexpr Exception PagesApart[] = {
     {"output paper",    [](V v) { return !v.Offers(IDC_OUTPUT_SIZE, v.record.dmOutputPaper); }, "a record's output paper that the list lacks stays until one is picked"},
     {"shift across",    [](V v) { return v.record.dmImageShiftX == 0 && v.before.dmImageShiftX == 0; }, "a booklet clears the shift on the Setup page; the field says so when it is left"},
     {"shift down",      [](V v) { return v.record.dmImageShiftY == 0 && v.before.dmImageShiftY == 0; }, "as across"},
-    {"proof print locked", [](V v) { return v.record.dmCollateMode != 0; }, "more copies unlock collation at once, but proof print only with the next click or paint"},
     {"resolution",      [](V v) { return ResolutionPosition(v) >= v.Count(IDC_RESOLUTION) && v.Selection(IDC_RESOLUTION) == -1; }, "the short list has no row for the resolution that a record brought"},
     {"graphics mode",   [](V v) { return v.record.dmAllRaster != v.before.dmAllRaster; }, "the modes follow All Raster when the page next comes to the front"},
     {"text mode",       [](V v) { return v.record.dmAllRaster != v.before.dmAllRaster; }, "as the graphics mode"},
