@@ -39,7 +39,6 @@ void HelpWindow::ShowTopic(DWORD context)
     show();
     raise();
     activateWindow();
-    reader->setFocus();
 }
 
 void HelpWindow::ShowRow(int row)

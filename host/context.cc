@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "host/files.h"
 #include "platform/kernel/modules.h"
 #include "platform/kernel/unicode.h"
 #include "platform/seams/environment.h"
@@ -77,13 +78,17 @@ void Context::AddOptions(CLI::App& command)
 
 store::SqliteStore& Context::Store()
 {
-    if (!store_) {
-        store_ = std::make_shared<store::SqliteStore>(StoreFile());
-    }
+    if (!store_) store_ = std::make_shared<store::SqliteStore>(StoreFile());
     return *store_;
 }
 
 std::string Context::StoreFile() const { return storePath_.empty() ? DefaultStorePath().string() : storePath_; }
+
+void Context::KeepStoreFrom(const char* option, const std::string& path) const
+{
+    const NamedFile written{option, path}, store{"the printers' store", StoreFile()};
+    NeedOwnFile(written, {store});
+}
 
 platform::PrinterEntry Context::Printer(const std::string& name)
 {

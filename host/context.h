@@ -33,9 +33,10 @@ class Context {
     // --store and --platform, on the program and on each of its commands, so that they stand anywhere.
     void AddOptions(CLI::App& command);
 
-    std::string StoreFile() const;
     // The printers' store, opened (and made) at the first call.
     store::SqliteStore& Store();
+    // UsageError when a file that an option names, to be written, is the printers' store.
+    void KeepStoreFrom(const char* option, const std::string& path) const;
     // A printer of the store; Failure when there is none of that name.
     platform::PrinterEntry Printer(const std::string& name);
 
@@ -56,6 +57,8 @@ class Context {
 
   private:
     FARPROC EntryAddress(const char* name);
+
+    std::string StoreFile() const;
 
     std::string storePath_;
     PlatformOptions platform_;

@@ -41,11 +41,7 @@ void RunConvert(Context& context, const ConvertOptions& options)
     if (options.in == "-" && options.templateFile == "-") {
         throw UsageError("standard input cannot be both the record and the template");
     }
-    NeedOwnFile(
-        {
-            "-o", options.out.value_or("")
-    },
-        {{"the printers' store", context.StoreFile()}});
+    context.KeepStoreFrom("-o", options.out.value_or(""));
     context.PlugIn();
     const std::u16string name = WideArgument("the printer's name", options.printer);
     RecordBuffer input = RecordBuffer::Load(options.in);

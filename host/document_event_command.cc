@@ -76,12 +76,8 @@ void Check(const DocumentEventOptions& options)
 void RunDocumentEvent(Context& context, const DocumentEventOptions& options)
 {
     Check(options);
+    context.KeepStoreFrom("-o", options.output.value_or(""));
     context.PlugIn();
-    NeedOwnFile(
-        {
-            "-o", options.output.value_or("")
-    },
-        {{"the printers' store", context.StoreFile()}});
     const std::u16string name = context.Printer(options.printer).name;
     const PrinterHandle printer(name);
     JobRecord record = RecordOf(context, options, printer, name);

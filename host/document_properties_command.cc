@@ -29,11 +29,7 @@ void Run(Context& context, const DocumentPropertiesOptions& options)
     if (options.mode & DM_PROMPT) {
         throw UsageError("--mode " + std::to_string(options.mode) + " asks for a window (4); that is qd480 sheet");
     }
-    NeedOwnFile(
-        {
-            "-o", options.output.value_or("")
-    },
-        {{"the printers' store", context.StoreFile()}});
+    context.KeepStoreFrom("-o", options.output.value_or(""));
     std::u16string name = context.Printer(options.name).name;
     RecordBuffer input = RecordBuffer::Load(options.input);
     RecordBuffer output = options.output ? RecordBuffer::Zeroed(OutputRoom) : RecordBuffer();

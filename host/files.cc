@@ -100,10 +100,10 @@ void NeedOwnFile(const NamedFile& written, std::initializer_list<NamedFile> othe
     namespace fs = std::filesystem;
     if (written.path.empty() || written.path == "-") return;
     std::error_code unknown;
+    const bool there = fs::exists(written.path, unknown);
+    if (there && !fs::is_regular_file(written.path, unknown)) return;
     for (const NamedFile& other : others) {
         if (other.path.empty() || other.path == "-") continue;
-        const bool there = fs::exists(written.path, unknown);
-        if (there && !fs::is_regular_file(written.path, unknown)) continue;
         const bool same =
             there ? fs::equivalent(written.path, other.path, unknown)
                   : fs::weakly_canonical(written.path, unknown) == fs::weakly_canonical(other.path, unknown);

@@ -137,12 +137,12 @@ void RunJob(Context& context, const PrintOptions& options, PrintedPages& pages, 
 void RunPrint(Context& context, const PrintOptions& options)
 {
     Check(options);
-    const NamedFile input{"the input", options.input}, record{"--record", options.record}, output{"-o", options.output},
-        events{"--events", options.events}, trace{"--trace", options.trace},
-        store{"the printers' store", context.StoreFile()};
-    NeedOwnFile(output, {record, store});
-    NeedOwnFile(events, {input, record, output, store});
-    NeedOwnFile(trace, {input, record, output, events, store});
+    const NamedFile input{"the input", options.input}, record{"--record", options.record}, output{"-o", options.output};
+    const NamedFile events{"--events", options.events}, trace{"--trace", options.trace};
+    NeedOwnFile(output, {record});
+    NeedOwnFile(events, {input, record, output});
+    NeedOwnFile(trace, {input, record, output, events});
+    for (const NamedFile& written : {output, events, trace}) context.KeepStoreFrom(written.name, written.path);
     context.PlugIn();
     context.Printer(options.printer);
     Progress progress;

@@ -169,7 +169,7 @@ void UseRecord(Context& context, const PrinterOptions& options)
         const Bytes record = options.recordFile ? ReadFile(*options.recordFile) : Bytes{};
         if (!context.Store().SetDefaultRecord(printer, record)) context.Printer(options.name);
     } else {
-        NeedOwnFile({"-o", options.output.value_or("-")}, {{"the printers' store", context.StoreFile()}});
+        context.KeepStoreFrom("-o", options.output.value_or("-"));
         WriteFile(options.output.value_or("-"), context.Store().DefaultRecord(printer));
     }
 }

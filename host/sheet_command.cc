@@ -128,16 +128,10 @@ class DocumentSheet {
 int RunSheetCommand(Context& context, const SheetCommandOptions& options)
 {
     Check(options);
-    NeedOwnFile(
-        {
-            "--trace", options.sheet.trace
-    },
-        {{"--in", options.in}, {"-o", options.out}});
-    NeedOwnFile(
-        {
-            "-o", options.out
-    },
-        {{"--script", options.sheet.script}, {"the printers' store", context.StoreFile()}});
+    const NamedFile in{"--in", options.in}, out{"-o", options.out}, script{"--script", options.sheet.script};
+    NeedOwnFile({"--trace", options.sheet.trace}, {in, out});
+    NeedOwnFile(out, {script});
+    context.KeepStoreFrom("-o", options.out);
     SheetSession session(context, options.sheet);
     DocumentSheet sheet(context, options);
     const int status = sheet.Run(session);

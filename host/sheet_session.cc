@@ -71,11 +71,9 @@ void SheetOptions::AddTo(CLI::App& command)
 
 SheetSession::SheetSession(Context& context, const SheetOptions& options) : context_(context), options_(options)
 {
-    NeedOwnFile(
-        {
-            "--trace", options.trace
-    },
-        {{"--script", options.script}, {"the printers' store", context.StoreFile()}});
+    const NamedFile script{"--script", options.script};
+    NeedOwnFile({"--trace", options.trace}, {script});
+    context.KeepStoreFrom("--trace", options.trace);
     if (options.strict && options.script.empty()) throw UsageError("--strict goes with --script FILE");
     if (!options.script.empty()) {
         steps_ = ReadScript(options.script);
