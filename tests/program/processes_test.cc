@@ -1,12 +1,8 @@
 // Writers, readers, sheets and jobs as processes of their own on one store, killed at any moment.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <csignal>
-#include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <random>
 
@@ -17,12 +13,10 @@ namespace {
 using testing::AnyOf;
 using Random = std::mt19937;
 
-constexpr char First[] = "Ordana Quillet 4820E";
 constexpr int Processes = 5;
 
 struct Work {
-    std::vector<std::string> words;
-    std::string input;
+    std::string line, input;
 };
 
 std::string Hex(Random& random)
@@ -54,36 +48,18 @@ Work Something(int process, Random& random)
     const std::string mine = "Mine" + std::to_string(process);
     switch (random() % 7) {
         case 0:
-            return {
-                {"printer", "data", First, mine, "--hex", Hex(random)},
-                ""
-            };
+            return {"printer data NAME " + mine + " --hex " + Hex(random), ""};
         case 1:
-            return {
-                {"printer", "registry", First, "Shared", "--hex", Hex(random)},
-                ""
-            };
+            return {"printer registry NAME Shared --hex " + Hex(random), ""};
         case 2:
-            return {
-                {"printer", "data", First, "Shared", "--hex", Hex(random)},
-                ""
-            };
+            return {"printer data NAME Shared --hex " + Hex(random), ""};
         case 3:
-            return {
-                {"print", First, "-o", "{}/" + mine + ".pdf", "--pages", "1"},
-                ""
-            };
+            return {"print NAME --pages 1 -o " + mine + ".pdf", ""};
         case 4:
-            return {
-                {"printer", "data", First, "OverlayData", "--hex", Overlays(true)},
-                ""
-            };
+            return {"printer data NAME OverlayData --hex " + Overlays(true), ""};
         default:
-            return {
-                {"sheet", First, "--platform", "country=49", "--platform", "fonts=builtin", "--store-default",
-                 "--script", "-"},
-                Script(process)
-            };
+            return {"sheet NAME --platform country=49 --platform fonts=builtin --store-default --script -",
+                    Script(process)};
     }
 }
 
@@ -120,18 +96,18 @@ TEST(Processes, ThatAreKilledAtRandomLeaveTheStoreWhole)
     const char* more = std::getenv("QD480_KILLING_ROUNDS");
     const int rounds = more ? std::atoi(more) : 12;
     Program run;
-    ASSERT_EQ(run({"printer", "data", First, "MineKept", "--hex", "77777777"}), Done());
-    ASSERT_EQ(run({"printer", "data", First, "OverlayDataSize", "--dword", "1064"}), Done());
-    ASSERT_EQ(run({"printer", "data", First, "OverlayData", "--hex", Overlays(true)}), Done());
-    ASSERT_EQ(run({"sheet", First, "--store-default", "--strict", "--script", "-"}, Script(0)).status, 0);
+    ASSERT_EQ(run("printer data NAME MineKept --hex 77777777"), Done());
+    ASSERT_EQ(run("printer data NAME OverlayDataSize --dword 1064"), Done());
+    ASSERT_EQ(run("printer data NAME OverlayData --hex " + Overlays(true)), Done());
+    ASSERT_EQ(run("sheet NAME --store-default --strict --script -", Script(0)).status, 0);
     Random random(20'480);
     int killed = 0;
     for (int round = 0; round < rounds; ++round) {
         SCOPED_TRACE(round);
         std::vector<pid_t> children;
         for (int i = 0; i < Processes; ++i) {
-            const Work work = Something(i, random);
-            children.push_back(run.Start(work.words, work.input, std::to_string(i)));
+            const auto [line, input] = Something(i, random);
+            children.push_back(run.Start(line, input, std::to_string(i)));
         }
         std::shuffle(children.begin(), children.end(), random);
         for (const pid_t child : children) {
@@ -147,21 +123,17 @@ TEST(Processes, ThatAreKilledAtRandomLeaveTheStoreWhole)
         }
 
         for (const char* what : {"data", "registry"}) {
-            const Result left = run({"printer", what, First});
+            const Result left = run(std::string("printer ") + what + " NAME");
             ASSERT_EQ(left.status, 0) << left.err;
             CheckValues(nlohmann::json::parse(left.out));
         }
-        ASSERT_EQ(run({"printer", "record", First, "-o", "{}/record"}).status, 0);
+        ASSERT_EQ(run("printer record NAME -o record").status, 0);
         EXPECT_THAT(run.Contents("record").size(), AnyOf(0u, 1848u));
     }
     EXPECT_GT(killed, rounds);
-    EXPECT_EQ(nlohmann::json::parse(run({"printer", "data", First, "MineKept"}).out)["MineKept"]["hex"], "77777777");
+    EXPECT_EQ(nlohmann::json::parse(run("printer data NAME MineKept").out)["MineKept"]["hex"], "77777777");
     // All that was left half done is gone, and the store goes on.
-    const Work sheet = {
-        {"sheet", First, "--platform", "country=49", "--script", "-", "--strict"},
-        "ok\n"
-    };
-    EXPECT_EQ(run(sheet.words, sheet.input).status, 0);
+    EXPECT_EQ(run("sheet NAME --platform country=49 --script - --strict", "ok\n").status, 0);
 }
 
 }  // namespace

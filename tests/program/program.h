@@ -3,9 +3,7 @@
 
 #include <sys/types.h>
 
-#include <filesystem>
-#include <string>
-#include <vector>
+#include "tests/store/temporary.h"
 
 struct Result {
     int status;  // the exit status; 1000 and the signal when one ended it
@@ -19,25 +17,22 @@ void PrintTo(const Result& run, std::ostream* stream);
 
 class Program {
   public:
-    Program();
-    ~Program();
-    Program(const Program&) = delete;
-    Program& operator=(const Program&) = delete;
-
-    // Words as a shell would pass them. {} in a word is the folder.
-    Result operator()(const std::vector<std::string>& words, const std::string& input = "") const;
+    // The words of a line as a shell would pass them, a word with blanks in single quotes; NAME is the printer that
+    // every new store has.
+    Result operator()(const std::string& line, const std::string& input = "") const;
     // The same without waiting for it. What it reads and writes is in files that end in name; the caller waits
     // for the process.
-    pid_t Start(const std::vector<std::string>& words, const std::string& input, const std::string& name) const;
+    pid_t Start(const std::string& line, const std::string& input, const std::string& name) const;
 
     std::filesystem::path Path(const std::string& name) const { return folder_ / name; }
-    void Put(const std::string& name, const std::string& contents) const;
-    std::string Contents(const std::string& name) const;
+    void Put(const std::string& name, const std::string& contents) const { ::Put(Path(name), contents); }
+    std::vector<std::string> Names() const { return folder_.Names(); }
+    std::string Contents(const std::string& name) const { return ::Contents(Path(name)); }
 
     std::string display, qtPlatform;  // what DISPLAY and QT_QPA_PLATFORM name
 
   private:
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
 };
 
 // What a run that has done its work looks like.

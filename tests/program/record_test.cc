@@ -1,45 +1,33 @@
 // qd480 record and document-properties
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "tests/program/program.h"
 
+using testing::AllOf;
 using testing::HasSubstr;
 
 namespace {
-
-constexpr char First[] = "Ordana Quillet 4820E";
 
 TEST(RecordCommand, MakesShowsAndChangesRecords)
 {
     Program run;
     run.Put("r.json", R"({"dmSize": 220, "dmZoom": 100, "dmWatermark": {"wmText": "DRAFT"}})");
-    EXPECT_EQ(run({"record", "make", "r.json", "-o", "r"}), Done());
+    EXPECT_EQ(run("record make r.json -o r"), Done());
     EXPECT_EQ(run.Contents("r").size(), 1848u);
-    EXPECT_EQ(run({"record", "set", "r", "dmZoom=150", "dmWatermark.wmText=", "-o", "s"}), Done());
-    EXPECT_EQ(run({"record", "diff", "r", "s"}),
+    EXPECT_EQ(run("record set r dmZoom=150 dmWatermark.wmText= -o s"), Done());
+    EXPECT_EQ(run("record diff r s"),
               (Result{1, "{\"dmZoom\": [100, 150], \"dmWatermark.wmText\": [\"DRAFT\", \"\"]}\n", ""}));
-    EXPECT_EQ(run({"record", "diff", "r", "r"}), Done("{}\n"));
-}
-
-TEST(RecordCommand, ShowsAsFarAsTheRecordReaches)
-{
-    Program run;
-    std::string record(68, '\0');
-    record[0] = 'A', record[2] = 'B', record[65] = 4, record[66] = 40, record[67] = 1;
-    run.Put("r", record);
-    EXPECT_EQ(run({"record", "show", "r"}),
-              Done("{\"dmDeviceName\": \"AB\", \"dmSpecVersion\": 1024, \"dmDriverVersion\": 296}\n"));
-    EXPECT_EQ(run({"record", "show", "-"}, "short"), Done("{}\n"));
+    EXPECT_EQ(run("record diff r r"), Done("{}\n"));
 }
 
 TEST(RecordCommand, GoesThroughStandardInputAndOutput)
 {
     Program run;
+    EXPECT_EQ(run("record show -", "short"), Done("{}\n"));
     const std::string record(80, '\0');
     std::string changed = record;
     changed[74] = '\x12';
-    EXPECT_EQ(run({"record", "set", "-", "dmFields=0x120000"}, record), Done(changed));
+    EXPECT_EQ(run("record set - dmFields=0x120000", record), Done(changed));
 }
 
 TEST(RecordCommand, TellsBytesThatNoFieldShows)
@@ -49,7 +37,7 @@ TEST(RecordCommand, TellsBytesThatNoFieldShows)
     run.Put("a", record);
     record[740] = 1;
     run.Put("b", record);
-    EXPECT_EQ(run({"record", "diff", "a", "b"}),
+    EXPECT_EQ(run("record diff a b"),
               (Result{1, "{}\n", "qd480: the records differ from byte 740 on, where no field shows it\n"}));
 }
 
@@ -58,18 +46,16 @@ TEST(RecordCommand, RefusesWhatDoesNotFit)
     Program run;
     run.Put("r", std::string(1848, '\0'));
     const std::string name(32, 'n');
-    const std::vector<std::pair<std::string, std::string>> rows = {
-        {"dmZom=1",            "qd480: there is no field \"dmZom\" in the record\n"                                },
-        {"dmZoom",             "qd480: \"dmZoom\": FIELD=VALUE is wanted\n"                                        },
-        {"dmZoom=32768",       "qd480: dmZoom=32768: dmZoom takes a number from -32768 to 32767\n"                 },
-        {"dmZoom=1x",          "qd480: dmZoom=1x: dmZoom takes a number from -32768 to 32767\n"                    },
-        {"dmNupOn=-1",         "qd480: dmNupOn=-1: dmNupOn takes a number from 0 to 255\n"                         },
-        {"dmWatermark=1",      "qd480: dmWatermark has fields of its own; name one, as dmWatermark.wmText\n"       },
-        {"dmFormName=" + name, "qd480: dmFormName=" + name + ": dmFormName takes a text of at most 31 characters\n"},
+    const std::pair<std::string, std::string> rows[] = {
+        {"dmZom=1",            "there is no field \"dmZom\" in the record"                                },
+        {"dmZoom",             "\"dmZoom\": FIELD=VALUE is wanted"                                        },
+        {"dmZoom=32768",       "dmZoom=32768: dmZoom takes a number from -32768 to 32767"                 },
+        {"dmNupOn=-1",         "dmNupOn=-1: dmNupOn takes a number from 0 to 255"                         },
+        {"dmWatermark=1",      "dmWatermark has fields of its own; name one, as dmWatermark.wmText"       },
+        {"dmFormName=" + name, "dmFormName=" + name + ": dmFormName takes a text of at most 31 characters"},
     };
-    for (const auto& [assignment, message] : rows) {
-        EXPECT_EQ(run({"record", "set", "r", assignment, "-o", "s"}), (Result{2, "", message}));
-    }
+    for (const auto& [assignment, message] : rows)
+        EXPECT_EQ(run("record set r -o s " + assignment), (Result{2, "", "qd480: " + message + "\n"}));
     EXPECT_FALSE(std::filesystem::exists(run.Path("s")));
 }
 
@@ -80,49 +66,51 @@ TEST(RecordCommand, NamesTheFileThatItCannotUse)
     run.Put("unfit", "{\"dmZoom\": 1.5}");
     run.Put("short", "short");
     run.Put("r", std::string(80, '\0'));
-    EXPECT_EQ(run({"record", "set", "r", "dmFields=1", "-o", "none/s"}),
-              (Result{3, "", "qd480: cannot write none/s: No such file or directory\n"}));
-    EXPECT_EQ(run({"record", "set", "r", "dmFields=1", "-o", "/dev/full"}),
-              (Result{3, "", "qd480: cannot write /dev/full: No space left on device\n"}));
-    EXPECT_EQ(run({"record", "show", "none"}), (Result{3, "", "qd480: cannot read none: No such file or directory\n"}));
-    EXPECT_THAT(run({"record", "make", "bad"}).err,
-                HasSubstr("qd480: bad is no JSON: parse error at line 1, column 12"));
-    EXPECT_EQ(run({"record", "make", "unfit"}),
-              (Result{3, "", "qd480: unfit: the field dmZoom takes a number from -32768 to 32767\n"}));
-    EXPECT_EQ(run({"record", "set", "short", "dmZoom=1"}),
-              (Result{3, "", "qd480: short: the record of 5 bytes does not reach the field dmZoom\n"}));
+    const std::pair<const char*, const char*> rows[] = {
+        {"set r dmFields=1 -o none/s",    "cannot write none/s: No such file or directory\n"              },
+        {"set r dmFields=1 -o /dev/full", "cannot write /dev/full: No space left on device\n"             },
+        {"show none",                     "cannot read none: No such file or directory\n"                 },
+        {"make bad",                      "bad is no JSON: parse error at line 1, column 12"              },
+        {"make unfit",                    "unfit: the field dmZoom takes a number from -32768 to 32767\n" },
+        {"set short dmZoom=1",            "short: the record of 5 bytes does not reach the field dmZoom\n"},
+    };
+    for (const auto& [words, message] : rows) {
+        const Result result = run(std::string("record ") + words);
+        EXPECT_EQ(result.status, 3) << words;
+        EXPECT_EQ(result.out, "") << words;
+        EXPECT_THAT(result.err, testing::StartsWith(std::string("qd480: ") + message));
+    }
 }
 
 TEST(DocumentProperties, AnswersTheDefaultRecord)
 {
     Program run;
-    EXPECT_EQ(run({"document-properties", First, "--mode", "2", "-o", "r", "--platform", "country=1"}),
-              Done("{\"result\": 1}\n"));
+    EXPECT_EQ(run("document-properties NAME --mode 2 -o r --platform country=1"), Done("{\"result\": 1}\n"));
     EXPECT_EQ(run.Contents("r").size(), 1848u);
-    EXPECT_THAT(run({"record", "show", "r"}).out,
-                testing::AllOf(HasSubstr("{\"dmDeviceName\": \"Ordana Quillet 4820E\", \"dmSpecVersion\": 1025, "),
-                               HasSubstr("\"dmPaperSize\": 1, "), HasSubstr("\"dmZoom\": 100, ")));
+    EXPECT_THAT(run("record show r").out,
+                AllOf(HasSubstr("{\"dmDeviceName\": \"Ordana Quillet 4820E\", \"dmSpecVersion\": 1025, "),
+                      HasSubstr("\"dmPaperSize\": 1, "), HasSubstr("\"dmZoom\": 100, ")));
 }
 
 TEST(DocumentProperties, AsksForTheSizeWithoutAnOutputOrAMode)
 {
     Program run;
-    EXPECT_EQ(run({"document-properties", First, "--mode", "2"}), Done("{\"result\": 1848}\n"));
-    EXPECT_EQ(run({"document-properties", First, "--mode", "0", "-o", "r"}), Done("{\"result\": 1848}\n"));
+    EXPECT_EQ(run("document-properties NAME --mode 2"), Done("{\"result\": 1848}\n"));
+    EXPECT_EQ(run("document-properties NAME --mode 0 -o r"), Done("{\"result\": 1848}\n"));
     EXPECT_EQ(run.Contents("r"), "");
 }
 
 TEST(DocumentProperties, LayTheCallersRecordOverThePrinters)
 {
     Program run;
-    run({"document-properties", First, "--mode", "2", "-o", "r"});
-    run({"record", "set", "r", "dmZoom=150", "dmCopies=3", "-o", "stored"});
-    run({"record", "set", "r", "dmZoom=180", "-o", "mine"});
-    run({"printer", "record", First, "--set", "stored"});
-    EXPECT_EQ(run({"document-properties", First, "--mode", "2", "-o", "answer"}), Done("{\"result\": 1}\n"));
-    EXPECT_EQ(run({"record", "diff", "r", "answer"}).out, "{\"dmCopies\": [1, 3], \"dmZoom\": [100, 150]}\n");
-    run({"document-properties", First, "--mode", "2", "--in", "mine", "-o", "answer"});
-    EXPECT_EQ(run({"record", "diff", "r", "answer"}).out, "{\"dmZoom\": [100, 180]}\n");
+    run("document-properties NAME --mode 2 -o r");
+    run("record set r dmZoom=150 dmCopies=3 -o stored");
+    run("record set r dmZoom=180 -o mine");
+    run("printer record NAME --set stored");
+    EXPECT_EQ(run("document-properties NAME --mode 2 -o answer"), Done("{\"result\": 1}\n"));
+    EXPECT_EQ(run("record diff r answer").out, "{\"dmCopies\": [1, 3], \"dmZoom\": [100, 150]}\n");
+    run("document-properties NAME --mode 2 --in mine -o answer");
+    EXPECT_EQ(run("record diff r answer").out, "{\"dmZoom\": [100, 180]}\n");
 }
 
 TEST(DocumentProperties, TakeRecordsThatPromiseMoreThanTheyHave)
@@ -130,18 +118,15 @@ TEST(DocumentProperties, TakeRecordsThatPromiseMoreThanTheyHave)
     Program run;
     std::string liar(72, '\0');
     liar.replace(64, 8, "\x01\x04\x28\x01\xff\xff\xff\xff");
-    run.Put("liar", liar);
-    run.Put("short", "x");
-    for (const char* file : {"liar", "short"}) {
-        EXPECT_EQ(run({"document-properties", First, "--mode", "2", "--in", file, "-o", "answer"}).status, 0) << file;
-    }
+    for (const std::string& record : {liar, std::string("x")})
+        EXPECT_EQ(run("document-properties NAME --mode 2 --in - -o answer", record).status, 0);
 }
 
 TEST(DocumentProperties, ShowNoWindow)
 {
-    EXPECT_EQ(Program()({"document-properties", First, "--mode", "6", "-o", "r"}),
+    EXPECT_EQ(Program()("document-properties NAME --mode 6 -o r"),
               (Result{2, "", "qd480: --mode 6 asks for a window (4); that is qd480 sheet\n"}));
-    EXPECT_EQ(Program()({"document-properties", "None", "--mode", "2"}),
+    EXPECT_EQ(Program()("document-properties None --mode 2"),
               (Result{3, "", "qd480: there is no printer \"None\" in the store\n"}));
 }
 
