@@ -10,43 +10,6 @@ using testing::IsEmpty;
 
 constexpr DWORD ArrowStyle = Shown | UDS_AUTOBUDDY | UDS_SETBUDDYINT | UDS_ARROWKEYS | UDS_ALIGNRIGHT;
 
-TEST(Edit, EachTypedCharacterAndEachPasteIsOneChange)
-{
-    Rig rig({Make(u"Edit", 10, Stop, u"old")});
-    rig.Up([&] {
-        EXPECT_EQ(Type(rig[10], u"15"), Outcome::Done);
-        EXPECT_EQ(rig.Text(rig[10]), u"15");
-        EXPECT_THAT(rig.Log(), ElementsAre("change 10", "change 10"));
-        Append(rig[10], u"0");
-        EXPECT_EQ(rig.Text(rig[10]), u"150");
-        EXPECT_THAT(rig.Log(), ElementsAre("change 10"));
-        Paste(rig[10], u"150");
-        EXPECT_THAT(rig.Log(), ElementsAre("change 10"));
-        Paste(rig[10], u"one\nline");
-        EXPECT_EQ(rig.Text(rig[10]), u"one");
-        rig.Log();
-        Type(rig[10], u"");
-        EXPECT_EQ(rig.Text(rig[10]), u"");
-        EXPECT_THAT(rig.Log(), ElementsAre("change 10"));
-        Type(rig[10], u"");
-        EXPECT_THAT(rig.Log(), IsEmpty());
-    });
-}
-
-// A program's text notifies whatever state the control is in, and knows no limits.
-TEST(Edit, TextFromTheProgramAlwaysNotifies)
-{
-    for (const DWORD style : {Stop, Grey, Gone, Stop | ES_NUMBER, Stop | ES_READONLY}) {
-        Rig rig({Make(u"Edit", 10, style, u"same")});
-        rig.Up([&] {
-            Send(rig[10], EM_LIMITTEXT, 2, 0);
-            EXPECT_TRUE(SetDlgItemTextW(rig.dialog, 10, u"same"));
-            EXPECT_EQ(rig.Text(rig[10]), u"same");
-            EXPECT_THAT(rig.Log(), ElementsAre("change 10"));
-        });
-    }
-}
-
 struct TypingRow {
     const char* what;
     DWORD style;
@@ -77,19 +40,6 @@ TEST(Edit, TypingKeepsToLimitsAndDigits)
             EXPECT_EQ(rig.Log().size(), row.changes) << row.what;
         });
     }
-}
-
-TEST(Edit, AHandlerThatRewritesTheFieldPutsTheCaretAtTheStart)
-{
-    bool done = false;
-    Rig rig({Make(u"Edit", 10, Stop)}, [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
-        if (message == WM_COMMAND && !std::exchange(done, true)) SetDlgItemInt(dialog, 10, 8, FALSE);
-        return FALSE;
-    });
-    rig.Up([&] {
-        Type(rig[10], u"12");
-        EXPECT_EQ(rig.Text(rig[10]), u"28");
-    });
 }
 
 TEST(Edit, TypingStopsWhenAHandlerTakesTheFieldAway)
@@ -137,25 +87,6 @@ TEST(Edit, WhatAWindowReportsIsHeldToTheRulesOfTyping)
             EXPECT_EQ(rig.Log().size(), row.changes);
         });
     }
-}
-
-TEST(Edit, LeavingSendsKillFocusAndTheFocusIsElsewhereByThen)
-{
-    HWND focusThen = nullptr;
-    Rig rig({Make(u"Edit", 10, Stop), Make(u"Edit", 11, Stop)}, [&](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR {
-        if (message == WM_COMMAND) focusThen = GetFocus();
-        return FALSE;
-    });
-    rig.Up([&] {
-        EXPECT_EQ(GetFocus(), rig[10]);
-        Focus(rig[11]);
-        EXPECT_THAT(rig.Log(), ElementsAre("killfocus 10"));
-        EXPECT_EQ(focusThen, rig[11]);
-        Focus(rig[11]);
-        EXPECT_THAT(rig.Log(), IsEmpty());
-        EXPECT_EQ(SetFocus(rig[10]), rig[11]);
-        EXPECT_THAT(rig.Log(), ElementsAre("killfocus 11"));
-    });
 }
 
 TEST(Edit, RefusesWhatAUserCannotDo)
@@ -209,18 +140,6 @@ TEST(UpDown, AClickWritesTheFieldWithinTheRange)
             EXPECT_THAT(rig.Log(), ElementsAre("change 10"));
         });
     }
-}
-
-TEST(UpDown, AClickTakesTheFocusToTheField)
-{
-    Rig rig({Make(u"Edit", 9, Stop), Make(u"Edit", 10, Stop, u"1"), Make(u"msctls_updown32", 11, ArrowStyle)});
-    rig.Up([&] {
-        Spin(rig[11], true);
-        EXPECT_EQ(GetFocus(), rig[10]);
-        EXPECT_THAT(rig.Log(), ElementsAre("killfocus 9", "change 10"));
-        Press(rig.dialog, Key::Up);
-        EXPECT_EQ(rig.Text(rig[10]), u"3");
-    });
 }
 
 TEST(UpDown, TakesItsPlaceOutOfTheField)

@@ -6,7 +6,6 @@
 namespace user_tests {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 int FocusId() { return Find(GetFocus()) ? Find(GetFocus())->id : 0; }
 
@@ -118,16 +117,6 @@ TEST(Keys, PressButtonsWhereTheFocusStays)
     }
 }
 
-TEST(Keys, ADisabledDefaultButtonIsNotPressed)
-{
-    Rig rig({Make(u"Edit", 10, Stop), Make(u"Button", 1, Grey), Make(u"Button", 2, Grey)});
-    rig.Up([&] {
-        EXPECT_EQ(platform::user::Press(rig.dialog, Key::Enter), Outcome::Disabled);
-        EXPECT_EQ(platform::user::Press(rig.dialog, Key::Escape), Outcome::Disabled);
-        EXPECT_THAT(rig.Log(), IsEmpty());
-    });
-}
-
 TEST(Focus, GoesWhenItsControlIsHiddenOrDisabled)
 {
     Rig rig({Make(u"Edit", 10, Stop), Make(u"Edit", 11, Stop)});
@@ -140,33 +129,6 @@ TEST(Focus, GoesWhenItsControlIsHiddenOrDisabled)
         EXPECT_THAT(rig.Log(), ElementsAre("killfocus 10", "killfocus 11"));
         EXPECT_EQ(SetFocus(rig[11]), nullptr);
         EXPECT_EQ(GetFocus(), nullptr);
-    });
-}
-
-TEST(Focus, IsNotForWhatCannotTakeIt)
-{
-    Rig rig({Make(u"Static", 30, Stop), Make(u"Button", 31, Stop | BS_GROUPBOX), Make(u"msctls_updown32", 32, Stop)});
-    rig.Up([&] {
-        for (const int id : {30, 31, 32}) EXPECT_EQ(Focus(rig[id]), Outcome::Unsuited) << id;
-        EXPECT_EQ(Focus(nullptr), Outcome::Absent);
-    });
-}
-
-TEST(Help, ComesForDisabledControlsToo)
-{
-    HELPINFO seen{};
-    Rig rig({Make(u"Button", 40, Grey), Make(u"Button", 41, Gone)},
-            [&](HWND, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
-                if (message == WM_HELP) seen = *reinterpret_cast<const HELPINFO*>(lParam);
-                return FALSE;
-            });
-    rig.Up([&] {
-        EXPECT_EQ(ContextHelp(rig[40]), Outcome::Done);
-        EXPECT_EQ(seen.cbSize, sizeof(HELPINFO));
-        EXPECT_EQ(seen.iContextType, HELPINFO_WINDOW);
-        EXPECT_EQ(seen.iCtrlId, 40);
-        EXPECT_EQ(seen.hItemHandle, HANDLE{rig[40]});
-        EXPECT_EQ(ContextHelp(rig[41]), Outcome::Hidden);
     });
 }
 

@@ -47,20 +47,6 @@ TEST(Functions, NumbersOfAField)
     EXPECT_EQ(rig.Text(rig[10]), u"4294967288");
 }
 
-TEST(Functions, TextIsCutToTheRoom)
-{
-    Rig rig({Make(u"Edit", 10, Stop, u"abcdef")});
-    WCHAR text[8] = u"xxxxxxx";
-    EXPECT_EQ(GetDlgItemTextW(rig.dialog, 10, text, 4), 3u);
-    EXPECT_EQ(std::u16string(text), u"abc");
-    EXPECT_EQ(text[4], u'x');
-    EXPECT_EQ(GetWindowTextW(rig[10], text, 8), 6);
-    EXPECT_EQ(SendMessageW(rig[10], WM_GETTEXTLENGTH, 0, 0), 6);
-    EXPECT_EQ(GetWindowTextW(rig[10], text, 0), 0);
-    EXPECT_EQ(GetDlgItemTextW(rig.dialog, 99, text, 8), 0u);
-    EXPECT_EQ(text[0], 0);
-}
-
 TEST(Functions, SlotsOfADialogHoldAMachineWord)
 {
     Rig rig({Make(u"Edit", 10, Stop | ES_NUMBER)});
@@ -79,17 +65,6 @@ TEST(Functions, SlotsOfADialogHoldAMachineWord)
     EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
 }
 
-TEST(Functions, AMessageTheProcedureHandledGivesItsMessageResult)
-{
-    Rig rig({}, [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
-        if (message != WM_USER) return FALSE;
-        SetWindowLongW(dialog, DWL_MSGRESULT, 77);
-        return TRUE;
-    });
-    EXPECT_EQ(SendMessageW(rig.dialog, WM_USER, 0, 0), 77);
-    EXPECT_EQ(SendMessageW(rig.dialog, WM_USER + 1, 0, 0), 0);
-}
-
 TEST(Functions, FindTopLevelWindowsHereAndElsewhere)
 {
     platform::FixedFactValues facts;
@@ -102,23 +77,6 @@ TEST(Functions, FindTopLevelWindowsHereAndElsewhere)
     EXPECT_NE(FindWindowW(u"VWClass500", nullptr), nullptr);
     EXPECT_EQ(FindWindowW(u"VWClass501", nullptr), nullptr);
     EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
-    platform::CurrentEnvironment().facts = platform::MakeFixedFacts({});
-}
-
-TEST(Functions, ModuleOfTheOwnerWindow)
-{
-    platform::FixedFactValues facts;
-    facts.ownerModule = u"C:\\WINDOWS\\system32\\SHELL32.DLL";
-    platform::CurrentEnvironment().facts = platform::MakeFixedFacts(facts);
-    Rig rig({});
-    const HWND owner = MakeWindow(Kind::Owner, u"Owner", nullptr, {});
-    WCHAR path[40];
-    EXPECT_EQ(GetWindowModuleFileNameW(owner, path, 40), 31u);
-    EXPECT_EQ(std::u16string(path), facts.ownerModule);
-    EXPECT_EQ(GetWindowModuleFileNameW(owner, path, 4), 4u);
-    EXPECT_EQ(std::u16string(path), u"C:\\");
-    EXPECT_EQ(GetWindowModuleFileNameW(nullptr, path, 40), 0u);
-    Destroy(owner);
     platform::CurrentEnvironment().facts = platform::MakeFixedFacts({});
 }
 

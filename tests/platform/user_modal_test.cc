@@ -22,41 +22,6 @@ INT_PTR RunBox(HWND owner, int number = 101, LPARAM parameter = 0)
     return DialogBoxParamW(Dialogs(), ResourceName(number), owner, RigProcedure, parameter);
 }
 
-TEST(Modal, GivesTheResultAndLeavesNothingBehind)
-{
-    Rig rig({});
-    const std::size_t before = WindowCount();
-    rig.desktop->runs = {[&](HWND top) {
-        EXPECT_EQ(TopWindow(), top);
-        EXPECT_EQ(Rig::Text(top), u"Plain");
-        EXPECT_EQ(Find(top)->As<DialogState>()->templateNumber, 101);
-        EXPECT_TRUE(EndDialog(top, 42));
-        EXPECT_TRUE(Ended(top));
-    }};
-    rig.Log();
-    EXPECT_EQ(RunBox(nullptr), 42);
-    EXPECT_THAT(rig.Log(), ElementsAre("init", "paint", "destroy"));
-    EXPECT_EQ(WindowCount(), before);
-    EXPECT_EQ(TopWindow(), nullptr);
-    EXPECT_EQ(rig.desktop->opened, rig.desktop->closed);
-    EXPECT_EQ(rig.desktop->opened.size(), 1u);
-}
-
-TEST(Modal, EndedAsItIsMadeItNeverComesUp)
-{
-    LPARAM seen = 0;
-    Rig rig({}, [&](HWND dialog, UINT message, WPARAM, LPARAM lParam) -> INT_PTR {
-        if (message == WM_INITDIALOG) seen = lParam;
-        if (message == WM_INITDIALOG) EndDialog(dialog, 7);
-        return TRUE;
-    });
-    rig.Log();
-    EXPECT_EQ(RunBox(nullptr, 101, -5), 7);
-    EXPECT_EQ(seen, -5);
-    EXPECT_THAT(rig.desktop->opened, IsEmpty());
-    EXPECT_THAT(rig.Log(), ElementsAre("init", "destroy"));
-}
-
 TEST(Modal, TakesTheFocusWithANoticeAndGivesItBackWithout)
 {
     Rig rig({Make(u"Edit", 10, Stop), Make(u"Button", 20, Shown | BS_OWNERDRAW)});

@@ -21,28 +21,6 @@ std::vector<std::string> Paint(Rig& rig)
     return rig.Log();
 }
 
-TEST(Paint, ShowingADialogPaintsItAndThenItsOwnerDrawnControls)
-{
-    DRAWITEMSTRUCT first{};
-    Rig rig(Pictures(), [&](HWND, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
-        if (message == WM_DRAWITEM && wParam == 20) first = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-        return FALSE;
-    });
-    EXPECT_EQ(rig.desktop->pictureSize.cx, 200);
-    EXPECT_EQ(rig.desktop->pictureSize.cy, 100);
-    rig.desktop->runs = {[&](HWND) {
-        EXPECT_THAT(rig.Log(), ElementsAre("init", "paint", "draw 20", "draw 21"));
-        End(rig.dialog, 0);
-    }};
-    RunModal(rig.dialog);
-    EXPECT_EQ(first.CtlType, ODT_BUTTON);
-    EXPECT_EQ(first.itemAction, ODA_DRAWENTIRE);
-    EXPECT_EQ(first.itemState, ODS_DISABLED);
-    EXPECT_NE(first.hDC, nullptr);
-    EXPECT_EQ(first.rcItem.right, 50);
-    EXPECT_EQ(first.rcItem.bottom, 20);
-}
-
 struct PaintRow {
     const char* what;
     void (*change)(const Rig& rig);
@@ -86,18 +64,6 @@ TEST(Paint, OnlyWhatIsInvalidIsPainted)
     }
 }
 
-TEST(Paint, EachActionEndsWithWhatIsPending)
-{
-    Rig rig(Pictures(), [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
-        if (message == WM_COMMAND) InvalidateRect(GetDlgItem(dialog, 20), nullptr, TRUE);
-        return FALSE;
-    });
-    rig.Up([&] {
-        Type(rig[10], u"12");
-        EXPECT_THAT(rig.Log(), ElementsAre("change 10", "change 10", "draw 20"));
-    });
-}
-
 TEST(Paint, ADialogThatInvalidatesAControlAsItPaintsGetsItDrawnAtOnce)
 {
     Rig rig(Pictures(), [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
@@ -111,19 +77,6 @@ TEST(Paint, ADialogThatInvalidatesAControlAsItPaintsGetsItDrawnAtOnce)
         Invalidate(rig.dialog, false);
         EXPECT_THAT(Paint(rig), ElementsAre("paint", "draw 20", "draw 21"));
         EXPECT_THAT(Paint(rig), IsEmpty());
-    });
-}
-
-TEST(Paint, WhatInvalidatesItselfWaitsForTheNextAction)
-{
-    Rig rig(Pictures(), [](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
-        if (message == WM_PAINT) InvalidateRect(dialog, nullptr, TRUE);
-        if (message == WM_DRAWITEM) InvalidateRect(GetDlgItem(dialog, static_cast<int>(wParam)), nullptr, TRUE);
-        return FALSE;
-    });
-    rig.Up([&] {
-        EXPECT_THAT(Paint(rig), ElementsAre("paint", "draw 20", "draw 21"));
-        EXPECT_THAT(Paint(rig), ElementsAre("paint", "draw 20", "draw 21"));
     });
 }
 
