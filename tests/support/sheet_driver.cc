@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <optional>
 #include <stdexcept>
+#include <type_traits>
 #include <utility>
 
 #include "module.h"
@@ -75,10 +76,15 @@ LONG RunDocumentSheet(PROPSHEETUI_INFO* info, LPARAM lParam)
     return result;
 }
 
-const user::ListState* List(HWND page, int control)
+// The window itself or what is its kind's own; null without it.
+template <class State>
+const State* StateOf(HWND handle)
 {
-    const user::Window* window = user::Find(user::Control(page, control));
-    return window ? window->As<user::ListState>() : nullptr;
+    const user::Window* window = user::Find(handle);
+    if constexpr (std::is_same_v<State, user::Window>)
+        return window;
+    else
+        return window ? window->As<State>() : nullptr;
 }
 
 }  // namespace
@@ -260,17 +266,36 @@ Sheet& Sheet::Page(std::u16string_view title)
     return *this;
 }
 
-Sheet& Sheet::Click(int control)
+template <class Action>
+Sheet& Sheet::On(const char* verb, int control, Action action)
 {
-    Act("click " + std::to_string(control), [=](HWND, HWND page) { return user::Click(user::Control(page, control)); });
+    Act(verb + std::string(" ") + std::to_string(control),
+        [=](HWND, HWND page) { return action(user::Control(page, control)); });
     return *this;
 }
 
+template <class State, class Value, class Read>
+Value Sheet::Of(std::function<HWND(HWND page)> place, Value otherwise, Read read)
+{
+    Step([&](HWND, HWND page) {
+        if (const State* state = StateOf<State>(place(page))) otherwise = read(*state);
+    });
+    return otherwise;
+}
+
+template <class State, class Value, class Read>
+Value Sheet::Of(int control, Value otherwise, Read read)
+{
+    return Of<State>([=](HWND page) { return user::Control(page, control); }, std::move(otherwise), read);
+}
+
+Sheet& Sheet::Click(int control) { return On("click", control, user::Click); }
+Sheet& Sheet::Focus(int control) { return On("focus", control, user::Focus); }
+Sheet& Sheet::HelpOn(int control) { return On("help on", control, user::ContextHelp); }
+
 Sheet& Sheet::Choose(int control, int row)
 {
-    Act("choose " + std::to_string(control) + " row " + std::to_string(row),
-        [=](HWND, HWND page) { return user::Pick(user::Control(page, control), row); });
-    return *this;
+    return On("choose", control, [row](HWND list) { return user::Pick(list, row); });
 }
 
 Sheet& Sheet::Choose(int control, std::u16string_view text)
@@ -282,44 +307,28 @@ Sheet& Sheet::Choose(int control, std::u16string_view text)
 
 Sheet& Sheet::Type(int control, std::u16string_view text)
 {
-    Act("type " + std::to_string(control),
-        [=](HWND, HWND page) { return user::Type(user::Control(page, control), text); });
-    return *this;
+    return On("type", control, [text](HWND field) { return user::Type(field, text); });
 }
 
 Sheet& Sheet::Append(int control, std::u16string_view text)
 {
-    Act("append to " + std::to_string(control),
-        [=](HWND, HWND page) { return user::Append(user::Control(page, control), text); });
-    return *this;
+    return On("append to", control, [text](HWND field) { return user::Append(field, text); });
 }
 
 Sheet& Sheet::Paste(int control, std::u16string_view text)
 {
-    Act("paste into " + std::to_string(control),
-        [=](HWND, HWND page) { return user::Paste(user::Control(page, control), text); });
-    return *this;
+    return On("paste into", control, [text](HWND field) { return user::Paste(field, text); });
 }
 
 Sheet& Sheet::Spin(int upDown, bool up, int times)
 {
-    for (int k = 0; k < times; ++k)
-        Act("spin " + std::to_string(upDown),
-            [=](HWND, HWND page) { return user::Spin(user::Control(page, upDown), up); });
+    for (int k = 0; k < times; ++k) On("spin", upDown, [up](HWND arrows) { return user::Spin(arrows, up); });
     return *this;
 }
 
 Sheet& Sheet::Row(int listView, int row)
 {
-    Act("row " + std::to_string(row) + " of " + std::to_string(listView),
-        [=](HWND, HWND page) { return user::SelectRow(user::Control(page, listView), row); });
-    return *this;
-}
-
-Sheet& Sheet::Focus(int control)
-{
-    Act("focus " + std::to_string(control), [=](HWND, HWND page) { return user::Focus(user::Control(page, control)); });
-    return *this;
+    return On("row of", listView, [row](HWND list) { return user::SelectRow(list, row); });
 }
 
 Sheet& Sheet::Press(user::Key key)
@@ -334,28 +343,18 @@ Sheet& Sheet::CloseDialog()
     return *this;
 }
 
-Sheet& Sheet::Apply()
+Sheet& Sheet::PressButton(user::SheetButton button)
 {
-    Act("apply", [](HWND sheet, HWND) { return user::PressButton(sheet, user::SheetButton::Apply); });
+    Act("button of the sheet", [=](HWND sheet, HWND) { return user::PressButton(sheet, button); });
     return *this;
 }
 
-Sheet& Sheet::PressHelp()
-{
-    Act("help", [](HWND sheet, HWND) { return user::PressButton(sheet, user::SheetButton::Help); });
-    return *this;
-}
-
-Sheet& Sheet::HelpOn(int control)
-{
-    Act("help on " + std::to_string(control),
-        [=](HWND, HWND page) { return user::ContextHelp(user::Control(page, control)); });
-    return *this;
-}
+Sheet& Sheet::Apply() { return PressButton(user::SheetButton::Apply); }
+Sheet& Sheet::PressHelp() { return PressButton(user::SheetButton::Help); }
 
 DriverDevMode Sheet::End(user::SheetButton button)
 {
-    Act("end of the sheet", [=](HWND sheet, HWND) { return user::PressButton(sheet, button); });
+    PressButton(button);
     machine_.Desktop().WaitForFinish();
     return published_;
 }
@@ -366,10 +365,8 @@ DriverDevMode Sheet::Cancel() { return End(user::SheetButton::Cancel); }
 LRESULT Sheet::Send(UINT message, WPARAM wParam, LPARAM lParam)
 {
     const auto result = std::make_shared<LRESULT>(0);
-    Step([=](HWND, HWND page) {
-        const user::Window* window = user::Find(page);
-        *result = window->As<user::DialogState>()->procedure(page, message, wParam, lParam);
-    });
+    Step(
+        [=](HWND, HWND page) { *result = StateOf<user::DialogState>(page)->procedure(page, message, wParam, lParam); });
     return *result;
 }
 
@@ -380,61 +377,40 @@ LRESULT Sheet::Notice(int control, int code)
 
 std::vector<std::u16string> Sheet::Items(int control)
 {
-    std::vector<std::u16string> items;
-    Step([&](HWND, HWND page) {
-        if (const user::ListState* list = List(page, control))
-            for (const user::ListItem& item : list->items) items.push_back(item.text);
+    return Of<user::ListState>(control, std::vector<std::u16string>{}, [](const user::ListState& list) {
+        std::vector<std::u16string> items;
+        for (const user::ListItem& item : list.items) items.push_back(item.text);
+        return items;
     });
-    return items;
 }
 
 std::vector<LPARAM> Sheet::ItemData(int control)
 {
-    std::vector<LPARAM> data;
-    Step([&](HWND, HWND page) {
-        if (const user::ListState* list = List(page, control))
-            for (const user::ListItem& item : list->items) data.push_back(item.data);
+    return Of<user::ListState>(control, std::vector<LPARAM>{}, [](const user::ListState& list) {
+        std::vector<LPARAM> data;
+        for (const user::ListItem& item : list.items) data.push_back(item.data);
+        return data;
     });
-    return data;
 }
 
 int Sheet::Selection(int control)
 {
-    int selection = -1;
-    Step([&](HWND, HWND page) {
-        if (const user::ListState* list = List(page, control)) selection = list->selection;
-    });
-    return selection;
+    return Of<user::ListState>(control, -1, [](const user::ListState& list) { return list.selection; });
 }
 
 bool Sheet::Enabled(int control)
 {
-    bool enabled = false;
-    Step([&](HWND, HWND page) {
-        const user::Window* window = user::Find(user::Control(page, control));
-        enabled = window && window->enabled;
-    });
-    return enabled;
+    return Of<user::Window>(control, false, [](const user::Window& window) { return window.enabled; });
 }
 
 bool Sheet::Checked(int control)
 {
-    bool checked = false;
-    Step([&](HWND, HWND page) {
-        const user::Window* window = user::Find(user::Control(page, control));
-        const auto* button = window ? window->As<user::ButtonState>() : nullptr;
-        checked = button && button->check != BST_UNCHECKED;
-    });
-    return checked;
+    return Of<user::ButtonState>(control, false, [](const user::ButtonState& button) { return button.check != 0; });
 }
 
 std::u16string Sheet::Text(int control)
 {
-    std::u16string text;
-    Step([&](HWND, HWND page) {
-        if (const user::Window* window = user::Find(user::Control(page, control))) text = window->text;
-    });
-    return text;
+    return Of<user::Window>(control, std::u16string(), [](const user::Window& window) { return window.text; });
 }
 
 HWND Sheet::Handle(int control)
@@ -446,55 +422,38 @@ HWND Sheet::Handle(int control)
 
 std::vector<std::vector<std::u16string>> Sheet::Rows(int listView)
 {
-    std::vector<std::vector<std::u16string>> rows;
-    Step([&](HWND, HWND page) {
-        const user::Window* window = user::Find(user::Control(page, listView));
-        if (const auto* list = window ? window->As<user::ListViewState>() : nullptr)
-            for (const auto& row : list->rows) rows.push_back(row.cells);
-    });
-    return rows;
+    return Of<user::ListViewState>(listView, std::vector<std::vector<std::u16string>>{},
+                                   [](const user::ListViewState& list) {
+                                       std::vector<std::vector<std::u16string>> rows;
+                                       for (const auto& row : list.rows) rows.push_back(row.cells);
+                                       return rows;
+                                   });
 }
 
 int Sheet::SelectedRow(int listView)
 {
-    int selected = -1;
-    Step([&](HWND, HWND page) {
-        const user::Window* window = user::Find(user::Control(page, listView));
-        const auto* list = window ? window->As<user::ListViewState>() : nullptr;
-        for (std::size_t k = 0; list && k < list->rows.size(); ++k)
-            if (list->rows[k].selected) selected = static_cast<int>(k);
+    return Of<user::ListViewState>(listView, -1, [](const user::ListViewState& list) {
+        const auto row = std::find_if(list.rows.begin(), list.rows.end(), [](const auto& one) { return one.selected; });
+        return row == list.rows.end() ? -1 : static_cast<int>(row - list.rows.begin());
     });
-    return selected;
 }
 
 int Sheet::Template()
 {
-    int number = 0;
-    Step([&](HWND, HWND page) {
-        const user::Window* window = user::Find(page);
-        if (const auto* dialog = window ? window->As<user::DialogState>() : nullptr) number = dialog->templateNumber;
-    });
-    return number;
+    return Of<user::DialogState>([](HWND page) { return page; }, 0,
+                                 [](const user::DialogState& dialog) { return dialog.templateNumber; });
 }
 
 int Sheet::Changes()
 {
-    int changes = 0;
-    Step([&](HWND, HWND) {
-        const auto* state = user::Find(user::OpenWindows().front())->As<user::SheetState>();
-        changes = state ? state->changes : 0;
-    });
-    return changes;
+    return Of<user::SheetState>([](HWND) { return user::OpenWindows().front(); }, 0,
+                                [](const user::SheetState& sheet) { return sheet.changes; });
 }
 
 bool Sheet::ApplyEnabled()
 {
-    bool enabled = false;
-    Step([&](HWND, HWND) {
-        const auto* state = user::Find(user::OpenWindows().front())->As<user::SheetState>();
-        enabled = state && state->applyEnabled;
-    });
-    return enabled;
+    return Of<user::SheetState>([](HWND) { return user::OpenWindows().front(); }, false,
+                                [](const user::SheetState& sheet) { return sheet.applyEnabled; });
 }
 
 DriverDevMode Sheet::Settings()

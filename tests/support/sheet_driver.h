@@ -162,6 +162,15 @@ class Sheet {
     void Run(const Prepare& prepare);
     void Step(std::function<void(HWND sheet, HWND page)> step);
     void Act(const std::string& what, std::function<platform::user::Outcome(HWND sheet, HWND page)> action);
+    // A step of the user on a control.
+    template <class Action>
+    Sheet& On(const char* verb, int control, Action action);
+    // What is read of a window that has such a state, else the other value.
+    template <class State, class Value, class Read>
+    Value Of(std::function<HWND(HWND page)> place, Value otherwise, Read read);
+    template <class State, class Value, class Read>
+    Value Of(int control, Value otherwise, Read read);
+    Sheet& PressButton(platform::user::SheetButton button);
     DriverDevMode End(platform::user::SheetButton button);
 
     TestMachine machine_;
