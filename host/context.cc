@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <system_error>
 
 #include "host/files.h"
 #include "platform/kernel/modules.h"
@@ -116,13 +115,10 @@ HMODULE Context::Module()
 {
     if (module_) return module_;
     PlugIn();
-    std::error_code error;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-    if (error) throw Failure("cannot find this program's own folder: " + error.message());
-    const auto path = program.parent_path() / "libqd480ui.so";
+    const std::string path = BesideProgram("libqd480ui.so");
     std::string why;
-    module_ = platform::modules::Load(path.u16string(), &why);
-    if (!module_) throw Failure("cannot load " + path.string() + ": " + why);
+    module_ = platform::modules::Load(std::filesystem::path(path).u16string(), &why);
+    if (!module_) throw Failure("cannot load " + path + ": " + why);
     return module_;
 }
 

@@ -113,6 +113,14 @@ void NeedOwnFile(const NamedFile& written, std::initializer_list<NamedFile> othe
 
 std::string InputName(const std::string& path) { return path == "-" ? "standard input" : path; }
 
+std::string BesideProgram(const char* file)
+{
+    std::error_code error;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (error) throw Failure("cannot find this program's own folder: " + error.message());
+    return program.parent_path() / file;
+}
+
 std::vector<std::uint8_t> ReadFile(const std::string& path, std::size_t limit)
 {
     const auto fail = [&](const std::string& why) { throw Failure("cannot read " + InputName(path) + ": " + why); };

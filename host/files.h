@@ -15,6 +15,9 @@ inline constexpr std::size_t FileLimit = std::size_t{64} << 20;  // bytes; more 
 // How messages name an input.
 std::string InputName(const std::string& path);
 
+// The path of a file in this program's own folder. Failure when that can't be found.
+std::string BesideProgram(const char* file);
+
 // The whole file, or all of standard input for "-". Failure when it can't be read or is longer than limit.
 std::vector<std::uint8_t> ReadFile(const std::string& path, std::size_t limit = FileLimit);
 std::string ReadTextFile(const std::string& path, std::size_t limit = FileLimit);

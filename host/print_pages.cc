@@ -119,11 +119,7 @@ std::array<double, 6> ToSheet(const Box& box, int turns, double unit, const Pape
             sheet.height / 2 - (cosine * y - sine * x)};
 }
 
-}  // namespace
-
 // What libqpdf throws names the input.
-namespace {
-
 class QpdfPages : public PrintedPages {
   public:
     QpdfPages(const std::string& path, const std::string& name, std::string bytes);
@@ -348,11 +344,19 @@ std::string QpdfPages::WriteToMemory()
 
 }  // namespace
 
-std::unique_ptr<PrintedPages> PrintedPages::Of(const std::string& path, const std::string& name, std::string bytes)
+}  // namespace host
+
+// PrintedPages' makers, as the program finds them.
+extern "C" {
+
+void QdReadPages(std::unique_ptr<host::PrintedPages>& pages, const std::string& path, const std::string& name,
+                 std::string&& bytes)
 {
-    return std::make_unique<QpdfPages>(path, name, std::move(bytes));
+    pages = std::make_unique<host::QpdfPages>(path, name, std::move(bytes));
 }
 
-std::unique_ptr<PrintedPages> PrintedPages::Empty(int count) { return std::make_unique<QpdfPages>(count); }
-
-}  // namespace host
+void QdMakePages(std::unique_ptr<host::PrintedPages>& pages, int count)
+{
+    pages = std::make_unique<host::QpdfPages>(count);
+}
+}
