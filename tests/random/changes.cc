@@ -8,6 +8,8 @@
 #include "settings/model_tables.h"
 #include "tests/support/records.h"
 #include "watermark/overlay_list.h"
+#include "watermark/watermark_list.h"
+#include "watermark/watermark_values.h"
 
 namespace random_use {
 
@@ -258,8 +260,9 @@ std::string WrongWatermark(const View& view)
 
 }  // namespace
 
-std::string WrongChanges(const View& view, int dialogBefore, int control)
+std::string WrongChanges(const View& view)
 {
+    const int dialogBefore = view.dialogBefore, control = view.touched;
     for (const RecordField& field : RecordFields) {
         if (Same(view.record, view.before, field)) continue;
         const bool number = field.kind == FieldKind::Signed || field.kind == FieldKind::Unsigned;
@@ -334,25 +337,43 @@ std::string WrongForm(const platform::StoredValues& values, int dialog)
 struct Message {
     std::u16string_view beginning;
     int dialog;
-    bool (*refused)(const View&);
+    bool (*reason)(const View&);   // as it comes up
+    bool (*refused)(const View&);  // after the step
 };
-bool StillUp(const View&) { return true; }
+using V = const View&;
+bool StillUp(V) { return true; }
+bool Told(V) { return true; }  // without refusing anything, or by the platform's own file dialog
+
+bool DuplexFromElsewhere(V v) { return SelectedSource != 1 && (v.record.dmDuplexOn || v.Selection(IDC_DUPLEX) > 0); }
+bool DuplexOfTransparency(V v) { return v.record.dmDuplexOn && SelectedMedia == 1; }
+bool NameIsBlank(V v) { return v.Text(IDC_WM_NAME).find_first_not_of(u' ') == std::u16string::npos; }
+bool NameIsTaken(V v)
+{
+    for (int row = 0; row < v.Count(IDC_WM_LIST); ++row)
+        if (row != WatermarkIndex && v.Item(IDC_WM_LIST, row) == v.Text(IDC_WM_NAME)) return true;
+    return false;
+}
+bool NoPath(V v) { return v.Text(IDC_OVL_PATH).empty(); }
+bool NewRow(V) { return OverlayIsNew != 0; }
+bool LongFile(V v) { return v.file.size() >= 260; }
+bool AnyFile(V v) { return !v.file.empty(); }
+bool NoRoom(V) { return CountWatermarksWithoutRoom() != 0; }
+
+// clang-format off
 constexpr Message Messages[] = {
-    {u"Selected paper source can't work with duplex printing.\nOnly Tray1 is supported.", IDD_SETUP,
-     [](const View& v) { return !v.record.dmDuplexOn || v.record.dmDefaultSource == v.before.dmDefaultSource; }    },
-    {u"Transparency can't work with duplex printing,\nPlease choose other Media Type.",   IDD_SETUP,
-     [](const View& v) { return v.record.dmMediaIndex == 0 && v.record.dmDuplexOn; }                               },
-    {u"You cannot add a blank name.",                                                     IDD_WATERMARK,    StillUp},
-    {u"The watermark name is already registered.\nOverwrite it?",                         IDD_WATERMARK,    StillUp},
-    {u"The specific file is not found in this directory.",                                IDD_OVERLAY_EDIT, StillUp},
-    {u"The path you entered, '",                                                          IDD_OVERLAY_EDIT, StillUp},
+    {u"Selected paper source can't work with duplex printing.\nOnly Tray1 is supported.", IDD_SETUP, DuplexFromElsewhere,
+     [](V v) { return !v.record.dmDuplexOn || v.record.dmDefaultSource == v.before.dmDefaultSource; }},
+    {u"Transparency can't work with duplex printing,\nPlease choose other Media Type.",   IDD_SETUP, DuplexOfTransparency,
+     [](V v) { return v.record.dmMediaIndex == 0 && v.record.dmDuplexOn; }},
+    {u"You cannot add a blank name.",                              IDD_WATERMARK,    NameIsBlank, StillUp},
+    {u"The watermark name is already registered.\nOverwrite it?",  IDD_WATERMARK,    NameIsTaken, StillUp},
+    {u"The specific file is not found in this directory.",         IDD_OVERLAY_EDIT, NoPath,      StillUp},
+    {u"The path you entered, '",                                   IDD_OVERLAY_EDIT, LongFile,    StillUp},
+    {u"The printer has no room to store all watermarks.",          IDD_WATERMARK,    NoRoom,      Told},
+    {u"Close the open dialogs with OK and print the form",         IDD_OVERLAY_EDIT, NewRow,      Told},
+    {u"/",                                                         IDD_OVERLAY_EDIT, AnyFile,     Told},
 };
-// Told without refusing anything, or by the platform's own file dialog.
-constexpr std::pair<std::u16string_view, int> Notices[] = {
-    {u"The printer has no room to store all watermarks.",  IDD_WATERMARK   },
-    {u"Close the open dialogs with OK and print the form", IDD_OVERLAY_EDIT},
-    {u"/",                                                 IDD_OVERLAY_EDIT},
-};
+// clang-format on
 
 }  // namespace
 
@@ -375,17 +396,21 @@ std::string WrongStores(const Start& start, const platform::StoredValues& before
     return WrongForm(after, dialogBefore);
 }
 
-std::string WrongMessage(const View& view, int dialogBefore, int control, std::u16string_view text)
+std::string MessageWithoutReason(const View& view, std::u16string_view text)
 {
-    for (const Message& message : Messages) {
-        if (!text.starts_with(message.beginning)) continue;
-        const bool good = message.dialog == dialogBefore &&
-                          (message.refused == StillUp ? view.dialog == dialogBefore : message.refused(view));
-        return good ? "" : platform::ToUtf8(text) + " goes with no refusal by control " + std::to_string(control);
-    }
-    for (const auto& [beginning, dialog] : Notices)
-        if (text.starts_with(beginning) && dialog == dialogBefore) return {};
+    for (const Message& message : Messages)
+        if (text.starts_with(message.beginning))
+            return message.reason(view) ? "" : platform::ToUtf8(text) + " comes without its reason";
     return "an unknown message: " + platform::ToUtf8(text);
+}
+
+std::string WrongMessage(const View& view, std::u16string_view text)
+{
+    const auto* row = std::ranges::find_if(Messages, [&](const Message& m) { return text.starts_with(m.beginning); });
+    const bool good =
+        row->dialog == view.dialogBefore &&
+        (row->refused == Told || (row->refused == StillUp ? view.dialog == view.dialogBefore : row->refused(view)));
+    return good ? "" : platform::ToUtf8(text) + " goes with no refusal by control " + std::to_string(view.touched);
 }
 
 }  // namespace random_use

@@ -1,9 +1,12 @@
+#include <algorithm>
 #include <set>
 
 #include "pages/custom_paper_work_list.h"
 #include "pages/watermark_dialog_fields.h"
 #include "resources/control_numbers.h"
 #include "tests/random/invariants.h"
+#include "tests/support/overlays.h"
+#include "tests/support/watermark_sheet.h"
 #include "watermark/overlay_list.h"
 #include "watermark/watermark_list.h"
 
@@ -90,7 +93,8 @@ long PaperFieldsApart(V v)
     const auto look = [&](auto& fields) {
         for (const auto& [control, number] : fields) {
             typing += v.Typing(control);
-            apart += v.Number(control) != number;
+            // A text that is no number counts as no sixteenths, and stays.
+            apart += v.Number(control) != number && (number != 0 || v.Number(control) != NoNumber);
         }
     };
     e->cpUnit == 1 ? look(inches) : look(millimetres);
@@ -115,6 +119,12 @@ bool IsRefusedName(std::u16string_view name)
     for (int k = 0; k <= WatermarkCount; ++k)
         if (name == WatermarkNames[static_cast<std::size_t>(k)]) return true;
     return name.find_first_not_of(u' ') == name.npos;
+}
+bool Offers(V v, int control, std::u16string_view text)
+{
+    for (const auto& item : v.List(control).items)
+        if (item.text == text) return true;
+    return false;
 }
 // Counts the rows, or only those that show what no watermark can be called.
 // A name that has been refused stays in the list when the row that it was taken by has got another one since.
@@ -160,12 +170,83 @@ long WatermarkFieldsApart(V v)
         v.Selection(IDC_WM_ANGLE_MODE) != e.wmAngleMode,
         v.Checked(IDC_WM_USER_POSITION) != (e.wmPositionMode != 0),
         v.Checked(IDC_WM_CENTER) == (e.wmPositionMode != 0),
+        Offers(v, IDC_WM_FACE, e.wmFaceName) && v.Item(IDC_WM_FACE, v.Selection(IDC_WM_FACE)) != e.wmFaceName,
     };
     // The places of those that are, counted from 1.
     long places = 0;
     for (std::size_t k = 0; k < std::size(apart); ++k)
         places = apart[k] ? places * 100 + static_cast<long>(k) + 1 : places;
     return places;
+}
+
+long OpenControls(V v)
+{
+    constexpr int Controls[] = {IDC_WM_NAME,         IDC_WM_TEXT,       IDC_WM_FACE,   IDC_WM_SIZE,
+                                IDC_WM_SIZE_SPIN,    IDC_WM_SHADING,    IDC_WM_ITALIC, IDC_WM_BOLD,
+                                IDC_WM_SHADING_SPIN, IDC_WM_ANGLE_MODE, IDC_WM_CENTER, IDC_WM_USER_POSITION};
+    return std::ranges::count_if(Controls, [&](int control) { return v.Enabled(control); });
+}
+constexpr int EditorControls = 12;
+// What OK has stored is what the list holds; what there is no room for goes, from the end.
+long StoredWatermarksApart(V v)
+{
+    if (v.closed != IDD_WATERMARK || !v.start.mayChange) return 0;
+    std::string names, texts, attributes, count = "0";
+    for (int k = 1; const WatermarkRecord* row = WatermarkRowAt(k); ++k) {
+        const auto lines = [&](const char16_t* value) {
+            return testing_support::StoredLines(*v.start.machine, value, testing_support::TestPrinter);
+        };
+        names += platform::ToUtf8(row->wmName) + "/";
+        texts += platform::ToUtf8(row->wmText) + "/";
+        for (const int number :
+             {row->wmRemovable + 0, row->wmShading + 0, row->wmSize + 0, row->wmPositionMode + 0, row->wmPositionY + 0,
+              row->wmPositionX + 0, row->wmItalic + 2 * row->wmBold, row->wmAngleMode + 0, row->wmAngle + 0})
+            attributes += std::to_string(number) + "|";
+        attributes += platform::ToUtf8(row->wmFaceName) + "/";
+        count = std::to_string(k) + "/";
+        if (lines(u"WatermarkTextName") == count + names)
+            return lines(u"WatermarkText") != count + texts ? 1 : lines(u"WatermarkAttributes") != attributes ? 2 : 0;
+    }
+    return WatermarkCount == 0 ? 0 : 3;
+}
+
+// The order of the pages: what the record asks for, and what the radio buttons say.
+long OrderOf(const DriverDevMode& record) { return (record.dmNupVertical ? 2 : 0) + (record.dmNupDescending ? 1 : 0); }
+long PickedOrder(V v)
+{
+    constexpr int Buttons[] = {IDC_HORIZ_ASCENDING, IDC_HORIZ_DESCENDING, IDC_VERT_ASCENDING, IDC_VERT_DESCENDING};
+    static long picked = -1;  // when the dialog was last looked at
+    if (v.dialog == IDD_NUP_STYLE)
+        picked = std::ranges::find_if(Buttons, [&](int button) { return v.Checked(button); }) - Buttons;
+    return picked;
+}
+
+// What the fields of the overlay editor last said.
+struct EditedOverlay {
+    std::u16string name, path;
+    bool operator==(const EditedOverlay&) const = default;
+};
+EditedOverlay FieldsOfOverlay(V v)
+{
+    static EditedOverlay fields;
+    if (v.dialog == IDD_OVERLAY_EDIT) fields = {v.Text(IDC_OVL_NAME), v.Text(IDC_OVL_PATH)};
+    return fields;
+}
+EditedOverlay OverlayUnderEdit(bool empty = false)
+{
+    return empty || !OverlayEditing ? EditedOverlay() : EditedOverlay{OverlayEditing->ovName, OverlayEditing->ovPath};
+}
+// After OK of the list: the rows in memory are those that are stored, and a new one is what the job makes.
+long StoredOverlaysApart(V v)
+{
+    if (v.closed != IDD_OVERLAY_LIST || !v.start.mayChange) return 0;
+    const auto stored = testing_support::OverlaysOf(*v.start.machine, testing_support::TestPrinter);
+    const OverlayEntry* row = NextOverlay(OverlayList);
+    for (const OverlayEntry& entry : stored.rows) {
+        if (!row || std::u16string_view(row->ovName) != entry.ovName || row->ovPending != entry.ovPending) return 1;
+        row = NextOverlay(row);
+    }
+    return row ? 2 : 0;
 }
 
 bool Pending(V v)
@@ -184,7 +265,8 @@ long OverlayListApart(V v)
 
 // clang-format off
 const Invariant Dialogs[] = {
-    {"N-up order",              IDD_NUP_STYLE, OnceHeld, [](V v) { return Pair(v.Checked(IDC_HORIZ_ASCENDING) + v.Checked(IDC_HORIZ_DESCENDING) + v.Checked(IDC_VERT_ASCENDING) + v.Checked(IDC_VERT_DESCENDING), 1); }},
+    {"N-up order",              IDD_NUP_STYLE, Always, [](V v) { return Pair(PickedOrder(v), OrderOf(v.record)); }},
+    {"N-up order taken",        IDD_SETUP,     Always, [](V v) { return v.closed == IDD_NUP_STYLE ? Pair(OrderOf(v.record), PickedOrder(v)) : Pair(0, 0); }},
     {"custom rows",             IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(PaperRowsApart(v), 0); }},
     {"custom limits",           IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(PapersBeyondLimits(v), 0); }},
     {"custom fields",           IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(PaperFieldsApart(v), 0); }},
@@ -200,19 +282,26 @@ const Invariant Dialogs[] = {
     {"watermark angle",         IDD_WATERMARK, Always, [](V v) { return Pair(v.Shows(IDC_WM_ANGLE, WatermarkEdit.wmAngle), WatermarkEdit.wmAngle); }},
     {"watermark limits",        IDD_WATERMARK, Always, [](V v) { return Pair(BadWatermarks(v), 0); }},
     {"thirty watermarks",       IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_NEW), v.mayEdit && WatermarkCount < MostWatermarks); }},
-    {"watermark editor locked", IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_NAME) + v.Enabled(IDC_WM_TEXT) + v.Enabled(IDC_WM_SIZE) + v.Enabled(IDC_WM_ANGLE_MODE), RowOpen(v) ? 4 : 0); }},
+    {"watermark editor locked", IDD_WATERMARK, Always, [](V v) { return Pair(OpenControls(v), RowOpen(v) ? EditorControls : 0); }},
     {"watermark angle locked",  IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_ANGLE), RowOpen(v) && WatermarkEdit.wmAngleMode == 3); }},
     {"watermark place locked",  IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_HORIZONTAL) + v.Enabled(IDC_WM_VERTICAL), RowOpen(v) && WatermarkEdit.wmPositionMode ? 2 : 0); }},
     {"watermark delete locked", IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_DELETE) && !RowOpen(v), 0); }},
+    {"watermarks stored",       IDD_SETUP, Always, [](V v) { return Pair(StoredWatermarksApart(v), 0); }},
+    {"overlay fields",          IDD_OVERLAY_EDIT, Always, [](V v) { return Pair(FieldsOfOverlay(v) != OverlayUnderEdit(OverlayIsNew != 0), 0); }},
+    {"overlay fields taken",    IDD_OVERLAY_LIST, Always, [](V v) { return Pair(v.closed == IDD_OVERLAY_EDIT && OverlayUnderEdit() != FieldsOfOverlay(v), 0); }},
+    {"overlays stored",         IDD_SETUP, Always, [](V v) { return Pair(StoredOverlaysApart(v), 0); }},
     {"overlay list rows",       IDD_OVERLAY_LIST, Always, [](V v) { return Pair(OverlayListApart(v), 0); }},
     {"one new overlay",         IDD_OVERLAY_LIST, Always, [](V v) { return Pair(v.Enabled(IDC_OVL_NEW), !Pending(v)); }},
     {"overlay edit locked",     IDD_OVERLAY_LIST, Always, [](V v) { return Pair(v.Enabled(IDC_OVL_EDIT), !Pending(v) && v.Selection(IDC_OVL_LIST) != 0); }},
-    {"overlay delete locked",   IDD_OVERLAY_LIST, Always, [](V v) { return Pair(v.Enabled(IDC_OVL_DELETE) && v.Selection(IDC_OVL_LIST) == 0, 0); }},
+    {"overlay delete locked",   IDD_OVERLAY_LIST, Always, [](V v) { return Pair(v.Enabled(IDC_OVL_DELETE), v.Selection(IDC_OVL_LIST) > 0); }},
 };
 
 constexpr Exception DialogsApart[] = {
     {"watermark list rows", [](V v) { return WatermarkListApart(v, false) == 0; }, "a row that was left with a blank or a taken name shows it and keeps its own"},
     {"custom limits",   [](V v) { return v.Typing(IDC_CP_WIDTH_INCH); }, "whole inches at their limit bring the sixteenths along when the field is left"},
+    {"N-up order", [](V v) { return v.dialogBefore == IDD_NUP_STYLE; }, "what is picked waits for OK"},
+    {"overlay fields", [](V v) { return v.dialogBefore == IDD_OVERLAY_EDIT; }, "what is typed waits for OK"},
+    {"overlay delete locked", [](V v) { return v.Selection(IDC_OVL_LIST) < 0; }, "an index that the list does not have selects nothing, and is not that of the head"},
     {"overlay list rows", [](V v) { return v.Selection(IDC_OVL_LIST) < 0; }, "where nothing is selected the head is under edit, and the list keeps its name"},
     {"watermark angle", [](V) { return WatermarkEdit.wmAngleMode == 2; }, "the preview works the diagonal out anew; the locked field keeps the angle of the list"},
 };

@@ -1,7 +1,5 @@
 #include "tests/random/invariants.h"
 
-#include <algorithm>
-
 #include "resources/control_numbers.h"
 
 namespace random_use {
@@ -18,17 +16,23 @@ bool IsPage(int dialog)
 bool Judge::Excused(const Invariant& row, const Pair& now, const View& view)
 {
     const auto known = excused_.find(row.name);
-    if (known != excused_.end() && known->second == now) return true;
-    const auto excuses = [&](const Exception& exception) {
-        return std::string_view(exception.invariant) == row.name && exception.when(view);
-    };
-    if (!std::ranges::any_of(PageExceptions, excuses) && !std::ranges::any_of(DialogExceptions, excuses)) return false;
-    excused_.insert_or_assign(row.name, now);
-    return true;
+    if (known != excused_.end() && known->second.pair == now) return true;
+    for (const auto exceptions : {PageExceptions, DialogExceptions}) {
+        for (const Exception& exception : exceptions) {
+            if (std::string_view(exception.invariant) != row.name || !exception.when(view)) continue;
+            excused_.insert_or_assign(row.name, Excuse{now, exception.lasts});
+            return true;
+        }
+    }
+    return false;
 }
 
 std::string Judge::Wrong(const View& view)
 {
+    if (IsPage(view.dialog) && view.page != page_) {
+        page_ = view.page;
+        std::erase_if(excused_, [](const auto& excuse) { return !excuse.second.lasts; });
+    }
     for (const auto rows : {PageInvariants, DialogInvariants}) {
         for (const Invariant& row : rows) {
             if (row.dialog == AnyPage ? !IsPage(view.dialog) : row.dialog != view.dialog) continue;

@@ -35,11 +35,12 @@ struct Invariant {
 extern const std::span<const Invariant> PageInvariants, DialogInvariants;
 
 // Where the driver itself leaves a control and the record apart. The excuse counts from the moment that the two part,
-// and until one of them changes.
+// and until one of them changes or another page comes to the front.
 struct Exception {
     const char* invariant;
     bool (*when)(const View&);
     const char* reason;
+    bool lasts = false;  // also when another page comes to the front, which puts nothing right
 };
 extern const std::span<const Exception> PageExceptions, DialogExceptions;
 
@@ -51,8 +52,13 @@ class Judge {
   private:
     bool Excused(const Invariant& row, const Pair& now, const View& view);
 
-    std::map<std::string_view, Pair> excused_;
+    struct Excuse {
+        Pair pair;
+        bool lasts;
+    };
+    std::map<std::string_view, Excuse> excused_;
     std::set<std::string_view> held_;
+    HWND page_ = nullptr;  // in front
 };
 
 }  // namespace random_use

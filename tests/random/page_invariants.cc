@@ -5,6 +5,8 @@
 #include "settings/list_rows.h"
 #include "settings/model_tables.h"
 #include "tests/random/invariants.h"
+#include "tests/support/custom_papers.h"
+#include "tests/support/sheet_driver.h"
 #include "watermark/overlay_list.h"
 #include "watermark/watermark_list.h"
 
@@ -88,7 +90,24 @@ DWORD StoredDword(V v, const char16_t* name)
     if (value && value->bytes.size() == 4) std::memcpy(&number, value->bytes.data(), 4);
     return number;
 }
-long StoredPapers(V v) { return static_cast<long>(StoredDword(v, u"CustomPaperDataSize") / sizeof(CustomPaperEntry)); }
+// Sizes of a printer in memory and in its store.
+long StoredPapersApart(V v)
+{
+    if (!v.start.soundPapers) return 0;
+    const auto stored = StoredDword(v, u"CustomPaperDataSize")
+                            ? testing_support::PapersOf(*v.start.machine, testing_support::TestPrinter)
+                            : std::vector<CustomPaperEntry>();
+    long apart = PaperRowCount - BuiltInPaperRows - static_cast<long>(stored.size());
+    for (int number = BuiltInPaperRows; const CustomPaperEntry& entry : stored) {
+        const PaperRow* row = PaperRowAt(number++);
+        if (!row) return 1000;
+        apart += row->code != entry.cpCode || std::u16string_view(row->name) != entry.cpName ||
+                 row->size->psUnit != entry.cpUnit ||
+                 (entry.cpUnit == UnitMillimetres &&
+                  (row->size->psWidth != entry.cpWidth || row->size->psLength != entry.cpHeight));
+    }
+    return apart;
+}
 
 // clang-format off
 const Invariant Pages[] = {
@@ -148,7 +167,7 @@ const Invariant Pages[] = {
     // Paper.
     {"paper list",              IDD_PAPER, Always,   [](V v) { return Pair(v.Data(IDC_DOCUMENT_SIZE), v.record.dmPaperSize); }},
     {"paper rows",              IDD_PAPER, Always,   [](V v) { return Pair(DocumentRowsApart(v), 0); }},
-    {"stored papers",           IDD_PAPER, Always,   [](V v) { return Pair(v.start.soundPapers ? PaperRowCount - BuiltInPaperRows : StoredPapers(v), StoredPapers(v)); }},
+    {"stored papers",           IDD_PAPER, Always,   [](V v) { return Pair(StoredPapersApart(v), 0); }},
     {"paper length",            IDD_PAPER, Always,   [](V v) { const PaperRow* row = PaperRowAt(SelectedPaperRow); return Pair(row ? row->size->psLengthDots : -1, v.record.dmPaperLength); }},
     {"paper width",             IDD_PAPER, Always,   [](V v) { const PaperRow* row = PaperRowAt(SelectedPaperRow); return Pair(row ? row->size->psWidthDots : -1, v.record.dmPaperWidth); }},
     {"edit custom locked",      IDD_PAPER, Always,   [](V v) { return Pair(v.Enabled(IDC_EDIT_CUSTOM), v.mayEdit && SelectedSource != 2); }},
@@ -197,18 +216,18 @@ const Invariant Pages[] = {
 };
 
 constexpr Exception PagesApart[] = {
-    {"N-up list",       [](V v) { return Booklet(v); }, "a booklet shows as 2-up, whatever count the record brought"},
-    {"border",          [](V v) { return !v.Enabled(IDC_BORDER_LINE) && !Unscaled(v); }, "scaling takes the border from the record and locks its check, which keeps its mark"},
-    {"guide paper",     [](V v) { return !v.Enabled(IDC_GUIDE_PAPER); }, "without duplex the locked check stands checked, and duplex later only unlocks it"},
+    {"N-up list",       [](V v) { return Booklet(v) && v.Selection(IDC_NUP) == 1; }, "a booklet shows as 2-up, whatever count the record brought, and so does the list where it is refused", true},
+    {"border",          [](V v) { return !v.Enabled(IDC_BORDER_LINE) && !Unscaled(v); }, "scaling takes the border from the record and locks its check, which keeps its mark", true},
+    {"guide paper",     [](V v) { return !v.Enabled(IDC_GUIDE_PAPER); }, "without duplex the locked check stands checked, and duplex later only unlocks it", true},
     {"duplex list",     [](V v) { return v.Count(IDC_DUPLEX) == 3 && DuplexPosition(v) > 2; }, "the short list has no row for the booklet that a record brought"},
     {"source list",     [](V v) { return !v.Offers(IDC_PAPER_SOURCE, v.record.dmDefaultSource); }, "a source that dropped out of the list stays in the record; the list shows its first row"},
     {"watermark list",  [](V v) { return v.record.dmWatermark.wmId < 1 || v.record.dmWatermark.wmId > WatermarkCount; }, "the record brought a watermark that the printer does not have"},
     {"N-up style locked", [](V v) { return v.before.dmBookletPaper != 0 && !v.Enabled(IDC_NUP_STYLE); }, "as N-up, where duplex takes a booklet away"},
     {"watermark of the job", RowsKeepNumbers, "rows keep their numbers behind one that was deleted, until the list is loaded anew; a record that is brought up to date by number takes the row that has moved there"},
-    {"scaling",         [](V v) { return v.record.dmFitToPaper == 2 && v.before.dmZoom != 100; }, "a record that is both scaled and fitted loses its scaling; the locked field is put right when it is left"},
+    {"scaling",         [](V v) { return v.record.dmFitToPaper == 2 && !v.Enabled(IDC_SCALING); }, "a record that is both scaled and fitted shows its scaling, locked, and loses it when the field is left"},
     {"smoothtone locked", [](V v) { return v.record.dmFixedResolution > 1 || v.record.dmFixedResolution < 0; }, "Default unlocks smoothtone and clears a fixed resolution of 1 alone"},
     {"edit custom locked", [](V v) { return v.record.dmDefaultSource == 2 && !(v.record.dmDeviceFlags & 128); }, "a Tray2 that is not there counts as Tray1 in front, until Default asks the record again"},
-    {"a paper comes in its media", [](V v) { return v.record.dmDefaultSource == 2; }, "Tray2 takes the media back to plain paper and leaves the paper"},
+    {"a paper comes in its media", [](V v) { return v.record.dmDefaultSource == 2 && v.record.dmMediaIndex == 0; }, "Tray2 takes the media back to plain paper and leaves the paper", true},
     {"duplex locked",   [](V v) { return v.record.dmDefaultSource == 2 && !(v.record.dmDeviceFlags & 128); }, "a Tray2 that is not there takes the media back as well; duplex opens with the next refresh"},
     {"paper rows",      [](V) { return SelectedSource == 2; }, "Default filters by media, and the list keeps the papers of Tray2 until the page comes to the front"},
     {"the mode tells of scaling", [](V v) { return FitLocked(v) || v.before.dmNupOn || v.before.dmBookletPaper; }, "N-up and booklets take the mode and leave the scaling for the time after them"},
@@ -219,7 +238,7 @@ constexpr Exception PagesApart[] = {
     {"paper length",    [](V v) { return !v.Offers(IDC_DOCUMENT_SIZE, v.record.dmPaperSize); }, "a paper that the list lacks gets its own size back whenever it is asked for"},
     {"paper width",     [](V v) { return !v.Offers(IDC_DOCUMENT_SIZE, v.record.dmPaperSize); }, "as the length"},
     {"output paper",    [](V v) { return !v.Offers(IDC_OUTPUT_SIZE, v.record.dmOutputPaper); }, "a record's output paper that the list lacks stays until one is picked"},
-    {"shift across",    [](V v) { return v.record.dmImageShiftX == 0 && v.before.dmImageShiftX == 0; }, "a booklet clears the shift on the Setup page; the field says so when it is left"},
+    {"shift across",    [](V v) { return v.record.dmImageShiftX == 0 && v.before.dmImageShiftX == 0; }, "a booklet or Default clears the shift on the Setup page; the field says so when it is left"},
     {"shift down",      [](V v) { return v.record.dmImageShiftY == 0 && v.before.dmImageShiftY == 0; }, "as across"},
     {"resolution",      [](V v) { return ResolutionPosition(v) >= v.Count(IDC_RESOLUTION) && v.Selection(IDC_RESOLUTION) == -1; }, "the short list has no row for the resolution that a record brought"},
     {"graphics mode",   [](V v) { return v.record.dmAllRaster != v.before.dmAllRaster; }, "the modes follow All Raster when the page next comes to the front"},

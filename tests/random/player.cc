@@ -27,6 +27,7 @@
 #include "tests/random/invariants.h"
 #include "tests/support/blank_surface.h"
 #include "tests/support/sheet_driver.h"
+#include "watermark/overlay_list.h"
 
 extern "C" int __lsan_do_recoverable_leak_check() __attribute__((weak));
 
@@ -89,6 +90,8 @@ class Player : public platform::Desktop {
     {
         ++ledger_.boxes[at_];
         boxes_.push_back(request.text);
+        const std::string wrong = MessageWithoutReason(ViewOf(user::DialogOf(user::TopWindow())), request.text);
+        if (!wrong.empty()) Fail(wrong + ", after: " + ScriptOf(now_, 0, 0));
         return (request.style & 0x0F) == MB_OK || now_.ok ? IDOK : IDCANCEL;
     }
     std::optional<std::u16string> PickFile(const platform::FileDialogRequest& request) override
@@ -103,8 +106,16 @@ class Player : public platform::Desktop {
     bool Failed() const { return ledger_.failure[0] != 0; }
     void Fail(const std::string& what) { Note(ledger_.failure, what); }
     bool MoreSteps() const { return ledger_.count < static_cast<int>(given_ ? given_->size() : MostSteps); }
+    View ViewOf(HWND page) const
+    {
+        const bool mayEdit = start_.mayChange && !(start_.mode & DM_NOPERMISSION);
+        const bool fromShell = !platform::CurrentEnvironment().facts->OwnerModule().empty();
+        return {start_,    page,     TemplateOf(page), *CurrentSettings, last_,           mayEdit,
+                fromShell, control_, dialog_,          closed_,          Files[now_.file]};
+    }
     void Take(const Step& step, HWND top);
-    void Look(const Step& step, int dialogBefore, int control);
+    void Look();
+    void Published(LONG result, const std::vector<BYTE>& output);
     void ShowSheet();
 
     Ledger& ledger_;
@@ -113,10 +124,11 @@ class Player : public platform::Desktop {
     Start start_;
     Judge judge_;
     Step now_;  // the step that is being taken
-    int at_ = 0, dialog_ = 0, control_ = Arrival;
+    int at_ = 0, dialog_ = 0, control_ = Arrival, closed_ = 0;
     std::vector<std::u16string> boxes_;
+    std::u16string newOverlay_;  // the path of the one that the next job makes
     bool beeped_ = false, applied_ = false;
-    DriverDevMode last_{};
+    DriverDevMode last_{}, appliedRecord_{};
     platform::StoredValues lastStore_;
 };
 
@@ -127,37 +139,39 @@ void Player::Take(const Step& step, HWND top)
     ledger_.steps[at] = now_ = step;
     const int dialog = dialog_ = TemplateOf(user::DialogOf(top)), control = control_ = ControlOf(step, top);
     boxes_.clear();
-    beeped_ = false;
+    beeped_ = false, closed_ = 0;
     const user::Outcome outcome = Act(step, top);
-    at_ = at, now_ = step, dialog_ = dialog, control_ = control;
-    if (step.action == Action::Apply && outcome == user::Outcome::Done) applied_ = true;
     // A step that was refused may have left a field, and nothing else.
-    Look(step, dialog, outcome == user::Outcome::Done ? control : Elsewhere);
+    at_ = at, now_ = step, dialog_ = dialog, control_ = outcome == user::Outcome::Done ? control : Elsewhere;
+    if (step.action == Action::Apply && outcome == user::Outcome::Done) {
+        applied_ = true;
+        appliedRecord_ = last_;  // before the page came to the front again
+    }
+    Look();
+    if (user::Ended(top) && control_ == IDOK) closed_ = dialog;
 }
 
-void Player::Look(const Step& step, int dialogBefore, int control)
+void Player::Look()
 {
     const HWND top = user::TopWindow();
     if (Failed()) return;
     const platform::StoredValues store = start_.machine->store->Values(TestPrinter);
-    std::string wrong = WrongStores(start_, lastStore_, store, dialogBefore, control);
+    std::string wrong = WrongStores(start_, lastStore_, store, dialog_, control_);
     lastStore_ = store;
     const HWND sheet = user::OpenWindows().empty() ? nullptr : user::OpenWindows().front();
     if (wrong.empty() && top && !user::Ended(sheet)) {
-        const HWND page = user::DialogOf(top);
-        const bool mayEdit = start_.mayChange && !(start_.mode & DM_NOPERMISSION);
-        const bool fromShell = !platform::CurrentEnvironment().facts->OwnerModule().empty();
-        const View view{start_, top, page, TemplateOf(page), *CurrentSettings, last_, mayEdit, fromShell};
-        wrong = WrongChanges(view, dialogBefore, control);
-        for (std::size_t k = 0; k < boxes_.size() && wrong.empty(); ++k)
-            wrong = WrongMessage(view, dialogBefore, control, boxes_[k]);
-        if (wrong.empty() && beeped_ && dialogBefore != IDD_WATERMARK) wrong = "a beep";
+        const View view = ViewOf(user::DialogOf(top));
+        wrong = WrongChanges(view);
+        for (std::size_t k = 0; k < boxes_.size() && wrong.empty(); ++k) wrong = WrongMessage(view, boxes_[k]);
+        if (wrong.empty() && beeped_ && dialog_ != IDD_WATERMARK) wrong = "a beep";
         // The lists of a dialog that has ended are gone.
         if (wrong.empty() && !user::Ended(top)) wrong = judge_.Wrong(view);
         last_ = *CurrentSettings;
+        const OverlayEntry* pending = FindPendingOverlay(OverlayList);
+        newOverlay_ = pending ? pending->ovPath : u"";
     }
     boxes_.clear(), beeped_ = false;
-    if (!wrong.empty()) Fail(wrong + ", after: " + ScriptOf(step, 0, 0));
+    if (!wrong.empty()) Fail(wrong + ", after: " + ScriptOf(now_, 0, 0));
 }
 
 // Also when a dialog ends within a step of the one beneath.
@@ -165,13 +179,13 @@ void Player::Run(HWND top)
 {
     if (user::OpenWindows().size() == 1) {
         judge_ = {};
-        now_ = {Action::Page, true, 0, 0, 0}, dialog_ = 0, control_ = Arrival;
+        now_ = {Action::Page, true, 0, 0, 0}, dialog_ = 0, control_ = Arrival, closed_ = 0;
         last_ = *CurrentSettings;
         lastStore_ = start_.machine->store->Values(TestPrinter);
     }
     // Paints the page before it is looked at.
     user::PaintPending();
-    Look(now_, dialog_, control_);  // what the step has changed that brought the dialog up
+    Look();  // what the step has changed that brought the dialog up
     while (!user::Ended(top) && !Failed() && MoreSteps())
         Take(given_ ? (*given_)[static_cast<std::size_t>(ledger_.count)] : DrawStep(random_, top), top);
     for (int tries = 0; !user::Ended(top); ++tries) {
@@ -202,19 +216,26 @@ void Player::ShowSheet()
         ledger_.count = MostSteps;  // there is nothing to take a step in
         return;
     }
-    const bool untouched = std::all_of(output.begin(), output.end(), [](BYTE byte) { return byte == 0xEE; });
-    if (result != IDOK && result != IDCANCEL) return Fail("the sheet answers " + std::to_string(result));
-    if (result == IDCANCEL && !applied_ && !untouched) return Fail("a cancelled sheet publishes a record");
-    if (result == IDOK && untouched) return Fail("OK publishes nothing");
-    const auto& published = *reinterpret_cast<const DriverDevMode*>(output.data());
-    const bool whole = published.dmSize == RecordPublicSize && published.dmDriverExtra == RecordPrivateSize;
-    if (result == IDOK && whole) {
-        const View view{start_, nullptr, nullptr, dialog_, published, last_, false, false};
-        if (const std::string wrong = WrongChanges(view, dialog_, Confirmed); !wrong.empty())
-            return Fail("published: " + wrong);
-    }
+    Published(result, output);
     // The same user goes on with what was chosen.
     if (result == IDOK && in == nullptr) start_.input.assign(output.begin(), output.begin() + sizeof(DriverDevMode));
+}
+
+void Player::Published(LONG result, const std::vector<BYTE>& output)
+{
+    const bool untouched = std::all_of(output.begin(), output.end(), [](BYTE byte) { return byte == 0xEE; });
+    if (result != IDOK && result != IDCANCEL) return Fail("the sheet answers " + std::to_string(result));
+    if (untouched) return result == IDOK || applied_ ? Fail("nothing is published") : void();
+    if (result == IDCANCEL && !applied_) return Fail("a cancelled sheet publishes a record");
+    const auto& published = *reinterpret_cast<const DriverDevMode*>(output.data());
+    if (published.dmSize != RecordPublicSize || published.dmDriverExtra != RecordPrivateSize) return;
+    // What was chosen behind the last Apply goes with Cancel.
+    const DriverDevMode& chosen = result == IDOK ? last_ : appliedRecord_;
+    const View view{start_, nullptr, dialog_, published, chosen, false, false, Confirmed, dialog_};
+    if (const std::string wrong = WrongChanges(view); !wrong.empty()) Fail("published: " + wrong);
+    if (result == IDOK && !newOverlay_.empty() &&
+        (published.dmOverlayState != 2 || published.dmOverlayFile != newOverlay_))
+        Fail("published: an overlay that is to be made is not named");
 }
 
 void Player::Play()

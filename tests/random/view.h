@@ -12,16 +12,20 @@
 
 namespace random_use {
 
+inline constexpr long NoNumber = -1000000;
+
 struct View {
     const Start& start;
-    HWND top;    // dialog or sheet
-    HWND page;   // the dialog, or the sheet's page in front
+    HWND page;   // the dialog on top, or the sheet's page in front
     int dialog;  // its template
     const DriverDevMode& record;
     const DriverDevMode& before;  // the record before the step
     bool mayEdit;                 // this sheet's user
     bool fromShell;
-
+    int touched;                    // the control that the step was on, as in changes.h
+    int dialogBefore;               // and its dialog
+    int closed = 0;                 // the dialog that ended in the step with OK
+    std::u16string_view file = {};  // what the user answers to a file dialog
     const platform::user::Window& Of(int control) const
     {
         static const platform::user::Window none;
@@ -60,7 +64,13 @@ struct View {
         return false;
     }
     const std::u16string& Text(int control) const { return Of(control).text; }
-    long Number(int control) const { return std::strtol(platform::ToUtf8(Text(control)).c_str(), nullptr, 10); }
+    long Number(int control) const  // nothing is 0, as the driver reads it; what is more than a number is none
+    {
+        const std::string text = platform::ToUtf8(Text(control));
+        char* end = nullptr;
+        const long number = std::strtol(text.c_str(), &end, 10);
+        return *end == 0 ? number : NoNumber;
+    }
     bool Typing(int control) const  // what is typed is put right when the field is left
     {
         return platform::user::FocusWindow() == platform::user::Control(page, control);
