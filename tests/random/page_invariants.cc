@@ -222,7 +222,7 @@ constexpr Exception PagesApart[] = {
     {"duplex list",     [](V v) { return v.Count(IDC_DUPLEX) == 3 && DuplexPosition(v) > 2; }, "the short list has no row for the booklet that a record brought"},
     {"source list",     [](V v) { return !v.Offers(IDC_PAPER_SOURCE, v.record.dmDefaultSource); }, "a source that dropped out of the list stays in the record; the list shows its first row"},
     {"watermark list",  [](V v) { return v.record.dmWatermark.wmId < 1 || v.record.dmWatermark.wmId > WatermarkCount; }, "the record brought a watermark that the printer does not have"},
-    {"N-up style locked", [](V v) { return v.before.dmBookletPaper != 0 && !v.Enabled(IDC_NUP_STYLE); }, "as N-up, where duplex takes a booklet away"},
+    {"N-up style locked", [](V v) { return v.before.dmBookletPaper != 0 && !v.Enabled(IDC_NUP_STYLE); }, "as N-up, where duplex takes a booklet away", true},
     {"watermark of the job", RowsKeepNumbers, "rows keep their numbers behind one that was deleted, until the list is loaded anew; a record that is brought up to date by number takes the row that has moved there"},
     {"scaling",         [](V v) { return v.record.dmFitToPaper == 2 && !v.Enabled(IDC_SCALING); }, "a record that is both scaled and fitted shows its scaling, locked, and loses it when the field is left"},
     {"smoothtone locked", [](V v) { return v.record.dmFixedResolution > 1 || v.record.dmFixedResolution < 0; }, "Default unlocks smoothtone and clears a fixed resolution of 1 alone"},

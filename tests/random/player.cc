@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <fstream>
 #include <functional>
 
 #include "module.h"
@@ -21,6 +20,7 @@
 #include "platform/user/windows.h"
 #include "resources/control_numbers.h"
 #include "settings/options.h"
+#include "spooler/device_sheet.h"
 #include "spooler/document_properties.h"
 #include "tests/random/changes.h"
 #include "tests/random/hands.h"
@@ -89,6 +89,7 @@ class Player : public platform::Desktop {
     int MessageBox(const platform::MessageBoxRequest& request) override
     {
         ++ledger_.boxes[at_];
+        if (device_) return IDOK;
         boxes_.push_back(request.text);
         const std::string wrong = MessageWithoutReason(ViewOf(user::DialogOf(user::TopWindow())), request.text);
         if (!wrong.empty()) Fail(wrong + ", after: " + ScriptOf(now_, 0, 0));
@@ -117,6 +118,7 @@ class Player : public platform::Desktop {
     void Look();
     void Published(LONG result, const std::vector<BYTE>& output);
     void ShowSheet();
+    void ShowDeviceSheet();
 
     Ledger& ledger_;
     Random random_;
@@ -128,6 +130,7 @@ class Player : public platform::Desktop {
     std::vector<std::u16string> boxes_;
     std::u16string newOverlay_;  // the path of the one that the next job makes
     bool beeped_ = false, applied_ = false;
+    bool device_ = false;  // the printer's own sheet is up, which has no record of a job
     DriverDevMode last_{}, appliedRecord_{};
     platform::StoredValues lastStore_;
 };
@@ -154,7 +157,7 @@ void Player::Take(const Step& step, HWND top)
 void Player::Look()
 {
     const HWND top = user::TopWindow();
-    if (Failed()) return;
+    if (Failed() || device_) return;
     const platform::StoredValues store = start_.machine->store->Values(TestPrinter);
     std::string wrong = WrongStores(start_, lastStore_, store, dialog_, control_);
     lastStore_ = store;
@@ -177,7 +180,7 @@ void Player::Look()
 // Also when a dialog ends within a step of the one beneath.
 void Player::Run(HWND top)
 {
-    if (user::OpenWindows().size() == 1) {
+    if (user::OpenWindows().size() == 1 && !device_) {
         judge_ = {};
         now_ = {Action::Page, true, 0, 0, 0}, dialog_ = 0, control_ = Arrival, closed_ = 0;
         last_ = *CurrentSettings;
@@ -238,6 +241,27 @@ void Player::Published(LONG result, const std::vector<BYTE>& output)
         Fail("published: an overlay that is to be made is not named");
 }
 
+void Player::ShowDeviceSheet()
+{
+    device_ = true;
+    std::u16string name = TestPrinter;
+    DEVICEPROPERTYHEADER header{};
+    header.cbSize = sizeof header;
+    header.Flags = start_.mayChange ? 0 : DPS_NOPERMISSION;
+    header.hPrinter = platform::spooler::Open(name, 0);
+    header.pszPrinterName = name.data();
+    DWORD result = 0;
+    platform::services::RunCommonSheet(nullptr, DrvDevicePropertySheets, reinterpret_cast<LPARAM>(&header), &result);
+    platform::spooler::Close(header.hPrinter);
+    device_ = false;
+    if (DeviceSheetOpen || DeviceSettings) Fail("the device sheet is not over");
+    const auto tray2 = start_.machine->store->KeyValue(platform::PrinterKeyPath(TestPrinter), u"tray2");
+    const auto is = [&](char state) {
+        return tray2->bytes == platform::Bytes{static_cast<std::uint8_t>(state), 0, 0, 0};
+    };
+    if (start_.service && start_.mayChange && (!tray2 || (!is('0') && !is('1')))) Fail("Tray2 is not written back");
+}
+
 void Player::Play()
 {
     platform::Environment& environment = platform::CurrentEnvironment();
@@ -245,6 +269,7 @@ void Player::Play()
     environment.desktop = std::shared_ptr<Player>(this, [](Player*) {});
     std::vector<std::size_t> before;
     for (const Counter& counter : Counters) before.push_back(counter.count());
+    if (random_.Chance(1, 10)) ShowDeviceSheet();
     for (int sheet = 0; sheet < 4 && MoreSteps() && !Failed(); ++sheet) ShowSheet();
     for (std::size_t k = 0; k < std::size(Counters); ++k)
         if (Counters[k].count() != before[k])
@@ -267,8 +292,6 @@ Played Play(std::uint64_t seed, const std::optional<std::vector<Step>>& steps)
     static const HMODULE module = platform::modules::Load(QD_MODULE_PATH, &why);
     if (!module) throw std::runtime_error("the module cannot be loaded: " + why);
     ModuleHandle = ResourceHandle = module;
-    std::ofstream("/tmp/qd480-random.oxl") << "overlay";
-
     const pid_t child = fork();
     if (child < 0) throw std::runtime_error("no process for a walk");
     if (child == 0) {
@@ -297,18 +320,25 @@ Played Play(std::uint64_t seed, const std::optional<std::vector<Step>>& steps)
 
 Played Shrink(std::uint64_t seed, const Played& failed)
 {
+    // The same fault: what is told in front of the numbers.
+    const auto fault = [](const Played& played) {
+        return played.failure.substr(0, played.failure.find_first_of("0123456789"));
+    };
     Played shortest = failed;
-    for (std::size_t part = std::max<std::size_t>(failed.steps.size() / 2, 1); part > 0; part /= 2) {
+    for (std::size_t part = std::max<std::size_t>(failed.steps.size() / 2, 1); part > 0;) {
+        const std::size_t before = shortest.steps.size();
         for (std::size_t from = 0; from < shortest.steps.size();) {
             std::vector<Step> fewer = shortest.steps;
             fewer.erase(fewer.begin() + static_cast<std::ptrdiff_t>(from),
                         fewer.begin() + static_cast<std::ptrdiff_t>(std::min(from + part, fewer.size())));
             const Played tried = Play(seed, fewer);
-            if (tried.failure.empty())
+            if (fault(tried) != fault(failed))
                 from += part;
             else
                 shortest = tried;
         }
+        // Until no single step can go.
+        if (part > 1 || shortest.steps.size() == before) part /= 2;
     }
     return shortest;
 }

@@ -18,10 +18,14 @@ std::uint64_t Number(const char* variable, std::uint64_t otherwise)
 
 void Walk(std::uint64_t seed)
 {
-    const Played played = Play(seed);
+    const char* again = std::getenv("QD_RANDOM_STEPS");
+    const Played played = again ? Play(seed, StepsOf(again)) : Play(seed);
     if (played.failure.empty()) return;
-    const Played shortest = Shrink(seed, played);
-    ADD_FAILURE() << "seed " << seed << " (" << played.story << ")\n" << shortest.failure << "\n" << shortest.script;
+    const Played shortest = again ? played : Shrink(seed, played);
+    ADD_FAILURE() << "seed " << seed << " (" << played.story << ")\n"
+                  << shortest.failure << "\n"
+                  << shortest.script << "To play this again: QD_RANDOM_STEPS=" << WordOf(shortest.steps)
+                  << " tools/random_use " << seed << " 1\n";
 }
 
 // The seeds are parted so that several processors share them.

@@ -235,14 +235,22 @@ Start MakeStart(Random& random)
             {stored.begin(), stored.begin() + (hostile ? random.Below(stored.size()) : sizeof(DriverDevMode))});
         start.story += hostile ? ", hostile stored record" : ", legal stored record";
     }
-    if (random.Chance(1, 3))
-        start.machine->store->SetKeyValue(platform::PrinterKeyPath(TestPrinter), u"tray2",
-                                          {
-                                              3, {u'1', 0, 0, 0}
-        });
+    if (random.Chance(1, 3)) {
+        const platform::StoredValue tray2 = {
+            3, random.Chance(1, 4) ? RandomBytes(random, 9) : Bytes{'1', 0, 0, 0}
+        };
+        start.machine->store->SetKeyValue(platform::PrinterKeyPath(TestPrinter), u"tray2", tray2);
+    }
     StorePapersAtRandom(random, start);
     StoreWatermarksAtRandom(random, start);
     StoreOverlaysAtRandom(random, start);
+    const platform::StoredValues values = start.machine->store->Values(TestPrinter);
+    if (!values.empty() && random.Chance(1, 12)) {
+        const std::u16string& name = std::next(values.begin(), random.Below(values.size()))->first;
+        start.machine->store->DeleteValue(TestPrinter, name);
+        start.asBuilt = start.soundPapers = false;
+        start.story += ", without " + platform::ToUtf8(name);
+    }
     return start;
 }
 

@@ -1,5 +1,7 @@
 #include "tests/random/steps.h"
 
+#include <sstream>
+
 #include "platform/kernel/unicode.h"
 
 namespace random_use {
@@ -67,6 +69,36 @@ std::string ScriptOf(const Step& step, int boxes, int files)
     if (files > 0) script += step.file ? "file " + Quoted(Files[step.file]) + '\n' : "file cancel\n";
     for (; boxes > 0; --boxes) script += step.ok ? "answer ok\n" : "answer cancel\n";
     return script;
+}
+
+std::string WordOf(const std::vector<Step>& steps)
+{
+    std::string word;
+    for (const Step& step : steps)
+        for (const int number :
+             {static_cast<int>(step.action), step.ok + 0, step.file + 0, step.control + 0, step.value + 0})
+            word += std::to_string(number) + ",";
+    return word;
+}
+
+std::vector<Step> StepsOf(const std::string& word)
+{
+    std::vector<Step> steps;
+    std::istringstream numbers(word);
+    const auto next = [&numbers] {
+        int number = 0;
+        numbers >> number;
+        numbers.ignore(1, ',');
+        return static_cast<std::int16_t>(number);
+    };
+    while (numbers.peek() != EOF) {
+        const auto action = static_cast<Action>(next());
+        const bool ok = next() != 0;
+        const auto file = static_cast<std::uint8_t>(next());
+        const std::int16_t control = next();
+        steps.push_back({action, ok, file, control, next()});
+    }
+    return steps;
 }
 
 }  // namespace random_use

@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace random_use {
 
@@ -67,17 +68,22 @@ inline const std::array Texts = {
     std::u16string(u"Form"),     std::u16string(u"<NONE>"), std::u16string(u"New Paper0"),
     std::u16string(u"a|b\r\nc"), std::u16string(400, u'W'),
 };
-// Where file dialogs end. The first is no path: the dialog is cancelled.
+// Where file dialogs end. The first is no path: the dialog is cancelled. The second is
+// a file on every machine; the driver takes its path and opens nothing.
 inline const std::array Files = {
     std::u16string(),
-    std::u16string(u"/tmp/qd480-random.oxl"),
-    std::u16string(u"/tmp/qd480-not-there.oxl"),
+    std::u16string(u"/etc/os-release"),
+    std::u16string(u"/etc/not-there.oxl"),
     std::u16string(u"/nowhere/a.oxl"),
-    u"/tmp/" + std::u16string(300, u'f') + u".oxl",
+    u"/etc/" + std::u16string(300, u'f') + u".oxl",
 };
 inline constexpr std::string_view Keys[] = {"TAB", "ENTER", "ESC", "F1"};
 
 // Lines of a script. boxes and files: how many of each the step has brought up.
 std::string ScriptOf(const Step& step, int boxes, int files);
+
+// All of the steps in one word, and back: to play them again.
+std::string WordOf(const std::vector<Step>& steps);
+std::vector<Step> StepsOf(const std::string& word);
 
 }  // namespace random_use
