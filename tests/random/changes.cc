@@ -349,8 +349,9 @@ bool DuplexOfTransparency(V v) { return v.record.dmDuplexOn && SelectedMedia == 
 bool NameIsBlank(V v) { return v.Text(IDC_WM_NAME).find_first_not_of(u' ') == std::u16string::npos; }
 bool NameIsTaken(V v)
 {
+    const std::u16string name = v.Text(IDC_WM_NAME).substr(0, WatermarkNameChars - 1);
     for (int row = 0; row < v.Count(IDC_WM_LIST); ++row)
-        if (row != WatermarkIndex && v.Item(IDC_WM_LIST, row) == v.Text(IDC_WM_NAME)) return true;
+        if (row != WatermarkIndex && v.Item(IDC_WM_LIST, row) == name) return true;
     return false;
 }
 bool NoPath(V v) { return v.Text(IDC_OVL_PATH).empty(); }

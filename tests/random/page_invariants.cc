@@ -219,7 +219,7 @@ constexpr Exception PagesApart[] = {
     {"N-up list",       [](V v) { return Booklet(v) && v.Selection(IDC_NUP) == 1; }, "a booklet shows as 2-up, whatever count the record brought, and so does the list where it is refused", true},
     {"border",          [](V v) { return !v.Enabled(IDC_BORDER_LINE) && !Unscaled(v); }, "scaling takes the border from the record and locks its check, which keeps its mark", true},
     {"guide paper",     [](V v) { return !v.Enabled(IDC_GUIDE_PAPER); }, "without duplex the locked check stands checked, and duplex later only unlocks it", true},
-    {"duplex list",     [](V v) { return v.Count(IDC_DUPLEX) == 3 && DuplexPosition(v) > 2; }, "the short list has no row for the booklet that a record brought"},
+    {"duplex list",     [](V v) { return v.Count(IDC_DUPLEX) == 3 && DuplexPosition(v) > 2; }, "the short list has no row for the booklet that a record brought, and none is selected as it grows", true},
     {"source list",     [](V v) { return !v.Offers(IDC_PAPER_SOURCE, v.record.dmDefaultSource); }, "a source that dropped out of the list stays in the record; the list shows its first row"},
     {"watermark list",  [](V v) { return v.record.dmWatermark.wmId < 1 || v.record.dmWatermark.wmId > WatermarkCount; }, "the record brought a watermark that the printer does not have"},
     {"N-up style locked", [](V v) { return v.before.dmBookletPaper != 0 && !v.Enabled(IDC_NUP_STYLE); }, "as N-up, where duplex takes a booklet away", true},
