@@ -350,8 +350,12 @@ bool NameIsBlank(V v) { return v.Text(IDC_WM_NAME).find_first_not_of(u' ') == st
 bool NameIsTaken(V v)
 {
     const std::u16string name = v.Text(IDC_WM_NAME).substr(0, WatermarkNameChars - 1);
+    const auto is = [&](int row) {  // as it is shown or as it is
+        const WatermarkRecord* record = WatermarkRowAt(row);
+        return v.Item(IDC_WM_LIST, row) == name || (record && record->wmName == name);
+    };
     for (int row = 0; row < v.Count(IDC_WM_LIST); ++row)
-        if (row != WatermarkIndex && v.Item(IDC_WM_LIST, row) == name) return true;
+        if (row != WatermarkIndex && is(row)) return true;
     return false;
 }
 bool NoPath(V v) { return v.Text(IDC_OVL_PATH).empty(); }
