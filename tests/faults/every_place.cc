@@ -17,6 +17,8 @@
 #include "platform/user/window.h"
 #include "tests/support/failing_places.h"
 
+extern "C" int __lsan_do_recoverable_leak_check() __attribute__((weak));
+
 namespace testing_support {
 
 namespace {
@@ -110,6 +112,7 @@ void Try(Attempt attempt, const std::function<void(Attempt&)>& walk)
     walk(attempt);
     EXPECT_GE(attempt.Failed(), 1u) << "the place is not reached";
     leftBehind.Check(attempt);
+    EXPECT_FALSE(__lsan_do_recoverable_leak_check && __lsan_do_recoverable_leak_check());
 }
 
 FaultPlan::Counters CallsOf(const std::function<void(Attempt&)>& walk)
@@ -128,6 +131,14 @@ void Attempt::Begin() const
     faults.CountCalls(true);
     if (mode_ == Mode::All) faults.AddAll(call_);
     if (mode_ == Mode::Once || mode_ == Mode::Later) faults.Add(function_, call_, mode_ == Mode::Later);
+}
+
+void Attempt::Note(int place)
+{
+    std::uint64_t sum = 0;
+    for (const auto& [function, count] : platform::CurrentEnvironment().faults.Failures()) sum += count;
+    if (sum != noted_) places_.insert(place);
+    noted_ = sum;
 }
 
 void Attempt::End()

@@ -2,7 +2,7 @@
 // alone, that function from there on, and everything from there on. A walk makes its own machine, turns the faults
 // on when all stands and off before it looks at what has come of it.
 //
-// Of the places about one in every so many is tried; all of them with QD480_EVERY_FAILURE in the environment.
+// Of the places about one in every so many is tried; all of them by tools/every_failure.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <set>
 #include <string>
 
 #include "platform/seams/fault_plan.h"
@@ -31,6 +32,9 @@ class Attempt {
     bool Clean() const { return mode_ == Mode::Clean; }
     bool Single() const { return mode_ == Mode::Once; }
     std::string Name() const;
+    // To be called where something has been done: whatever has failed since then failed there.
+    void Note(int place);
+    bool FailedAt(int place) const { return places_.contains(place); }
     // How often calls of these functions have failed.
     std::uint64_t Failed(std::initializer_list<const char*> functions) const;
     std::uint64_t Failed() const;  // of any
@@ -41,6 +45,8 @@ class Attempt {
     std::string function_;
     std::uint64_t call_ = 0;
     platform::FaultPlan::Counters calls_, failures_;
+    std::set<int> places_;
+    std::uint64_t noted_ = 0;  // failures so far
 };
 
 // Tries the places in one way and checks after each that nothing has been kept but what could not be given back,

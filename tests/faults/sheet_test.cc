@@ -74,6 +74,11 @@ constexpr Step Script[] = {
     {IDD_WATERMARK,    Do::Click,  IDOK},
     {IDD_WATERMARK,    Do::Click,  IDOK},
 
+    {Sheet,            Do::Click,  IDC_EDIT_WATERMARK},
+    {IDD_WATERMARK,    Do::Click,  IDC_WM_DELETE},
+    {IDD_WATERMARK,    Do::Click,  IDC_WM_NEW},
+    {IDD_WATERMARK,    Do::Click,  IDCANCEL},
+
     {Sheet,            Do::Pick,   IDC_OVERLAY, 1},
     {Sheet,            Do::Click,  IDC_OVERLAY_FIRST_PAGE},
     {Sheet,            Do::Click,  IDC_EDIT_OVERLAY},
@@ -91,6 +96,9 @@ constexpr Step Script[] = {
     {IDD_OVERLAY_EDIT, Do::Click,  IDOK},
     {IDD_OVERLAY_LIST, Do::Pick,   IDC_OVL_LIST, 1},
     {IDD_OVERLAY_LIST, Do::Click,  IDOK},
+    {Sheet,            Do::Click,  IDC_EDIT_OVERLAY},
+    {IDD_OVERLAY_LIST, Do::Click,  IDC_OVL_DELETE},
+    {IDD_OVERLAY_LIST, Do::Click,  IDCANCEL},
     {Sheet,            Do::Click,  IDC_SETUP_PRINTER_FIGURE},
 
     {Sheet,            Do::Page,   2},
@@ -135,6 +143,9 @@ constexpr Step Script[] = {
     {IDD_CUSTOM_PAPER, Do::Click,  IDC_CP_DELETE},
     {IDD_CUSTOM_PAPER, Do::Click,  IDOK},
     {IDD_CUSTOM_PAPER, Do::Click,  IDOK},
+    {Sheet,            Do::Click,  IDC_EDIT_CUSTOM},
+    {IDD_CUSTOM_PAPER, Do::Click,  IDC_CP_DELETE},
+    {IDD_CUSTOM_PAPER, Do::Click,  IDCANCEL},
     {Sheet,            Do::Apply},
 
     {Sheet,            Do::Help},
@@ -189,11 +200,13 @@ class ScriptUser : public platform::Desktop {
     void Run(HWND top) override
     {
         const int here = ModalDialog(top);
+        attempt_.Note(here);  // on the way here
         while (!user::Ended(top) && next_ < std::size(Script)) {
             const Step& step = Script[next_];
             if (step.dialog == here) {
                 ++next_;
                 const user::Outcome outcome = Take(step, top);
+                attempt_.Note(here);
                 if (attempt_.Clean()) {
                     EXPECT_EQ(outcome, user::Outcome::Done) << "step " << &step - Script;
                 }
@@ -265,12 +278,13 @@ constexpr std::initializer_list<const char*> Loaders = {"OpenPrinterW",       "G
                                                         "GlobalLock",         "LB_INSERTSTRING", "CB_INSERTSTRING",
                                                         "SendDlgItemMessageW"};
 
-void CheckList(const char* what, const RowNames& names, const RowNames& whole, const Attempt& attempt)
+// A list is loaded and saved by its dialog and by the sheet.
+void CheckList(const char* what, int dialog, const RowNames& names, const RowNames& whole, const Attempt& attempt)
 {
     if (attempt.Clean()) {
         EXPECT_EQ(names, whole) << what;
     }
-    if (attempt.Failed(Loaders) == 0) {
+    if (attempt.Failed(Loaders) == 0 || (!attempt.FailedAt(dialog) && !attempt.FailedAt(Sheet))) {
         EXPECT_EQ(std::count(names.begin(), names.end(), u"Kept"), 1) << what;
     }
 }
@@ -278,11 +292,14 @@ void CheckList(const char* what, const RowNames& names, const RowNames& whole, c
 void CheckStore(Machine& machine, const Attempt& attempt)
 {
     const bool mayDiffer = attempt.Failed({"SetPrinterDataW"}) > 0;
-    CheckList("watermarks", WatermarkNamesStored(machine, mayDiffer), {u"Kept", u"Gone", u"Watermark"}, attempt);
+    CheckList("watermarks", IDD_WATERMARK, WatermarkNamesStored(machine, mayDiffer), {u"Kept", u"Gone", u"Watermark"},
+              attempt);
     // A size's name is held against what the list shows, which may no longer tell it.
     const bool mayRepeat = !attempt.Single() && attempt.Failed({"SendDlgItemMessageW"}) > 0;
-    CheckList("papers", PaperNames(machine, mayDiffer, mayRepeat), {u"Gone2", u"Kept", u"New Paper0"}, attempt);
-    CheckList("overlays", OverlayNames(machine, mayDiffer), {u"Kept", u"Bill", u"Form Overlay-3-"}, attempt);
+    CheckList("papers", IDD_CUSTOM_PAPER, PaperNames(machine, mayDiffer, mayRepeat), {u"Gone2", u"Kept", u"New Paper0"},
+              attempt);
+    CheckList("overlays", IDD_OVERLAY_LIST, OverlayNames(machine, mayDiffer), {u"Kept", u"Bill", u"Form Overlay-3-"},
+              attempt);
     EXPECT_EQ(machine.store->Value(TestPrinter, u"PrinterData")->bytes, (platform::Bytes{0, 4, 8, 0, 1, 0, 0, 0}));
     EXPECT_EQ(machine.store->Values(TestPrinter).size(), 9u);
     EXPECT_TRUE(machine.store->DefaultRecord(TestPrinter).empty());
