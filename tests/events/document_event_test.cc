@@ -159,15 +159,6 @@ TEST_F(DocumentEvents, TheDiagonalOfThePageGoesIntoTheCallersRecord)
     EXPECT_THAT(side.Take(), IsEmpty());
 }
 
-TEST_F(DocumentEvents, WithoutARecordNothingIsReady)
-{
-    StampReady = true;
-    EXPECT_EQ(Create(nullptr), 1);
-    EXPECT_FALSE(StampReady);
-    EXPECT_EQ(Event(1, 4 * Word, nullptr), 0);
-    EXPECT_EQ(Event(3, Word, nullptr), 1);
-}
-
 struct ShortRow {
     std::size_t publicBytes, privateBytes;
     SHORT qualityAfter;
@@ -233,16 +224,6 @@ TEST_F(DocumentEvents, APageIsStampedFromWhatTheRenderingSideHolds)
     Machine::Fail("GlobalAlloc");
     EXPECT_EQ(Event(7), 0);
     EXPECT_THAT(side.Take(), IsEmpty());
-}
-
-TEST_F(DocumentEvents, StartAndEndOfADocumentCountFromNothing)
-{
-    for (const int event : {5, 0x10005, 8}) {  // the low 16 bits count
-        StampPageCount = 7;
-        EXPECT_EQ(Event(event), 1);
-        EXPECT_EQ(StampPageCount, 0u) << event;
-    }
-    EXPECT_EQ(side.Take().size(), 10u);  // the header of two starts
 }
 
 }  // namespace

@@ -173,17 +173,4 @@ TEST(LanguageCodes, AreThePrintedList)
     EXPECT_EQ(keys.size(), 127u);
 }
 
-TEST_F(JobHeader, WhatTheRenderingSideRefusesStopsNothing)
-{
-    for (const int answer : {0, -1}) {
-        side.answer = answer;
-        EXPECT_EQ(Sent().size(), 5u);
-    }
-    for (std::uint64_t call = 1; call <= 5; ++call) {
-        platform::CurrentEnvironment().faults.Clear();
-        Machine::Fail("ExtEscape", call);
-        EXPECT_EQ(Sent().size(), 4u);
-    }
-}
-
 }  // namespace

@@ -70,21 +70,6 @@ TEST_F(OverlayPending, ClearsEveryFlagAndNothingElse)
     }
 }
 
-TEST_F(OverlayPending, WritesOnlyWhatHasChanged)
-{
-    StoreList(List({0, 0}, 2124), 2124);
-    auto calls = Calls();
-    EXPECT_EQ(calls["OpenPrinterW"], 1u);
-    EXPECT_EQ(calls["SetPrinterDataW"], 0u);
-    StoreList({}, 0);
-    EXPECT_EQ(Calls()["OpenPrinterW"], 1u);
-    StoreList(List({1}, 1064), 1064);
-    calls = Calls();
-    EXPECT_EQ(calls["OpenPrinterW"], 2u);
-    EXPECT_EQ(calls["ClosePrinter"], 2u);
-    EXPECT_EQ(calls["SetPrinterDataW"], 2u);
-}
-
 TEST_F(OverlayPending, APrinterThatCannotBeOpenedKeepsItsFlags)
 {
     const Bytes pending = List({1}, 1064);
@@ -100,19 +85,6 @@ TEST_F(OverlayPending, APrinterThatCannotBeOpenedKeepsItsFlags)
     platform::CurrentEnvironment().faults.Clear();
     PrinterName[0] = 0;
     EXPECT_EQ(ResetOverlayPending(), 0);
-}
-
-TEST_F(OverlayPending, AListWhoseLengthLiesIsReadWithinItsBytes)
-{
-    const Bytes pending = List({1}, 1064);
-    StoreList(pending, 1063);
-    EXPECT_EQ(ResetOverlayPending(), 1);
-    EXPECT_EQ(Stored(u"OverlayData"), pending);
-    StoreList(pending, 1064 + 500);
-    EXPECT_EQ(ResetOverlayPending(), 1);
-    Bytes longer = List({0}, 1064);
-    longer.resize(1564);
-    EXPECT_EQ(Stored(u"OverlayData"), longer);
 }
 
 }  // namespace

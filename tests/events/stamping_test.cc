@@ -154,28 +154,6 @@ TEST_F(Stamping, PlacesTheTextOnEveryPageAtEveryAngle)
     }
 }
 
-TEST_F(Stamping, DrawsInItsShadeOnThePrintableArea)
-{
-    record.dmPrintQuality = 300;
-    ASSERT_EQ(PrepareWatermark(nullptr, record), 1);
-    const auto calls = StampTraced();
-    // COPY at height 300 is 600 by 337 with the built-in metrics.
-    EXPECT_THAT(calls, testing::Contains(testing::HasSubstr("ExtTextOutW [900,1450,0,null,\"COPY\",4,null]")));
-    EXPECT_THAT(calls, testing::Contains(testing::HasSubstr("SetTextColor [13421772]")));
-    EXPECT_THAT(calls, testing::Contains(testing::HasSubstr("SetWindowExtEx [2449,-3199]")));
-}
-
-TEST_F(Stamping, APageWhoseFontCannotBeMadeCountsAllTheSame)
-{
-    PrepareWatermark(nullptr, record);
-    Machine::Fail("CreateFontIndirectW");
-    EXPECT_EQ(StampPage(job), 0);
-    EXPECT_EQ(StampPageCount, 1u);
-    Machine::Fail("SelectObject");
-    EXPECT_EQ(StampPage(job), 1);
-    EXPECT_EQ(StampPageCount, 2u);
-}
-
 TEST_F(Stamping, TheTextMayBeEmptyOrWithoutTerminator)
 {
     CopyToField(record.dmWatermark.wmText, 73, u"");
@@ -188,17 +166,6 @@ TEST_F(Stamping, TheTextMayBeEmptyOrWithoutTerminator)
     PrepareWatermark(nullptr, record);
     EXPECT_EQ(std::u16string(StampText.data()), std::u16string(73, u'M'));
     EXPECT_THAT(StampTraced(), testing::Contains(testing::HasSubstr("M\",73,null]")));
-}
-
-TEST_F(Stamping, AFaceThatIsNotThereLeavesTheStampAsItWas)
-{
-    PrepareWatermark(nullptr, record);
-    StampReady = false;
-    CopyToField(record.dmWatermark.wmFaceName, 32, u"None");
-    CopyToField(record.dmWatermark.wmText, 73, u"OTHER");
-    EXPECT_EQ(PrepareWatermark(nullptr, record), 0);
-    EXPECT_FALSE(StampReady);
-    EXPECT_EQ(std::u16string(StampText.data()), u"COPY");
 }
 
 }  // namespace

@@ -22,22 +22,6 @@ TEST(FaultPlan, OneCallFails)
     EXPECT_THAT(FiveCalls(plan), ElementsAre(false, true, false, false, false));
 }
 
-TEST(FaultPlan, ACallAndEveryLaterOneFail)
-{
-    FaultPlan plan;
-    plan.Add("GlobalAlloc", 4, true);
-    plan.Add("GlobalAlloc", 1, false);
-    EXPECT_THAT(FiveCalls(plan), ElementsAre(true, false, false, true, true));
-}
-
-TEST(FaultPlan, AnotherFunctionsCallsDoNotCount)
-{
-    FaultPlan plan;
-    plan.Add("GlobalAlloc", 1, false);
-    EXPECT_FALSE(plan.Fails("GlobalFree"));
-    EXPECT_TRUE(plan.Fails("GlobalAlloc"));
-}
-
 TEST(FaultPlan, AllCallsFromOneOnFail)
 {
     FaultPlan plan;
@@ -48,19 +32,6 @@ TEST(FaultPlan, AllCallsFromOneOnFail)
     EXPECT_THAT(plan.Failures(), ElementsAre(Pair("GlobalAlloc", 3), Pair("GlobalFree", 1)));
     plan.Clear();
     EXPECT_THAT(plan.Failures(), testing::IsEmpty());
-}
-
-TEST(FaultPlan, CountsCallsWhenAsked)
-{
-    FaultPlan plan;
-    plan.Fails("GlobalFree");
-    plan.CountCalls(true);
-    plan.Fails("GlobalAlloc");
-    plan.Fails("GlobalAlloc");
-    EXPECT_THAT(plan.Calls(), ElementsAre(Pair("GlobalAlloc", 2)));
-    plan.Clear();
-    plan.Fails("GlobalAlloc");
-    EXPECT_TRUE(plan.Calls().empty());
 }
 
 TEST(FaultPlan, OffersWhatTheLayerExportsAndMessagesThatNeedRoom)

@@ -106,15 +106,6 @@ TEST_F(Bitmaps, ARectangleHasItsOutline)
     EXPECT_EQ(GetPixel(memory.context, 3, 2), Black);
 }
 
-TEST_F(Bitmaps, OnMonochromeTheLighterColoursAreWhite)
-{
-    const Memory memory(2, 1, 1);
-    const HBRUSH light = Own(CreateSolidBrush(RGB(200, 200, 100)));
-    const RECT first{0, 0, 1, 1};
-    FillRect(memory.context, &first, light);
-    EXPECT_THAT(memory.Pixels(), ElementsAre("ffffff", "000000"));
-}
-
 TEST_F(Bitmaps, WhatNeedsASurfaceIsRefused)
 {
     const Memory memory(2, 2, 32);
@@ -192,19 +183,6 @@ TEST_F(Bitmaps, OnASurfaceABlockIsAnImageInItsPlace)
     EXPECT_TRUE(StretchBlt(job, 0, 0, 100, 50, source.context, 5, 0, 2, 1, SRCCOPY));
     EXPECT_THAT(page->Take(), ElementsAre("image 10,20,110,70 of 2x1 0000ff ff0000",
                                           "image 10,20,110,70 of 2x1 ff0000 0000ff", "image 0,0,50,50 of 1x1 ff0000"));
-}
-
-TEST_F(Bitmaps, ASurfaceIsNeverRead)
-{
-    const Memory memory(2, 1, 32);
-    const HDC job = Job();
-    EXPECT_FALSE(StretchBlt(memory.context, 0, 0, 2, 1, job, 0, 0, 2, 1, SRCCOPY));
-    EXPECT_FALSE(StretchBlt(job, 0, 0, 2, 1, memory.context, 0, 0, 2, 1, SRCAND));
-    EXPECT_FALSE(StretchBlt(memory.context, 0, 0, 2, 1, memory.context, 0, 0, 2, 1, 0x00550009));
-    EXPECT_EQ(GetPixel(job, 0, 0), CLR_INVALID);
-    EXPECT_EQ(GetLastError(), ERROR_NOT_SUPPORTED);
-    EXPECT_FALSE(StretchBlt(job, 0, 0, 2, 1, nullptr, 0, 0, 2, 1, SRCCOPY));
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
 }
 
 }  // namespace

@@ -86,44 +86,5 @@ TEST_F(Mapping, IsotropicStartsWithTenthsOfMillimetresAndYRunningUp)
     EXPECT_EQ(viewport.cy, -768);
 }
 
-TEST_F(Mapping, TextModePutsTheExtentsBack)
-{
-    const HDC screen = Context(nullptr);
-    SetMapMode(screen, MM_ANISOTROPIC);
-    SetWindowExtEx(screen, 10, 10, nullptr);
-    EXPECT_EQ(SetMapMode(screen, MM_TEXT), MM_ANISOTROPIC);
-    SIZE window{};
-    EXPECT_TRUE(SetWindowExtEx(screen, 5, 5, &window));
-    EXPECT_EQ(window.cx, 1);
-}
-
-TEST_F(Mapping, AnExtentOfNothingIsRefusedAndChangesNothing)
-{
-    const HDC screen = Context(nullptr);
-    SetMapMode(screen, MM_ANISOTROPIC);
-    SIZE extent{-7, -7};
-    EXPECT_FALSE(SetWindowExtEx(screen, 10, 0, &extent));
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(extent.cx, -7);
-    EXPECT_TRUE(SetWindowExtEx(screen, 10, 10, &extent));
-    EXPECT_EQ(extent.cx, 1);
-}
-
-TEST_F(Mapping, AUnitIsAsLongAcrossAsDownOnAPrinterOfUnevenDots)
-{
-    platform::gdi::JobDevice device;
-    device.dotsPerInchX = 1200;
-    device.dotsPerInchY = 600;
-    const HDC job = platform::gdi::CreateJobContext(device, page, nullptr);
-    SetMapMode(job, MM_ISOTROPIC);
-    SetWindowExtEx(job, 100, 100, nullptr);
-    SetViewportExtEx(job, 100, 100, nullptr);
-    SIZE viewport{};
-    SetViewportExtEx(job, 100, 100, &viewport);
-    EXPECT_EQ(viewport.cx, 100);
-    EXPECT_EQ(viewport.cy, 50);
-    platform::gdi::DeleteJobContext(job);
-}
-
 }  // namespace
 }  // namespace gdi_test

@@ -29,52 +29,6 @@ TEST_F(Shapes, ARectangleIsPutInOrderAndScaled)
     EXPECT_THAT(page->Take(), ElementsAre("rectangle 10,5,50,40 pen 0/1/000000 brush ffffff"));
 }
 
-TEST_F(Shapes, WithoutAnOutlineTheFillingLosesItsLastColumnAndRow)
-{
-    SelectObject(job, GetStockObject(NULL_PEN));
-    Rectangle(job, 10, 10, 20, 12);
-    Rectangle(job, 10, 10, 11, 20);
-    EXPECT_THAT(page->Take(), ElementsAre("fill 10,10,19,11 ffffff"));
-    SelectObject(job, GetStockObject(NULL_BRUSH));
-    EXPECT_TRUE(Rectangle(job, 10, 10, 20, 20));
-    EXPECT_TRUE(LineTo(job, 5, 5));
-    EXPECT_THAT(page->Take(), IsEmpty());
-}
-
-TEST_F(Shapes, APenIsAsWideAsItsUnitsAndNeverThinnerThanAPixel)
-{
-    Stretch(10, 5);
-    Use(CreatePen(PS_SOLID, 8, 0x0000FF));
-    LineTo(job, 20, 0);
-    Use(CreatePen(PS_SOLID, 1, 0));
-    LineTo(job, 40, 0);
-    EXPECT_THAT(page->Take(), ElementsAre("line 0,0 to 10,0 pen 0/4/0000ff", "line 10,0 to 20,0 pen 0/1/000000"));
-}
-
-TEST_F(Shapes, TheGapsOfADottedLineShowAnOpaqueBackground)
-{
-    Use(CreatePen(PS_DOT, 1, 0));
-    SetBkColor(job, 0x00FF00);
-    SelectObject(job, GetStockObject(NULL_BRUSH));
-    Rectangle(job, 0, 0, 9, 9);
-    SetBkMode(job, TRANSPARENT);
-    Rectangle(job, 0, 0, 9, 9);
-    EXPECT_THAT(page->Take(), ElementsAre("rectangle 0,0,9,9 pen 0/1/00ff00 brush none",
-                                          "rectangle 0,0,9,9 pen 2/1/000000 brush none",
-                                          "rectangle 0,0,9,9 pen 2/1/000000 brush none"));
-}
-
-TEST_F(Shapes, TheRasterModeCanMakeAllBlackOrWhite)
-{
-    Use(CreateSolidBrush(0x123456));
-    SetROP2(job, R2_BLACK);
-    Rectangle(job, 0, 0, 9, 9);
-    SetROP2(job, R2_WHITE);
-    Rectangle(job, 0, 0, 9, 9);
-    EXPECT_THAT(page->Take(), ElementsAre("rectangle 0,0,9,9 pen 0/1/000000 brush 000000",
-                                          "rectangle 0,0,9,9 pen 0/1/ffffff brush ffffff"));
-}
-
 TEST_F(Shapes, PolygonsAndArcsGoPointByPoint)
 {
     Stretch(10, 5);
@@ -90,27 +44,6 @@ TEST_F(Shapes, PolygonsAndArcsGoPointByPoint)
     EXPECT_FALSE(Polygon(job, points.data(), 1));
     EXPECT_FALSE(Polygon(job, nullptr, 3));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-}
-
-TEST_F(Shapes, RegionsArePaintedInUnitsButClipInPixels)
-{
-    Stretch(10, 5);
-    const HRGN region = Own(CreateRectRgn(40, 40, 20, 20));
-    EXPECT_TRUE(PaintRgn(job, region));
-    EXPECT_EQ(SelectClipRgn(job, region), SIMPLEREGION);
-    EXPECT_TRUE(FillRgn(job, region, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))));
-    EXPECT_EQ(SelectClipRgn(job, nullptr), SIMPLEREGION);
-    EXPECT_THAT(page->Take(),
-                ElementsAre("fill 10,10,20,20 ffffff", "clip 20,20,40,40", "fill 10,10,20,20 000000", "clip none"));
-}
-
-TEST_F(Shapes, ThroughAnEmptyClipNothingIsSeen)
-{
-    const HRGN region = Own(CreateRectRgn(5, 5, 5, 9));
-    EXPECT_EQ(reinterpret_cast<std::intptr_t>(SelectObject(job, region)), NULLREGION);
-    EXPECT_TRUE(Rectangle(job, 0, 0, 9, 9));
-    EXPECT_TRUE(PaintRgn(job, region));
-    EXPECT_THAT(page->Take(), IsEmpty());
 }
 
 TEST_F(Shapes, TextIsScaledAndTakesItsColours)
@@ -162,20 +95,6 @@ TEST_F(Shapes, TextCanGoOnFromTheCurrentPosition)
     EXPECT_THAT(page->Take(), ElementsAre(testing::StartsWith("text 100,50")));
 }
 
-TEST_F(Shapes, ExtentIsInUnitsWhateverTheMapping)
-{
-    Stretch(10, 1);
-    LOGFONTW font{};
-    font.lfHeight = -300;
-    Use(CreateFontIndirectW(&font));
-    SIZE extent{};
-    EXPECT_TRUE(GetTextExtentPointW(job, u"CONFIDENTIAL", 12, &extent));
-    EXPECT_EQ(extent.cx, 1800);
-    EXPECT_EQ(extent.cy, 337);
-    platform::CurrentEnvironment().fonts = nullptr;
-    EXPECT_FALSE(GetTextExtentPointW(job, u"CONFIDENTIAL", 12, &extent));
-}
-
 int CountUpTo(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM parameter)
 {
     auto* left = reinterpret_cast<int*>(parameter);
@@ -195,31 +114,6 @@ TEST_F(Shapes, FontsComeByFamilyOrByStyleUntilTheCallbackHasEnough)
 }
 
 using WindowShapes = Drawing;
-
-TEST_F(WindowShapes, AControlDrawsInItsPartOfThePictureAndLeavesNoClip)
-{
-    const HDC context = Context(control);
-    RECT client{};
-    EXPECT_TRUE(GetClientRect(control, &client));
-    EXPECT_EQ(client.right, 50);
-    EXPECT_EQ(client.bottom, 30);
-    Rectangle(context, 0, 0, 500, 500);
-    EXPECT_THAT(picture->Take(),
-                ElementsAre("clip 10,20,60,50", "rectangle 10,20,510,520 pen 0/1/000000 brush ffffff", "clip none"));
-    LineTo(Context(dialog), 5, 5);
-    EXPECT_THAT(picture->Take(), ElementsAre("clip 0,0,100,80", "line 0,0 to 5,5 pen 0/1/000000", "clip none"));
-}
-
-TEST_F(WindowShapes, ARegionClipsWithinTheControl)
-{
-    const HDC context = Context(control);
-    const HRGN region = Own(CreateRectRgn(-5, 5, 2000000000, 10));
-    SelectClipRgn(context, region);
-    SetViewportOrgEx(context, 3, 3, nullptr);
-    const RECT box{0, 0, 9, 9};
-    FillRect(context, &box, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
-    EXPECT_THAT(picture->Take(), ElementsAre("clip 10,25,60,30", "fill 13,23,22,32 000000", "clip none"));
-}
 
 TEST_F(WindowShapes, AnEdgeIsNoPartOfTheClientRectangle)
 {

@@ -7,25 +7,6 @@ namespace {
 
 using State = Drawing;
 
-TEST_F(State, AContextStartsPlainAndEverySettingGivesWhatStoodBefore)
-{
-    const HDC screen = Context(nullptr);
-    EXPECT_EQ(SelectObject(screen, GetStockObject(NULL_PEN)), GetStockObject(BLACK_PEN));
-    EXPECT_EQ(SelectObject(screen, GetStockObject(NULL_BRUSH)), GetStockObject(WHITE_BRUSH));
-    EXPECT_EQ(SelectObject(screen, GetStockObject(SYSTEM_FIXED_FONT)), GetStockObject(SYSTEM_FONT));
-    EXPECT_EQ(SetBkMode(screen, TRANSPARENT), OPAQUE);
-    EXPECT_EQ(SetBkMode(screen, OPAQUE), TRANSPARENT);
-    EXPECT_EQ(SetBkColor(screen, 0x112233), RGB(255, 255, 255));
-    EXPECT_EQ(SetBkColor(screen, 0), 0x112233u);
-    EXPECT_EQ(SetTextColor(screen, 0x445566), RGB(0, 0, 0));
-    EXPECT_EQ(SetTextColor(screen, 0), 0x445566u);
-    EXPECT_EQ(SetTextAlign(screen, TA_RIGHT | TA_BASELINE), TA_LEFT);
-    EXPECT_EQ(GetTextAlign(screen), TA_RIGHT | TA_BASELINE);
-    EXPECT_EQ(SetROP2(screen, R2_WHITE), R2_COPYPEN);
-    EXPECT_EQ(SetROP2(screen, R2_COPYPEN), R2_WHITE);
-    EXPECT_EQ(SetMapMode(screen, MM_ANISOTROPIC), MM_TEXT);
-}
-
 TEST_F(State, OriginsAndPositionGiveWhatStoodBefore)
 {
     const HDC screen = Context(nullptr);
@@ -45,20 +26,6 @@ TEST_F(State, AModeThatDoesNotExistIsRefused)
     EXPECT_EQ(SetROP2(screen, 17), 0);
     EXPECT_EQ(SetMapMode(screen, 9), 0);
     EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-}
-
-TEST_F(State, AContextThatIsGivenBackIsKnownAsStale)
-{
-    const HDC screen = GetDC(nullptr);
-    EXPECT_EQ(ReleaseDC(nullptr, screen), 1);
-    EXPECT_EQ(ReleaseDC(nullptr, screen), 0);
-    EXPECT_FALSE(Rectangle(screen, 0, 0, 1, 1));
-    EXPECT_EQ(SetBkColor(screen, 0), CLR_INVALID);
-    EXPECT_EQ(GetTextAlign(screen), GDI_ERROR);
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
-    const HDC next = GetDC(nullptr);
-    EXPECT_NE(next, screen);
-    ReleaseDC(nullptr, next);
 }
 
 TEST_F(State, ContextsAreGivenBackTheWayTheyWereTaken)
@@ -85,22 +52,6 @@ TEST_F(State, AWindowThatIsGoneHasNoContextAndIsDrawnNowhere)
     EXPECT_THAT(picture->Take(), testing::IsEmpty());
 }
 
-TEST_F(State, CapabilitiesAreTheDevices)
-{
-    const HDC screen = Context(nullptr), job = Job();
-    const HDC memory = CreateCompatibleDC(job);
-    EXPECT_EQ(GetDeviceCaps(screen, LOGPIXELSY), 96);
-    EXPECT_EQ(GetDeviceCaps(screen, BITSPIXEL), 32);
-    EXPECT_EQ(GetDeviceCaps(screen, PHYSICALWIDTH), 0);
-    EXPECT_EQ(GetDeviceCaps(job, LOGPIXELSX), 600);
-    EXPECT_EQ(GetDeviceCaps(job, HORZRES), 4900);
-    EXPECT_EQ(GetDeviceCaps(job, PHYSICALHEIGHT), 6600);
-    EXPECT_EQ(GetDeviceCaps(job, PHYSICALOFFSETX), 100);
-    EXPECT_EQ(GetDeviceCaps(memory, LOGPIXELSX), 600);
-    EXPECT_EQ(GetDeviceCaps(memory, -1), 0);
-    DeleteDC(memory);
-}
-
 TEST_F(State, ASelectedObjectCannotBeDeletedUntilItIsPutDownOrItsContextGoes)
 {
     const HDC screen = GetDC(nullptr);
@@ -115,17 +66,6 @@ TEST_F(State, ASelectedObjectCannotBeDeletedUntilItIsPutDownOrItsContextGoes)
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
     ReleaseDC(nullptr, screen);
     EXPECT_TRUE(DeleteObject(brush));
-}
-
-TEST_F(State, StockObjectsStayWhateverIsDone)
-{
-    const HGDIOBJ pen = GetStockObject(BLACK_PEN);
-    DeleteObject(pen);
-    EXPECT_EQ(GetStockObject(BLACK_PEN), pen);
-    const HDC screen = Context(nullptr);
-    EXPECT_EQ(SelectObject(screen, pen), pen);
-    EXPECT_EQ(GetStockObject(9), nullptr);
-    EXPECT_EQ(GetStockObject(-1), nullptr);
 }
 
 TEST_F(State, ABitmapGoesIntoOneMemoryContextAlone)

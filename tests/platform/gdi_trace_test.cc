@@ -27,17 +27,6 @@ TEST_F(Trace, OfAControlNamesItsNumber)
                                            "dc on 7: Rectangle [4,4,120,156] = 1", "dc on 7: ReleaseDC [] = 1"));
 }
 
-TEST_F(Trace, OfADialogItselfSaysZeroAndOfTheScreenNothingAndNumbersContextsInARow)
-{
-    ReleaseDC(dialog, GetDC(dialog));
-    ReleaseDC(nullptr, GetDC(nullptr));
-    const Lines lines = trace->Take();
-    EXPECT_THAT(lines, ElementsAre(testing::StartsWith("dc on 0: GetDC"), "dc on 0: ReleaseDC [] = 1",
-                                   testing::StartsWith("dc: GetDC"), "dc: ReleaseDC [] = 1"));
-    const auto number = [](const std::string& line) { return std::stoi(line.substr(line.rfind(' '))); };
-    EXPECT_EQ(number(lines[2]), number(lines[0]) + 1);
-}
-
 TEST_F(Trace, ShowsObjectsByWhatTheyAre)
 {
     const HDC screen = Context(nullptr), memory = CreateCompatibleDC(screen);
@@ -153,33 +142,6 @@ TEST_F(Trace, ColoursRectanglesAndTheLayersOwnPaintingAreNoPartOfIt)
     platform::gdi::CloseWindowContext(own);
     platform::gdi::PaintStatic(control);
     EXPECT_THAT(trace->Take(), IsEmpty());
-}
-
-TEST_F(Trace, APlannedFaultShowsTheResultOfAFailure)
-{
-    const HDC context = Context(control);
-    for (const char* function : {"SetBkColor", "Rectangle", "SetWindowOrgEx", "CreatePen", "ExtEscape"})
-        platform::CurrentEnvironment().faults.Add(function, 1, false);
-    trace->Take();
-    POINT point{};
-    SetBkColor(context, 1);
-    Rectangle(context, 1, 2, 3, 4);
-    SetWindowOrgEx(context, 1, 2, &point);
-    CreatePen(0, 1, 0);
-    ExtEscape(context, 5, 0, nullptr, 0, nullptr);
-    EXPECT_THAT(trace->Take(), ElementsAre("dc on 7: SetBkColor [1] = 4294967295", "dc on 7: Rectangle [1,2,3,4] = 0",
-                                           "dc on 7: SetWindowOrgEx [1,2] = null", "no dc: CreatePen [0,1,0] = null",
-                                           "dc on 7: ExtEscape [5,0,null,0,null] = -1"));
-    EXPECT_THAT(picture->Take(), IsEmpty());
-}
-
-TEST_F(Trace, ThePlanCountsNoneOfTheLayersOwnCalls)
-{
-    platform::CurrentEnvironment().faults.Add("GetDC", 1, false);
-    const HDC own = platform::gdi::OpenWindowContext(control);
-    EXPECT_NE(own, nullptr);
-    platform::gdi::CloseWindowContext(own);
-    EXPECT_EQ(GetDC(control), nullptr);
 }
 
 }  // namespace

@@ -94,20 +94,6 @@ TEST_F(Memory, AHeapTakesItsBlocksWithIt)
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
 }
 
-TEST_F(Memory, AHeapWithAMaximumDoesNotGrowBeyondItAndItsBlocksAreItsOwn)
-{
-    HANDLE heap = HeapCreate(0, 0, 1000), other = HeapCreate(0, 0, 0);
-    void* block = HeapAlloc(heap, 0, 600);
-    EXPECT_NE(block, nullptr);
-    EXPECT_EQ(HeapAlloc(heap, 0, 600), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_NOT_ENOUGH_MEMORY);
-    EXPECT_NE(HeapAlloc(heap, 0, 400), nullptr);
-    EXPECT_FALSE(HeapFree(other, 0, block));
-    EXPECT_EQ(GlobalFree(block), block);
-    HeapDestroy(heap);
-    HeapDestroy(other);
-}
-
 TEST_F(Memory, EachThreadHasItsOwnLastError)
 {
     SetLastError(7);

@@ -42,26 +42,6 @@ TEST_F(Modules, TheFirstLoadRunsTheEntryAndLaterOnesCount)
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
 }
 
-TEST_F(Modules, AModuleMayLoadItselfWhileItStarts)
-{
-    setenv("QD_SAMPLE", "twice", 1);
-    HMODULE module = LoadLibraryW(SamplePath.c_str());
-    ASSERT_NE(module, nullptr);
-    EXPECT_EQ(modules::LoadCount(module), 2u);
-    EXPECT_EQ(EntryOf<HMODULE()>(module, "SampleSecondHandle")(), module);
-    EXPECT_TRUE(FreeLibrary(module));
-    EXPECT_TRUE(FreeLibrary(module));
-}
-
-TEST_F(Modules, AModuleThatRefusesToStartIsNotLoaded)
-{
-    setenv("QD_SAMPLE", "refuse", 1);
-    std::string why;
-    EXPECT_EQ(modules::Load(SamplePath, &why), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_DLL_INIT_FAILED);
-    EXPECT_THAT(why, ::testing::HasSubstr("refused to start"));
-}
-
 TEST_F(Modules, AnotherNameOfTheSameFileIsTheSameModule)
 {
     const auto link = std::filesystem::temp_directory_path() / ("qd_link_" + std::to_string(getpid()) + ".so");
@@ -122,19 +102,6 @@ TEST_F(Modules, WhatIsNoModuleIsRefusedWithItsReason)
     std::filesystem::remove(file);
     EXPECT_EQ(modules::Load(ToWide(file.native()), &why), nullptr);
     EXPECT_EQ(GetLastError(), ERROR_MOD_NOT_FOUND);
-}
-
-TEST_F(Modules, ResourcesAreFoundByTypeAndNumber)
-{
-    constexpr int RawData = 10;
-    HMODULE module = LoadLibraryW(SamplePath.c_str());
-    const auto data = modules::Resource(module, RawData, 200);
-    EXPECT_TRUE(std::ranges::equal(data, std::vector<std::uint8_t>{2, 1, 4, 3}));
-    EXPECT_FALSE(modules::Resource(module, modules::DialogResource, 100).empty());
-    EXPECT_TRUE(modules::Resource(module, modules::DialogResource, 101).empty());
-    EXPECT_TRUE(modules::Resource(module, modules::BitmapResource, 100).empty());
-    FreeLibrary(module);
-    EXPECT_TRUE(modules::Resource(module, RawData, 200).empty());
 }
 
 TEST_F(Modules, StringsAreLoadedByNumber)

@@ -119,31 +119,6 @@ TEST_F(PropertySheet, LeavesOnePageForTheOtherWhichIsMadeOnlyOnce)
     });
 }
 
-TEST_F(PropertySheet, StaysOnAPageThatRefusesToBeLeft)
-{
-    Run({Page('A'), Page('B')}, [](HWND sheet) {
-        journal = {{}, "A leave"};
-        user::ShowPage(sheet, 1);
-        EXPECT_THAT(journal.Take(), ElementsAre("A field left", "A leave"));
-        user::PressButton(sheet, SheetButton::Ok);
-        EXPECT_THAT(journal.Take(), ElementsAre("A leave"));
-        EXPECT_EQ(StateOf(sheet).active, 0);
-        EXPECT_FALSE(user::Ended(sheet));
-    });
-}
-
-TEST_F(PropertySheet, OkAppliesThePagesThatExist)
-{
-    const LONG result = Run({Page('A'), Page('B'), Page('C')}, [](HWND sheet) {
-        user::ShowPage(sheet, 2);
-        journal.Take();
-        user::PressButton(sheet, SheetButton::Ok);
-        EXPECT_TRUE(user::Ended(sheet));
-    });
-    EXPECT_THAT(journal.Take(), ElementsAre("C field left", "C leave", "A apply ok", "C apply ok"));
-    EXPECT_EQ(result, CPSUI_OK);
-}
-
 TEST_F(PropertySheet, ApplyWaitsForAChangeAndActivatesThePageAgain)
 {
     Run({Page('A'), Page('B')}, [](HWND sheet) {
@@ -232,13 +207,6 @@ TEST_F(PropertySheet, StaysWhereItIsWhenAPageCannotBeMade)
         EXPECT_THAT(journal.Take(), ElementsAre("A field left", "A leave", "A active"));
         EXPECT_EQ(StateOf(sheet).active, 0);
     });
-}
-
-TEST_F(PropertySheet, DoesNotComeUpWithoutItsFirstPage)
-{
-    controls::SheetPagePlan broken{u"A", false, [](HWND) -> HWND { return nullptr; }};
-    EXPECT_LT(Run({broken, Page('B')}, [](HWND) { FAIL(); }), 0);
-    EXPECT_LT(Run({}, [](HWND) { FAIL(); }), 0);
 }
 
 }  // namespace

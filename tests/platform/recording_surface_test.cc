@@ -55,16 +55,6 @@ TEST(RecordingSurface, IsTheSameOnlyWithTheSameCalls)
     }
 }
 
-TEST(RecordingSurface, AnOpaqueCallForgetsWhatItHides)
-{
-    RecordingSurface surface;
-    surface.Line({}, {1, 1}, {50, 50});
-    surface.Fill({0, 0, 10, 10}, 0);
-    surface.Line({}, {90, 90}, {120, 90});
-    surface.Erase(Whole);
-    EXPECT_THAT(Told(surface), ElementsAre("line", "erase"));
-}
-
 TEST(RecordingSurface, PaintingTheSameAgainDoesNotGrow)
 {
     RecordingSurface surface;
@@ -81,23 +71,6 @@ TEST(RecordingSurface, PaintingTheSameAgainDoesNotGrow)
     EXPECT_THAT(Told(surface), ElementsAre("clip", "fill", "rectangle", "text", "clip"));
 }
 
-TEST(RecordingSurface, AClippedFillHidesNothingOutsideItsClip)
-{
-    RecordingSurface surface;
-    surface.Line({}, {1, 1}, {50, 50});
-    surface.SetClip(RECT{0, 0, 20, 20});
-    surface.Fill(Whole, 0);
-    EXPECT_THAT(Told(surface), ElementsAre("line", "clip", "fill"));
-}
-
-TEST(RecordingSurface, AWidePenReachesOut)
-{
-    RecordingSurface surface;
-    surface.Line({PS_SOLID, 9, 0}, {10, 10}, {20, 10});
-    surface.Fill({8, 8, 30, 30}, 0);
-    EXPECT_THAT(Told(surface), ElementsAre("line", "fill"));
-}
-
 TEST(RecordingSurface, AnImageHidesOnlyWhenItIsOpaque)
 {
     RecordingSurface surface;
@@ -106,15 +79,6 @@ TEST(RecordingSurface, AnImageHidesOnlyWhenItIsOpaque)
     EXPECT_EQ(surface.Count(), 2u);
     surface.Image(Whole, {1, 1, {0xFF123456}});
     EXPECT_EQ(surface.Count(), 1u);
-}
-
-TEST(RecordingSurface, LeavesTheTargetWithTheClipThatHoldsNow)
-{
-    RecordingSurface surface;
-    surface.SetClip(RECT{3, 0, 9, 9});
-    gdi_test::SurfaceLog log;
-    surface.ReplayOn(log);
-    EXPECT_THAT(log.Take(), ElementsAre("clip 3,0,9,9"));
 }
 
 }  // namespace

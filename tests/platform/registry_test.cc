@@ -59,14 +59,5 @@ TEST_F(Registry, RightsToAKeyAreThoseToItsPrinter)
     RegCloseKey(key);
 }
 
-TEST_F(Registry, ABrokenStoreIsAGeneralFailureAndWithoutOneThereIsNoKey)
-{
-    HKEY key = nullptr;
-    CurrentEnvironment().registry = std::make_shared<BrokenStore>();
-    EXPECT_EQ(Open(Printer, KEY_READ, &key), static_cast<LONG>(ERROR_GEN_FAILURE));
-    CurrentEnvironment().registry = nullptr;
-    EXPECT_EQ(Open(Printer, KEY_READ, &key), static_cast<LONG>(ERROR_FILE_NOT_FOUND));
-}
-
 }  // namespace
 }  // namespace platform

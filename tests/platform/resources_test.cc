@@ -35,27 +35,6 @@ Data ModuleFile()
     return Data(std::istreambuf_iterator<char>(file), {});
 }
 
-TEST(CompiledResources, AreFoundByTypeAndNumber)
-{
-    const Data file = OneResource();
-    const auto index = ParseCompiledResources(file, nullptr);
-    ASSERT_TRUE(index);
-    EXPECT_EQ(index->Count(), 1u);
-    EXPECT_TRUE(std::ranges::equal(index->Find(10, 7), Data{1, 2, 3}));
-    EXPECT_TRUE(index->Find(10, 8).empty());
-}
-
-TEST(CompiledResources, OfSeveralLanguagesTheFirstCounts)
-{
-    const Data one = {1}, two = {2};
-    ResourceIndex index;
-    index.Add(6, 2, one);
-    index.Add(6, 1, one);
-    index.Add(6, 2, two);
-    EXPECT_EQ(index.Count(), 2u);
-    EXPECT_EQ(index.Find(6, 2).front(), 1);
-}
-
 TEST(CompiledResources, DamageIsToldWithItsPlace)
 {
     struct Row {
@@ -81,14 +60,6 @@ TEST(CompiledResources, DamageIsToldWithItsPlace)
         EXPECT_FALSE(ParseCompiledResources(row.file, &why)) << row.why;
         EXPECT_EQ(why, row.why);
     }
-}
-
-TEST(ResourceSection, IsFoundInAModule)
-{
-    const Data file = ModuleFile();
-    const auto section = FindResourceSection(file, nullptr);
-    ASSERT_TRUE(section);
-    EXPECT_TRUE(ParseCompiledResources(*section, nullptr));
 }
 
 TEST(ResourceSection, ForeignAndCutFilesAreRefused)

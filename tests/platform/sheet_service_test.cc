@@ -148,30 +148,6 @@ TEST_F(SheetService, LetsTheEndDecideWhateverAPageHasSet)
     EXPECT_EQ(pfnComPropSheet(handle, CPSFUNC_SET_RESULT, 0, CPSUI_OK), 0) << "a sheet that has ended";
 }
 
-TEST_F(SheetService, DoesNotCallAgainAfterAFailedSetUp)
-{
-    caller_.initAnswer = -1;
-    EXPECT_LT(Run([](HWND) { FAIL(); }), 0);
-    EXPECT_THAT(caller_.calls, ElementsAre("init"));
-    EXPECT_EQ(result_, 99U);
-    EXPECT_LT(services::TakeSheetOutcome().value(), 0);
-}
-
-TEST_F(SheetService, DestroysASheetThatHasNoPages)
-{
-    caller_.adds = false;
-    EXPECT_LT(Run([](HWND) { FAIL(); }), 0);
-    EXPECT_THAT(caller_.calls, ElementsAre("init", "header", "destroy"));
-}
-
-TEST_F(SheetService, TakesPagesOnlyWhileItIsSetUp)
-{
-    Run([](HWND) { caller->late = CallIn(CPSFUNC_ADD_PCOMPROPSHEETUIW, reinterpret_cast<LPARAM>(&caller->options)); });
-    EXPECT_GT(caller_.added, 0);
-    EXPECT_EQ(caller_.late, 0);
-    EXPECT_EQ(caller_.unknown, 0);
-}
-
 TEST_F(SheetService, RefusesOptionsAndPagesThatAreNotWhole)
 {
     caller_.type.Type = TVOT_PUSHBUTTON + 1;

@@ -98,13 +98,6 @@ TEST_F(Text, CodePagesGoBothWays)
     }
 }
 
-TEST_F(Text, WhatAPageDoesNotHaveBecomesAQuestionMark)
-{
-    EXPECT_EQ(ToNarrow(1252, u"a\u0416b\uFFFD"), "a?b?");
-    EXPECT_EQ(ToNarrow(932, u"a\u65E5"), "a?");
-    EXPECT_EQ(FromNarrow(932, "a\x93"), u"a?");
-}
-
 TEST_F(Text, AConversionIsCutToItsRoom)
 {
     WCHAR wide[] = u"....";

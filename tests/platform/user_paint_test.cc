@@ -64,22 +64,6 @@ TEST(Paint, OnlyWhatIsInvalidIsPainted)
     }
 }
 
-TEST(Paint, ADialogThatInvalidatesAControlAsItPaintsGetsItDrawnAtOnce)
-{
-    Rig rig(Pictures(), [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
-        if (message == WM_PAINT) InvalidateRect(GetDlgItem(dialog, 21), nullptr, TRUE);
-        return FALSE;
-    });
-    rig.Up([&] {
-        Send(rig.dialog, WM_PAINT, 0, 0);
-        rig.Log();
-        EXPECT_THAT(Paint(rig), ElementsAre("draw 21"));
-        Invalidate(rig.dialog, false);
-        EXPECT_THAT(Paint(rig), ElementsAre("paint", "draw 20", "draw 21"));
-        EXPECT_THAT(Paint(rig), IsEmpty());
-    });
-}
-
 TEST(Paint, ErasingClearsTheRectangleAndPlainInvalidatingDoesNot)
 {
     Rig rig({Make(u"Button", 20, Shown | BS_OWNERDRAW), Make(u"Edit", 10, Stop)});

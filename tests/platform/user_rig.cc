@@ -70,11 +70,7 @@ void RigDesktop::Run(HWND top)
     run(top);
 }
 
-std::shared_ptr<platform::Surface> RigDesktop::MakePicture(HWND, int width, int height)
-{
-    pictureSize = {width, height};
-    return std::make_shared<Picture>(erased);
-}
+std::shared_ptr<platform::Surface> RigDesktop::MakePicture(HWND, int, int) { return std::make_shared<Picture>(erased); }
 
 int RigDesktop::MessageBox(const platform::MessageBoxRequest& request)
 {

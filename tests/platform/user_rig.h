@@ -35,7 +35,6 @@ class RigDesktop : public platform::Desktop {
     std::vector<std::function<void(HWND top)>> runs;
     std::vector<platform::MessageBoxRequest> boxes;
     std::vector<UINT> beeps;
-    SIZE pictureSize{};
     std::vector<std::string> erased;  // rectangles of all pictures
     std::function<void()> duringBox;
 };

@@ -50,14 +50,6 @@ TEST(Defaults, AreThisImageInTheUnitedStates)
     EXPECT_EQ(BytesOf(DefaultRecord(u"Qd")), image);
 }
 
-TEST(Defaults, CutALongDeviceName)
-{
-    const Machine machine;
-    const DriverDevMode record = DefaultRecord(u"0123456789012345678901234567890123456789");
-
-    EXPECT_EQ(std::u16string(record.dmDeviceName), u"0123456789012345678901234567890");
-}
-
 TEST(Defaults, TakeThePaperOfTheCountry)
 {
     constexpr std::pair<int, bool> usesA4[] = {
@@ -80,22 +72,6 @@ TEST(Defaults, TakeThePaperOfTheCountry)
         const Machine machine(Machine::InCountry(country));
         EXPECT_EQ(LocaleUsesA4(), a4) << country;
         EXPECT_EQ(DefaultRecord().dmPaperSize, a4 ? 9 : 1) << country;
-    }
-}
-
-TEST(Defaults, AnUnreadableLocaleUsesLetter)
-{
-    constexpr std::pair<const char*, std::uint64_t> faults[] = {
-        {"GetLocaleInfoW",         1},
-        {"GetLocaleInfoW",         2},
-        {"GlobalAlloc",            1},
-        {"GlobalAlloc",            2},
-        {"RtlUnicodeToMultiByteN", 1},
-    };
-    for (const auto& [function, call] : faults) {
-        const Machine machine(Machine::InCountry(49));
-        Machine::Fail(function, call);
-        EXPECT_FALSE(LocaleUsesA4()) << function << ' ' << call;
     }
 }
 

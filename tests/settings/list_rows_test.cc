@@ -116,14 +116,4 @@ TEST_F(ListRows, MediaAreLoadedWithNamesAndCodes)
     EXPECT_EQ(std::u16string(name), u"") << "a name that is missing";
 }
 
-TEST_F(ListRows, MediaWithANameKeepTheirPosition)
-{
-    RefreshMediaRows();
-    MediaRows[2].position = 9;
-    MediaRows[2].enabled = 0;
-    RefreshMediaRows();
-    EXPECT_EQ(MediaRows[2].position, 9);
-    EXPECT_EQ(MediaRows[2].enabled, 1u);
-}
-
 }  // namespace

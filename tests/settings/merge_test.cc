@@ -89,16 +89,6 @@ TEST(Merge, ReplacesAPrivateFieldOutsideItsBounds)
     EXPECT_EQ(Merged("dmDeviceFlags", 0), 0);
 }
 
-TEST(Merge, TakesOtherPrivateFieldsAsTheyAre)
-{
-    for (const char* field : {"dmDuplexOn", "dmDuplexBinding", "dmBookletPaper", "dmOutputPaper", "dmWatermarkOn",
-                              "dmFixedResolution", "dmProofPrint", "dmModelParam1", "dmModelParam2", "dmPaperWidthPriv",
-                              "dmPaperLengthPriv", "dmImageShiftOn", "dmResolutionChoice", "dmBookletRight",
-                              "dmImageRotated", "dmOverlayState", "dmOverlayFirstPage", "dmOverlayIndex"})
-        EXPECT_EQ(Merged(field, 99), 99) << field;
-    EXPECT_EQ(Merged("dmGuidePaper", -2), 0xFFFFFFFE);
-}
-
 struct PublicRow {
     const char* field;
     int given;
@@ -201,25 +191,6 @@ TEST(Merge, LeavesOneWayOfGivingThePaper)
     }
 }
 
-TEST(Merge, KeepsThePaperFieldsOfATargetThatTheSourceDoesNotAnswer)
-{
-    DriverDevMode target = Default(), source = Default();
-    source.dmFields = 0;
-    MergeSettings(&target, PublicPart(&source));
-    EXPECT_EQ(target.dmFields, 20227u);
-}
-
-TEST(Merge, ReplacesAnUnsoundQualityThatNeitherRecordCanGive)
-{
-    DriverDevMode target = Default(), source = Default();
-    target.dmPrintQuality = 150;
-    source.dmPrintQuality = -1;
-    source.dmResolution = 0;
-    MergeSettings(&target, PublicPart(&source));
-
-    EXPECT_EQ(target.dmPrintQuality, 600);
-}
-
 struct NupRow {
     BYTE on;
     SHORT count;
@@ -278,15 +249,6 @@ TEST(Merge, ChecksTheTextModeByTheStoredGraphicsMode)
     }
 }
 
-TEST(Merge, CopiesTheWatermarkWhole)
-{
-    DriverDevMode target = Default(), source = Default();
-    std::memset(static_cast<void*>(&source.dmWatermark), 0xA7, sizeof source.dmWatermark);
-    MergeSettings(&target, PublicPart(&source));
-
-    EXPECT_EQ(BytesOf(target.dmWatermark), RecordImage(396, 0xA7));
-}
-
 TEST(Merge, CopiesTheOverlayFileUpToItsTerminatorOrTheEndOfTheField)
 {
     DriverDevMode target = Default(), source = Default();
@@ -334,18 +296,6 @@ TEST(Merge, NeverWritesTheSource)
     EXPECT_EQ(BytesOf(source), before);
 }
 
-TEST(Merge, OfARecordIntoItselfClearsDuplexAndCollate)
-{
-    DriverDevMode record = BusyRecord();
-    record.dmZoom = 1000;
-    MergeSettings(&record, PublicPart(&record));
-
-    EXPECT_EQ(record.dmFields & (DM_DUPLEX | DM_COLLATE), 0u);
-    EXPECT_EQ(record.dmCollate, 0);
-    EXPECT_EQ(record.dmZoom, 100);
-    EXPECT_EQ(record.dmNupCount, 9);
-}
-
 TEST(Merge, SkipsAPublicPartThatIsNotItsOwn)
 {
     constexpr std::pair<WORD, WORD> rows[] = {
@@ -365,40 +315,6 @@ TEST(Merge, SkipsAPublicPartThatIsNotItsOwn)
     DriverDevMode target = Default();
     EXPECT_EQ(MergeSettings(&target, nullptr), 1);
     EXPECT_EQ(BytesOf(target), BytesOf(Default()));
-}
-
-TEST(Merge, TakesThePublicPartAloneOfAForeignRecord)
-{
-    constexpr std::pair<WORD, WORD> rows[] = {
-        {296, 0     },
-        {296, 112   },
-        {296, 1627  },
-        {296, 1629  },
-        {848, 1628  },
-        {296, 0xFFFF},
-    };
-    for (const auto& [driverVersion, extra] : rows) {
-        DriverDevMode target = Default(), foreign = BusyRecord();
-        foreign.dmFields = DM_COPIES;
-        foreign.dmDriverVersion = driverVersion;
-        const ShortRecord source(foreign, 220u + extra, 220, extra);
-        EXPECT_EQ(MergeSettings(&target, source.get()), 1);
-        EXPECT_EQ(target.dmCopies, 7) << extra;
-        const DriverDevMode before = Default();
-        EXPECT_EQ(std::memcmp(&target.dmPrivSignature, &before.dmPrivSignature, 1628), 0) << extra;
-    }
-}
-
-TEST(Merge, LetsAForeignResolutionShowInTheQuality)
-{
-    DriverDevMode target = Default(), foreign = BusyRecord();
-    foreign.dmFields = DM_PRINTQUALITY;
-    foreign.dmPrintQuality = 0;
-    foreign.dmDriverVersion = 848;
-    MergeSettings(&target, PublicPart(&foreign));
-
-    EXPECT_EQ(target.dmPrintQuality, 1200);
-    EXPECT_EQ(target.dmResolution, 600);
 }
 
 TEST(Merge, WithoutMemoryLeavesTheTarget)

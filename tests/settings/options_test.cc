@@ -124,19 +124,6 @@ TEST_F(Options, StructuredOnesStandFieldByFieldInTheirBuffer)
     }
 }
 
-TEST_F(Options, WatermarkIsItsSwitchAndTheWholeRecord)
-{
-    WatermarkPayload payload{};
-    payload.on = 0x01020304;
-    std::memset(static_cast<void*>(&payload.watermark), 0x5C, sizeof payload.watermark);
-    SetOption(JobWatermarkOption, payload);
-
-    EXPECT_EQ(record.dmWatermarkOn, 0x01020304u);
-    EXPECT_EQ(BytesOf(record.dmWatermark), RecordImage(396, 0x5C));
-    EXPECT_EQ(record.dmImageShiftX, 10);
-    EXPECT_EQ(BytesOf(GetOption<WatermarkPayload>(JobWatermarkOption)), BytesOf(payload));
-}
-
 TEST_F(Options, DuplexIsReadSignExtendedAndWrittenFromItsLowHalf)
 {
     SetOption(DuplexOption, DuplexPayload{0x0001FFFE, 3, 9, 0x00010001});
@@ -146,16 +133,6 @@ TEST_F(Options, DuplexIsReadSignExtendedAndWrittenFromItsLowHalf)
     EXPECT_EQ(record.dmGuidePaper, 0x00010001u);
     EXPECT_EQ(GetOption<DuplexPayload>(DuplexOption).on, -2);
     EXPECT_EQ(GetOption<DuplexPayload>(DuplexOption).guidePaper, 0x00010001u);
-}
-
-TEST_F(Options, Tray2CanBeSetAndNotCleared)
-{
-    record.dmDeviceFlags = 0x7F;
-    SetOption(Tray2Option, DWORD{0xFFFFFFFF});
-    EXPECT_EQ(record.dmDeviceFlags, 0xFFu);
-    EXPECT_EQ(GetOption<DWORD>(Tray2Option), 0x80u);
-    SetOption(Tray2Option, DWORD{0});
-    EXPECT_EQ(record.dmDeviceFlags, 0xFFu);
 }
 
 TEST_F(Options, PaperIsWrittenToThePrivateSizeToo)
@@ -217,28 +194,6 @@ TEST_F(Options, ANewSourceFiltersThePapers)
     EXPECT_EQ(PaperRows[5].enabled, 0u);
     SourceRows[2].code = 0;
     PaperRowCount = 0;
-}
-
-TEST_F(Options, AnUnknownKeyTouchesNothing)
-{
-    const std::uint8_t in[16] = {1, 2, 3};
-    constexpr OptionKey keys[] = {
-        {1031, 1   },
-        {1031, 1014},
-        {1032, 1022},
-        {1033, 1089},
-        {3013, 1022},
-        {0,    0   },
-        {9999, 1082}
-    };
-    for (const OptionKey& key : keys) {
-        EXPECT_EQ(SetOption(key.group, key.key, in), 1);
-        EXPECT_EQ(Read(key.group, key.key, 4), Buffer(4, 0xEE)) << key.group << ' ' << key.key;
-    }
-    EXPECT_EQ(BytesOf(record), BytesOf(BusyRecord()));
-    CurrentSettings = nullptr;  // and without a record no key does anything
-    EXPECT_EQ(SetOption(3013, 1097, in), 1);
-    EXPECT_EQ(Read(3013, 1097, 2), Buffer(2, 0xEE));
 }
 
 }  // namespace

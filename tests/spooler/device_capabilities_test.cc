@@ -73,20 +73,6 @@ TEST_F(Capability, MergesTheCallersRecord)
     EXPECT_EQ(Ask(DC_FIELDS, nullptr, &record), 20227);
 }
 
-TEST_F(Capability, NeedsMemoryForItsRecordAndForTheMerge)
-{
-    StorePapers(machine, {Entry(257, u"Card", 0, 1000, 2000)});
-    const DriverDevMode record = BusyRecord();
-    // The second and third are those of the country.
-    constexpr LONG Answers[] = {-1, 28, 28, -1, 27, 28};
-    std::uint64_t call = 0;
-    for (const LONG answer : Answers) {
-        platform::CurrentEnvironment().faults.Clear();
-        Machine::Fail("GlobalAlloc", ++call);
-        EXPECT_EQ(Ask(DC_PAPERS, nullptr, &record), answer) << call;
-    }
-}
-
 TEST_F(Capability, ListsFixedOutputs)
 {
     EXPECT_THAT(List<WORD>(DC_BINS), ElementsAre(7, 1, 2, 4));

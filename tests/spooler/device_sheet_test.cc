@@ -30,7 +30,6 @@ namespace user = platform::user;
 constexpr int ShowButton = 100;  // of the service's page
 
 const Bytes NotInstalled = {'0', 0, 0, 0}, Installed = {'1', 0, 0, 0};
-const Bytes DefaultBlock = {0x00, 0x04, 0x08, 0x00, 0x00, 0x00, 0x00, 0x00};
 
 class DeviceSheet : public PrinterTest {
   protected:
@@ -122,33 +121,6 @@ TEST_F(DeviceSheet, GoesByTheKeyAndNotByTheStoredRecord)
     EXPECT_EQ(Tray2()->bytes, NotInstalled);
 }
 
-TEST_F(DeviceSheet, EndsNormallyWhereTheKeyIsNotThereOrCannotBeWritten)
-{
-    std::u16string elsewhere = u"Nowhere";
-    for (WCHAR* key : {elsewhere.data(), static_cast<WCHAR*>(nullptr)}) {
-        header.pszPrinterName = key;
-        EXPECT_GT(Run(), 0);
-        EXPECT_EQ(result, 1u);
-        EXPECT_EQ(Tray2(), std::nullopt);
-    }
-    header.pszPrinterName = name.data();
-    Machine::Fail("RegSetValueExW");
-    EXPECT_GT(Run(), 0);
-    EXPECT_EQ(result, 1u);
-    EXPECT_EQ(Tray2(), std::nullopt);
-}
-
-TEST_F(DeviceSheet, ReadsNothingOfAPrinterThatIsForReadingOnly)
-{
-    machine.store->Remove(OfficePrinter);
-    machine.store->Add({OfficePrinter, OfficeDriver, false});
-    StoreTray2({REG_BINARY, Installed});
-    EXPECT_GT(Run(), 0);
-    EXPECT_EQ(Tray2()->bytes, Installed);
-    EXPECT_TRUE(PrinterProperties(nullptr, printer));
-    EXPECT_TRUE(machine.store->Values(OfficePrinter).empty());
-}
-
 TEST_F(DeviceSheet, IsOneAtATime)
 {
     LONG second = 99;
@@ -160,19 +132,6 @@ TEST_F(DeviceSheet, IsOneAtATime)
     EXPECT_GT(Run(), 0);
     EXPECT_EQ(second, -1);
     EXPECT_GT(Run(), 0);
-}
-
-TEST_F(DeviceSheet, LeavesADocumentSheetAlone)
-{
-    DriverDevMode document{};
-    CurrentSettings = &document;
-    Play([&](HWND) {
-        EXPECT_EQ(CurrentSettings, &document);
-        EXPECT_EQ(DocumentSheetCount, 0);
-    });
-    Run();
-    EXPECT_EQ(CurrentSettings, &document);
-    CurrentSettings = nullptr;
 }
 
 TEST_F(DeviceSheet, ShowsTheOptionAndAbout)
@@ -190,20 +149,6 @@ TEST_F(DeviceSheet, ShowsTheOptionAndAbout)
     Run();
     EXPECT_THAT(titles, ElementsAre(u"Device Settings", u"About"));
     EXPECT_EQ(result, 0u);
-}
-
-TEST_F(DeviceSheet, StoresThePrinterDataOnOkForThoseWhoMay)
-{
-    for (const bool may : {false, true}) {
-        header.Flags = may ? 0 : DPS_NOPERMISSION;
-        Play([](HWND sheet) {
-            EXPECT_EQ(user::Click(user::Control(user::DialogOf(sheet), ShowButton)), user::Outcome::Done);
-            user::PressButton(sheet, user::SheetButton::Ok);
-        });
-        EXPECT_GT(Run(), 0);
-        EXPECT_EQ(Stored(u"PrinterData"), may ? DefaultBlock : Bytes{});
-        EXPECT_EQ(Stored(u"PrinterDataSize"), may ? LittleEndian(8) : Bytes{});
-    }
 }
 
 // The service's place taken by the test, which keeps what it is given.
@@ -294,23 +239,6 @@ TEST_F(DeviceSheetPhases, NameAndEndTheSheet)
     EXPECT_EQ(Call(PROPSHEETUI_REASON_DESTROY), 1);
 }
 
-TEST_F(DeviceSheetPhases, RefuseWhatIsNotWhole)
-{
-    EXPECT_EQ(DrvDevicePropertySheets(nullptr, reinterpret_cast<LPARAM>(&header)), -1);
-    EXPECT_EQ(Call(PROPSHEETUI_REASON_DESTROY), -1);
-    info.lParamInit = 0;
-    EXPECT_EQ(Call(PROPSHEETUI_REASON_INIT), -1);
-    info.lParamInit = reinterpret_cast<LPARAM>(&header);
-    ASSERT_EQ(Call(PROPSHEETUI_REASON_INIT), 1);
-    EXPECT_EQ(Call(PROPSHEETUI_REASON_SET_RESULT + 1), -1);
-    EXPECT_EQ(Call(PROPSHEETUI_REASON_SET_RESULT), -1);
-    EXPECT_EQ(Call(PROPSHEETUI_REASON_GET_INFO_HEADER), -1);
-    Context().selfEnd = nullptr;
-    EXPECT_EQ(Call(PROPSHEETUI_REASON_DESTROY), -1);
-    Context().selfEnd = &Context();
-    EXPECT_EQ(Call(PROPSHEETUI_REASON_DESTROY), 1);
-}
-
 struct CallbackRow {
     WORD reason, flags;
     LONG action;
@@ -337,17 +265,6 @@ TEST_F(DeviceSheetPhases, AnswerTheCallback)
         EXPECT_EQ(Context().sheetWindow, reinterpret_cast<HWND>(12));
         Call(PROPSHEETUI_REASON_DESTROY);
     }
-}
-
-TEST_F(DeviceSheetPhases, TakeTheHelpFileOfTheDirectoryOrNone)
-{
-    ASSERT_EQ(Call(PROPSHEETUI_REASON_INIT), 1);
-    for (const std::uint64_t call : {1, 2}) {
-        platform::CurrentEnvironment().faults.Clear();
-        Machine::Fail("GetPrinterDriverDirectoryW", call);
-        EXPECT_EQ(HelpFilePath(printer, Context().heap), nullptr);
-    }
-    Call(PROPSHEETUI_REASON_DESTROY);
 }
 
 struct PropertiesRow {
@@ -378,15 +295,6 @@ TEST_F(DeviceSheet, PrinterPropertiesTestsTheRightsAndSaysHowItEnded)
                   refused ? std::nullopt : std::optional(StoredValue{REG_DWORD, LittleEndian(1)}));
     }
     EXPECT_EQ(Tray2()->bytes, Installed);  // no name, no key
-}
-
-TEST_F(DeviceSheet, PrinterPropertiesAnswersTrueWithoutTheService)
-{
-    platform::FixedFactValues facts;
-    facts.missingLibraries = u"compstui.dll";
-    platform::CurrentEnvironment().facts = platform::MakeFixedFacts(facts);
-    Play([](HWND) { FAIL(); });
-    EXPECT_TRUE(PrinterProperties(nullptr, printer));
 }
 
 // Every platform call of a sheet with both pages, failing one at a time: an answer, and nothing left behind.

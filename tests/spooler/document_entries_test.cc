@@ -129,34 +129,6 @@ struct FaultRow {
     std::uint64_t call;
 };
 
-TEST_F(DocumentEntries, FailWhereTheSheetCannotBeSetUp)
-{
-    constexpr FaultRow rows[] = {
-        {"LoadLibraryA",           1},
-        {"GetProcAddress",         1},
-        {"CommonPropertySheetUIW", 1},
-        {"GetPrinterW",            1},
-        {"HeapCreate",             1},
-        {"pfnComPropSheet",        1}
-    };
-    for (const FaultRow& row : rows) {
-        platform::CurrentEnvironment().faults.Clear();
-        Machine::Fail(row.function, row.call);
-        EXPECT_EQ(Properties(DM_PROMPT | DM_COPY), -1) << row.function;
-        platform::CurrentEnvironment().faults.Clear();
-        Machine::Fail(row.function, row.call);
-        EXPECT_EQ(Advanced(), 0) << row.function;
-        EXPECT_EQ(output.dmSize, 0);
-    }
-    platform::CurrentEnvironment().faults.Clear();
-    Machine::Fail("HeapCreate");
-    EXPECT_EQ(Properties(DM_COPY), -1);
-    platform::FixedFactValues facts;
-    facts.missingLibraries = u"compstui.dll";
-    platform::CurrentEnvironment().facts = platform::MakeFixedFacts(facts);
-    EXPECT_EQ(Properties(DM_PROMPT | DM_COPY), -1);
-}
-
 TEST_F(DocumentEntries, GiveThePaperBySizeToAnApplicationThatNeedsIt)
 {
     platform::FixedFactValues facts = Machine::InCountry(49);

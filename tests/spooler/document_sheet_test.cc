@@ -97,20 +97,6 @@ TEST_F(DocumentSheet, IsSetUpWithItsPagesAndContext)
     EXPECT_EQ(call.Close(), 1);
 }
 
-TEST_F(DocumentSheet, MayNotBeEditedWithoutPermissionOrAllAccess)
-{
-    for (const bool permission : {false, true}) {
-        Call call(*this);
-        if (permission)
-            Machine::Fail("OpenPrinterW");
-        else
-            call.header.fMode |= DM_NOPERMISSION;
-        call.Open();
-        EXPECT_EQ(call.Context().canEdit, 0u);
-        call.Close();
-    }
-}
-
 TEST_F(DocumentSheet, ThatIsRefusedAPageLeavesNothing)
 {
     Call call(*this);
@@ -155,35 +141,6 @@ TEST_F(DocumentSheet, HandsOutTheShapeOfTheInputOrAllThatFits)
     }
 }
 
-TEST_F(DocumentSheet, HandsNothingOutWhenItIsCancelledOrHasNoOutput)
-{
-    Call call(*this);
-    call.Open();
-    call.info.Result = 9;
-    EXPECT_EQ(call.End(CPSUI_CANCEL), 1);
-    EXPECT_EQ(output.dmSize, 0);
-    EXPECT_EQ(call.info.Result, 0u);
-    call.header.pdmOut = nullptr;
-    EXPECT_EQ(call.End(CPSUI_OK), 1);
-    call.Close();
-}
-
-TEST_F(DocumentSheet, RefusesWhatIsNoHeaderOrContextOfIts)
-{
-    PROPSHEETUI_INFO info{};
-    EXPECT_EQ(DrvDocumentPropertySheets(&info, 1), -1);
-    EXPECT_EQ(DrvDocumentPropertySheets(nullptr, 0), -1);
-    Call call(*this);
-    EXPECT_EQ(call.Close(), -1);
-    call.Open();
-    EXPECT_EQ(call.Reason(4, nullptr), -1);
-    call.Context().self = nullptr;
-    EXPECT_EQ(call.Close(), -1);
-    EXPECT_EQ(DocumentSheetCount, 1);
-    call.Context().self = &call.Context();
-    call.Close();
-}
-
 TEST_F(DocumentSheet, KeepsItsRecordWhileAnotherOneIsOpen)
 {
     Call first(*this), second(*this);
@@ -195,15 +152,6 @@ TEST_F(DocumentSheet, KeepsItsRecordWhileAnotherOneIsOpen)
     EXPECT_EQ(CurrentSettings, &early.settings);
     EXPECT_EQ(early.settings.dmZoom, 100);  // the other sheet's pages may still read it
     EXPECT_EQ(second.Close(), 1);           // and the fixture sees that both are gone
-}
-
-TEST_F(DocumentSheet, AnswersWithoutAServiceToo)
-{
-    Call call(*this);
-    EXPECT_EQ(DrvDocumentPropertySheets(nullptr, reinterpret_cast<LPARAM>(&call.header)), 1);
-    EXPECT_EQ(output.dmDriverExtra, 1628);
-    EXPECT_EQ(call.header.cbOut, 1848u);
-    EXPECT_EQ(CurrentSettings, nullptr);
 }
 
 class FixUp : public PrinterTest {

@@ -151,20 +151,6 @@ TEST(PrinterDataBlock, WithoutAStoredOneIsMadeOfTheLocale)
     }
 }
 
-TEST_F(PrinterData, BlockIsReadAsItIsStoredAndEndsInZeros)
-{
-    Machine::Fail("GlobalAlloc");
-    EXPECT_EQ(ReadPrinterDataBlock(printer), nullptr);
-    const Bytes stored = {0x20, 3, 4, 0, 0xAA, 0xBB, 0xCC, 0xDD, 9, 9};
-    EXPECT_TRUE(WritePrinterDataBlock(printer, stored.data(), 10));
-    EXPECT_EQ(BytesOf(*ReadPrinterDataBlock(printer)), Bytes(stored.begin(), stored.begin() + 8));
-    EXPECT_TRUE(WritePrinterDataBlock(printer, stored.data(), 3));
-    EXPECT_EQ(BytesOf(*ReadPrinterDataBlock(printer)), (Bytes{0x20, 3, 4, 0, 0, 0, 0, 0}));
-    platform::CurrentEnvironment().faults.Clear();
-    Machine::Fail("GlobalAlloc");
-    EXPECT_EQ(BytesOf(*ReadPrinterDataBlock(printer)), (Bytes{0x00, 4, 8, 0, 0, 0, 0, 0})) << "the default";
-}
-
 TEST_F(PrinterData, InfoIsOneBlock)
 {
     const auto printerInfo = GetPrinterInfo(printer, 2);

@@ -61,16 +61,6 @@ TEST_F(PrinterUpgrade, GoesOnWithTheOldBlockWithoutMemoryForANewOne)
     EXPECT_EQ(StoredBlock(), (Bytes{0x20, 3, 10, 0, 9, 8, 7, 6}));
 }
 
-TEST_F(PrinterUpgrade, TakesNoHeedOfAFailedWrite)
-{
-    StorePapers(machine, {Entry(257, u"Card", 0, 1000, 2000)});
-    for (std::uint64_t call = 1; call <= 4; ++call) {
-        platform::CurrentEnvironment().faults.Clear();
-        Machine::Fail("SetPrinterDataW", call);
-        EXPECT_TRUE(Upgrade()) << call;
-    }
-}
-
 TEST_F(PrinterUpgrade, LeavesTheSizesWithoutABlock)
 {
     StorePapers(machine, Bytes(60), 60);

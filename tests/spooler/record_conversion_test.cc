@@ -71,19 +71,6 @@ TEST_F(Conversion351, TellsTheRoomThatItNeeds)
     }
 }
 
-TEST_F(Conversion351, TakesTheBeginningOfBothParts)
-{
-    ASSERT_TRUE(Convert(CDM_CONVERT351, 300));
-    const auto* record = reinterpret_cast<const DEVMODEW*>(buffer.data());
-    EXPECT_EQ(record->dmSpecVersion, 800);
-    EXPECT_EQ(record->dmDriverVersion, 848);
-    EXPECT_EQ(record->dmSize, 188);
-    EXPECT_EQ(record->dmDriverExtra, 112);
-    const RecordImage source = BytesOf(input);
-    EXPECT_TRUE(std::equal(source.begin() + 72, source.begin() + 188, buffer.begin() + 72));
-    EXPECT_TRUE(std::equal(source.begin() + 220, source.begin() + 332, buffer.begin() + 188));
-}
-
 TEST_F(Conversion351, ConvertsIntoTheShapeThatTheOutputHas)
 {
     PromiseRecord(220, 0);

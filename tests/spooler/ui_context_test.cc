@@ -23,17 +23,6 @@ class Context : public PrinterTest {
     }
 };
 
-TEST_F(Context, StartsFromTheModelAndThePrinter)
-{
-    const Opened context = Open();
-    ASSERT_TRUE(IsWholeContext(context.get()));
-    EXPECT_EQ(context->hPrinter, printer);
-    EXPECT_EQ(std::u16string(context->driverName), OfficeDriver);
-    EXPECT_EQ(std::u16string(context->settings.dmDeviceName), OfficeDriver);
-    EXPECT_EQ(std::u16string(PrinterName), OfficePrinter);
-    EXPECT_EQ(context->settings.dmZoom, 100);
-}
-
 TEST_F(Context, LaysTheStoredRecordOverTheDefaultsAndTheCallersOverThat)
 {
     DriverDevMode stored = BusyRecord(), input = BusyRecord();

@@ -19,14 +19,6 @@ TEST(ArcTan, GivesTenthsOfADegree)
     for (const auto& [x, y, tenths] : Rows) EXPECT_EQ(ArcTanTenths(x, y), tenths) << x << ", " << y;
 }
 
-TEST(Diagonal, FollowsThePageAsItLies)
-{
-    EXPECT_EQ(DiagonalOf(2550, 3300), 53);
-    EXPECT_EQ(DiagonalOf(3507, 2480), 35);
-    EXPECT_EQ(DiagonalOf(1900, 2750), 56);  // 55.5 degrees
-    EXPECT_EQ(DiagonalOf(0, 0), 0);
-}
-
 // Half width 300, half height 100, centre (1000, 2000).
 TEST(Rotation, TurnsTheCornerAboutTheCentre)
 {

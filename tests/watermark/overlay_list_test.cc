@@ -82,15 +82,6 @@ TEST_F(OverlayStore, LoadsTheHeadAndTheRowsInOrder)
     }
 }
 
-TEST_F(OverlayStore, TakesWholeRowsOfWhatIsStored)
-{
-    for (const std::size_t bytes : {0u, 1u, 3u, 4u, 4u + 1059, 4u + 1060, 4u + 1061, 4u + 2120}) {
-        StoreOverlays(machine, OfficePrinter, three, bytes);
-        EXPECT_EQ(Load(0), 1);
-        EXPECT_EQ(Names(), bytes < 4 + 1060 ? "[<NONE>]" : bytes < 4 + 2120 ? "[<NONE>]/A" : "[<NONE>]/A/B") << bytes;
-    }
-}
-
 TEST_F(OverlayStore, EndsTextsThatAreNotEndedWhereTheirFieldsEnd)
 {
     StoreOverlays(machine, OfficePrinter, {Overlay(std::u16string(262, u'n'), std::u16string(262, u'p'))});
