@@ -1,124 +1,167 @@
-// The rules of the Device Options Setting page, driven as a user drives them.
+// The rules of the Device Options Setting page, and what its Tray2 and Default do on the other pages.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "pages/about_dialog.h"
-#include "resources/control_numbers.h"
-#include "settings/list_rows.h"
-#include "tests/support/records.h"
-#include "tests/support/sheet_driver.h"
+#include "tests/support/paper_sheet.h"
 
 namespace {
 
+using namespace testing_support;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
-using testing_support::ElsewherePage;
-using testing_support::Fields;
-using testing_support::Sheet;
 
+constexpr char16_t DeviceOptions[] = u"Device Options Setting";
 constexpr char WithTray2[] = "- LoadBitmapW [1299]", WithoutTray2[] = "- LoadBitmapW [1298]";
 
 class DeviceSheet : public Sheet {
   public:
-    explicit DeviceSheet(const Prepare& prepare = {}) : Sheet(prepare) { Page(u"Device Options Setting"); }
+    explicit DeviceSheet(const char* fields = "") : Sheet(Fields(fields)) { Page(DeviceOptions); }
 };
-
-void Tray2(DriverDevMode& record)
-{
-    record.dmDeviceFlags = 0xFF;
-    record.dmDefaultSource = 2;
-}
-
-TEST(DeviceOptionsPage, ShowsAFreshRecord)
-{
-    DeviceSheet sheet;
-    EXPECT_EQ(sheet.Template(), 1150);
-    EXPECT_THAT(sheet.Items(IDC_TOTAL_MEMORY), ElementsAre(u"16", u"144"));
-    EXPECT_EQ(sheet.Selection(IDC_TOTAL_MEMORY), 0);
-    EXPECT_FALSE(sheet.Checked(IDC_TRAY2));
-    EXPECT_FALSE(sheet.Enabled(IDC_TRAY2));
-    EXPECT_TRUE(sheet.Checked(IDC_DEVICE_PRINTER_FIGURE));
-    EXPECT_EQ(sheet.Changes(), 0);
-}
 
 TEST(DeviceOptionsPage, ShowsEveryMemoryButTheLowerOneAsTheHigherAndKeepsItUntilOneIsPicked)
 {
     for (const auto& [memory, selection] : {
-             std::pair<SHORT, int>{16,  0},
-              {144, 1},
-              {64,  1},
-              {0,   1}
+             std::pair{"dmTotalMemory=16",  0},
+             {"dmTotalMemory=144", 1},
+             {"dmTotalMemory=0",   1}
     }) {
-        DeviceSheet sheet([memory = memory](DriverDevMode& record) { record.dmTotalMemory = memory; });
+        DeviceSheet sheet(memory);
+        EXPECT_THAT(sheet.Items(IDC_TOTAL_MEMORY), ElementsAre(u"16", u"144"));
         EXPECT_EQ(sheet.Selection(IDC_TOTAL_MEMORY), selection) << memory;
-        EXPECT_EQ(sheet.Settings().dmTotalMemory, memory);
+        EXPECT_FALSE(sheet.Enabled(IDC_TRAY2));
+        EXPECT_TRUE(sheet.Checked(IDC_DEVICE_PRINTER_FIGURE));
+        EXPECT_EQ(sheet.Changes(), 0);
         EXPECT_EQ(sheet.Choose(IDC_TOTAL_MEMORY, u"144").Settings().dmTotalMemory, 144);
         EXPECT_EQ(sheet.Changes(), 1);
         EXPECT_EQ(sheet.Choose(IDC_TOTAL_MEMORY, u"16").Ok().dmTotalMemory, 16);
     }
 }
 
-TEST(DeviceOptionsPage, TakesOverTray2WhenItIsShownAndNotBefore)
+TEST(DeviceOptionsPage, DefaultTakesTray2OutOfTheRecordAndTellsTheSheetEvenIfNothingChanges)
 {
-    Tray2Installed = 0;
-    Sheet sheet(Tray2);
-    EXPECT_EQ(Tray2Installed, 0);
-    sheet.Page(u"Device Options Setting");
+    DeviceSheet sheet("dmDeviceFlags=0xFF dmDefaultSource=2 dmTotalMemory=144");
     EXPECT_TRUE(sheet.Checked(IDC_TRAY2));
-    EXPECT_EQ(Tray2Installed, 128);
-    EXPECT_THAT(sheet.Drawn(), Contains(WithTray2));
-    sheet.Page(ElsewherePage).Change(Fields("dmDeviceFlags=0x7F"));
-    sheet.Page(u"Device Options Setting");
-    EXPECT_FALSE(sheet.Checked(IDC_TRAY2));
-    EXPECT_EQ(Tray2Installed, 0);
-    EXPECT_THAT(sheet.Drawn(), Contains(WithoutTray2));
-}
-
-TEST(DeviceOptionsPage, DefaultTakesTray2OutOfTheRecordAndLeavesTheSource)
-{
-    DeviceSheet sheet([](DriverDevMode& record) {
-        Tray2(record);
-        record.dmTotalMemory = 144;
-    });
-    sheet.Click(IDC_DEVICE_PAGE_LAYOUT).Drawn();
-    sheet.Click(IDC_DEFAULT);
-    EXPECT_TRUE(sheet.Checked(IDC_DEVICE_PRINTER_FIGURE));
-    EXPECT_FALSE(sheet.Checked(IDC_TRAY2));
-    EXPECT_EQ(sheet.Selection(IDC_TOTAL_MEMORY), 0);
-    EXPECT_EQ(sheet.Changes(), 1);
-    EXPECT_EQ(Tray2Installed, 0);
-    EXPECT_THAT(sheet.Drawn(), Contains(WithoutTray2));
+    sheet.Click(IDC_DEVICE_PAGE_LAYOUT);
+    for (const int told : {1, 2}) {
+        sheet.Drawn();
+        sheet.Click(IDC_DEFAULT);
+        EXPECT_EQ(sheet.Changes(), told);
+        EXPECT_TRUE(sheet.Checked(IDC_DEVICE_PRINTER_FIGURE));
+        EXPECT_FALSE(sheet.Checked(IDC_TRAY2));
+        EXPECT_EQ(sheet.Selection(IDC_TOTAL_MEMORY), 0);
+        EXPECT_EQ(Tray2Installed, 0);
+        EXPECT_THAT(sheet.Drawn(), Contains(WithoutTray2));
+    }
     const DriverDevMode record = sheet.Ok();
     EXPECT_EQ(record.dmTotalMemory, 16);
     EXPECT_EQ(record.dmDeviceFlags, 0x7Fu);
     EXPECT_EQ(record.dmDefaultSource, 2);
 }
 
-TEST(DeviceOptionsPage, DefaultTellsTheSheetEvenIfNothingChanges)
-{
-    DeviceSheet sheet;
-    EXPECT_EQ(sheet.Click(IDC_DEFAULT).Changes(), 1);
-}
-
 TEST(DeviceOptionsPage, KeepsItsOwnPictureAndComesUpWithTheFigure)
 {
     DeviceSheet sheet;
-    sheet.Drawn();
-    sheet.Click(IDC_DEVICE_PAGE_LAYOUT);
-    EXPECT_EQ(DevicePreviewMode, 0);
+    for (const auto& [radio, mode] : {
+             std::pair{IDC_DEVICE_PAGE_LAYOUT,    0},
+             {IDC_DEVICE_PRINTER_FIGURE, 1},
+             {IDC_DEVICE_PAGE_LAYOUT,    0}
+    }) {
+        sheet.Drawn();
+        sheet.Click(radio);
+        EXPECT_EQ(DevicePreviewMode, mode);
+        EXPECT_EQ(testing::Value(sheet.Drawn(), Contains(WithoutTray2)), mode == 1);
+    }
     EXPECT_EQ(sheet.Settings().dmPreviewMode, 0);
-    EXPECT_THAT(sheet.Drawn(), Not(Contains(WithoutTray2)));
     EXPECT_EQ(sheet.Changes(), 0);
-    sheet.Click(IDC_DEVICE_PRINTER_FIGURE);
-    EXPECT_EQ(DevicePreviewMode, 1);
-    EXPECT_EQ(sheet.Settings().dmPreviewMode, 0);
-    EXPECT_THAT(sheet.Drawn(), Contains(WithoutTray2));
-    sheet.Click(IDC_DEVICE_PAGE_LAYOUT).Page(ElsewherePage).Page(u"Device Options Setting");
+    sheet.Page(ElsewherePage).Page(DeviceOptions);
     EXPECT_TRUE(sheet.Checked(IDC_DEVICE_PRINTER_FIGURE));
     EXPECT_EQ(DevicePreviewMode, 1);
+}
+
+TEST(DeviceOptionsPage, DecidesOnTheFigureOfEveryPageOnceItHasBeenShown)
+{
+    Tray2Installed = 0;
+    Sheet sheet(Fields("dmDeviceFlags=128"));
+    const auto expectFigures = [&](const char* bitmap) {
+        for (const auto& [page, radio] : {
+                 std::pair{u"Setup",   IDC_SETUP_PRINTER_FIGURE  },
+                 {u"Paper",   IDC_PAPER_PRINTER_FIGURE  },
+                 {u"Quality", IDC_QUALITY_PRINTER_FIGURE}
+        }) {
+            sheet.Page(page).Drawn();
+            sheet.Click(radio);
+            EXPECT_THAT(sheet.Drawn(), Contains(bitmap)) << radio;
+        }
+        sheet.Page(DeviceOptions);
+    };
+    expectFigures(WithoutTray2);
+    expectFigures(WithTray2);
+    sheet.Click(IDC_DEFAULT);
+    expectFigures(WithoutTray2);
+}
+
+// "7 1 *2 4": item data, with a star at the selected row.
+std::string Codes(Sheet& sheet, int list)
+{
+    const auto data = sheet.ItemData(list);
+    std::string codes;
+    for (std::size_t row = 0; row < data.size(); ++row) {
+        const bool selected = static_cast<int>(row) == sheet.Selection(list);
+        codes += (row ? " " : "") + std::string(selected ? "*" : "") + std::to_string(data[row]);
+    }
+    return codes;
+}
+
+// Sources and media.
+std::string OnSetup(Sheet& sheet)
+{
+    sheet.Page(u"Setup");
+    return Codes(sheet, IDC_PAPER_SOURCE) + " | " + Codes(sheet, IDC_MEDIA_TYPE);
+}
+
+// Papers, output papers, whether custom sizes can be edited (e: not); source of the record.
+std::string OnPaper(Sheet& sheet)
+{
+    sheet.Page(u"Paper");
+    const auto rows = [&](int list) { return std::to_string(sheet.Items(list).size()); };
+    return rows(IDC_DOCUMENT_SIZE) + " " + rows(IDC_OUTPUT_SIZE) + " " + (sheet.Enabled(IDC_EDIT_CUSTOM) ? "E" : "e") +
+           " | " + std::to_string(sheet.Settings().dmDefaultSource);
+}
+
+TEST(DeviceOptionsPage, DefaultReachesBothPagesInEitherOrder)
+{
+    struct Case {
+        const char* fields;
+        const char *setup, *onPaper;          // before Default
+        const char *setupAfter, *paperAfter;  // and after it
+    };
+    // The record keeps a source that is gone from the list; any flag of the device leaves the Paper page with the
+    // papers of that source.
+    // clang-format off
+    const Case cases[] = {
+        {"dmDeviceFlags=0", "*7 1 4 | *0 1 2 3 4", "16 10 E | 7", "*7 1 4 | *0 1 2 3 4", "16 10 E | 7"},
+        {"dmDeviceFlags=128 dmDefaultSource=1",
+         "7 *1 2 4 | *0 1 2 3 4", "16 10 E | 1", "7 *1 4 | *0 1 2 3 4", "16 10 E | 1"},
+        {"dmDeviceFlags=128 dmMediaIndex=2 dmPaperSize=27",
+         "*7 1 4 | 0 1 *2 3 4", "8 10 E | 7", "*7 1 4 | 0 1 *2 3 4", "8 10 E | 7"},
+        {"dmDeviceFlags=128 dmDefaultSource=2", "7 1 *2 4 | *0", "5 5 e | 2", "*7 1 4 | *0 1 2 3 4", "16 10 E | 2"},
+        {"dmDeviceFlags=0xFF dmDefaultSource=2", "7 1 *2 4 | *0", "5 5 e | 2", "*7 1 4 | *0 1 2 3 4", "5 5 e | 2"},
+    };
+    // clang-format on
+    for (const Case& one : cases) {
+        for (const char16_t* first : {u"Setup", u"Paper"}) {
+            SCOPED_TRACE(one.fields + (", first " + platform::ToUtf8(first)));
+            PaperSheet sheet(Fields(one.fields));
+            EXPECT_EQ(OnSetup(sheet), one.setup);
+            EXPECT_EQ(OnPaper(sheet), one.onPaper);
+            sheet.Page(DeviceOptions).Click(IDC_DEFAULT).Page(first);
+            EXPECT_EQ(OnPaper(sheet), one.paperAfter);
+            EXPECT_EQ(OnSetup(sheet), one.setupAfter);
+        }
+    }
 }
 
 TEST(AboutDialog, OpensFromThePageAndClosesByOkAndEsc)
@@ -126,20 +169,13 @@ TEST(AboutDialog, OpensFromThePageAndClosesByOkAndEsc)
     AboutIsPage = 1;  // a device sheet was up before
     DeviceSheet sheet;
     EXPECT_EQ(sheet.Click(IDC_ABOUT).Template(), DLG_ABOUT);
-    EXPECT_TRUE(sheet.Enabled(IDOK));
     EXPECT_EQ(sheet.Text(IDC_ABOUT_VERSION), u"Version:1.20.0401.0");
     sheet.Send(WM_COMMAND, 1 << 16 | IDOK, 0);  // a notice of the button and no click
     EXPECT_EQ(sheet.Template(), DLG_ABOUT);
     EXPECT_EQ(sheet.Click(IDOK).Template(), IDD_DEVICE_OPTIONS);
-    EXPECT_EQ(sheet.Click(IDC_ABOUT).Template(), DLG_ABOUT);
-    EXPECT_EQ(sheet.Press(platform::user::Key::Escape).Template(), IDD_DEVICE_OPTIONS);
+    sheet.Click(IDC_ABOUT).Press(platform::user::Key::Escape);
+    EXPECT_EQ(sheet.Template(), IDD_DEVICE_OPTIONS);
     EXPECT_EQ(sheet.Changes(), 0);
-}
-
-std::string FunctionOf(const std::string& line)
-{
-    const std::size_t begin = line.find(' ') + 1;
-    return line.substr(begin, line.find(' ', begin) - begin);
 }
 
 TEST(AboutDialog, DrawsPictureAndNameEachTimeThatItIsPainted)
@@ -150,14 +186,17 @@ TEST(AboutDialog, DrawsPictureAndNameEachTimeThatItIsPainted)
     for (int times = 0; times < 2; ++times) {
         const auto drawn = sheet.Drawn();
         EXPECT_THAT(drawn, Contains(StartsWith("1214 StretchBlt")));
+        std::string name;  // the calls behind the picture
+        for (const std::string& line : drawn) {
+            const std::size_t begin = line.find(' ') + 1;
+            if (!name.empty() || line.starts_with("1290 GetDC"))
+                name += line.substr(begin, line.find(' ', begin) - begin) + " ";
+        }
+        EXPECT_EQ(name,
+                  "GetDC SetBkMode GetStockObject SelectObject GetObjectW GetDeviceCaps CreateFontIndirectW "
+                  "SelectObject TextOutW SetBkMode SelectObject DeleteObject ReleaseDC ReleaseDC ");
         EXPECT_THAT(drawn, Contains(HasSubstr("CreateFontIndirectW [{font:{lfHeight:-16,")));
         EXPECT_THAT(drawn, Contains("1290 TextOutW [0,0,\"Ordana Quillet 4820E\",20]"));
-        std::vector<std::string> name;  // behind the picture
-        for (const std::string& line : drawn)
-            if (!name.empty() || line.starts_with("1290 GetDC")) name.push_back(FunctionOf(line));
-        EXPECT_THAT(name, ElementsAre("GetDC", "SetBkMode", "GetStockObject", "SelectObject", "GetObjectW",
-                                      "GetDeviceCaps", "CreateFontIndirectW", "SelectObject", "TextOutW", "SetBkMode",
-                                      "SelectObject", "DeleteObject", "ReleaseDC", "ReleaseDC"));
         sheet.Try([](HWND about) {
             InvalidateRect(about, nullptr, TRUE);
             platform::user::PaintPending();

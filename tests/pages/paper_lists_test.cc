@@ -79,14 +79,6 @@ TEST(PaperLists, NameEveryPaper)
                                             u"ABCDEFGHIJKLMNOPQRSTU (216.0x356.0 mm)"));
 }
 
-TEST(PaperLists, TakeAThousandStoredSizes)
-{
-    PaperSheet sheet(Fields("dmPaperSize=1256"),
-                     std::vector<CustomPaperEntry>(1000, Entry(257, u"Form", 0, 2100, 2970)));
-    EXPECT_EQ(sheet.ItemData(IDC_DOCUMENT_SIZE).size(), 1016u);
-    EXPECT_EQ(sheet.Selection(IDC_DOCUMENT_SIZE), 1015);
-}
-
 TEST(PaperLists, FindThePaperOfTheRecord)
 {
     struct FindCase {
@@ -106,17 +98,13 @@ TEST(PaperLists, FindThePaperOfTheRecord)
         {Germany,      259, 1,  0,  3300, 2550},
     };
     for (const FindCase& one : cases) {
-        SCOPED_TRACE(std::to_string(one.country) + " paper " + std::to_string(one.code));
         PaperSheet sheet(With(Auto, Plain, one.code), FormAndCard, one.country);
-        EXPECT_EQ(sheet.Selection(IDC_DOCUMENT_SIZE), one.selection);
-        EXPECT_EQ(SelectedPaperRow, one.row);
+        EXPECT_EQ(sheet.Selection(IDC_DOCUMENT_SIZE), one.selection) << one.code;
+        EXPECT_EQ(SelectedPaperRow, one.row) << one.code;
         const DriverDevMode record = sheet.Settings();
         EXPECT_EQ(record.dmPaperSize, one.code);
-        EXPECT_EQ(record.dmPaperLength, one.length);
-        EXPECT_EQ(record.dmPaperWidth, one.width);
-        EXPECT_EQ(record.dmPaperLengthPriv, one.length);
-        EXPECT_EQ(record.dmPaperWidthPriv, one.width);
-        EXPECT_EQ(sheet.GoAwayAndComeBack().Settings().dmPaperSize, one.code);
+        EXPECT_EQ(record.dmPaperLengthPriv, one.length) << one.code;
+        EXPECT_EQ(record.dmPaperWidth, one.width) << one.code;
     }
 }
 
@@ -157,18 +145,13 @@ TEST(PaperLists, ReplaceAPaperThatTheMediaDoesNotTake)
         {Germany,      Envelope,     257, 26, 1, 27,  7,  1 },
         {Germany,      Postcard,     257, 26, 0, 223, 25, 1 },
         {Germany,      Postcard,     257, 26, 1, 216, 17, 0 },
-        {Germany,      Thick,        257, 26, 1, 9,   1,  1 },
  // A row of a size that was deleted is one that is not on offer.
         {Germany,      Plain,        259, 28, 0, 9,   1,  1 },
-        {Germany,      Plain,        259, 28, 1, 9,   1,  1 },
  // A built-in paper stays there.
         {UnitedStates, Transparency, 5,   2,  0, 5,   0,  0 },
-        {Germany,      Transparency, 5,   2,  0, 5,   1,  1 },
         {Germany,      Transparency, 5,   2,  1, 5,   0,  1 },
         {Germany,      Envelope,     9,   1,  1, 9,   7,  1 },
-        {Germany,      Postcard,     9,   1,  1, 9,   17, 1 },
         {Germany,      Thick,        27,  7,  1, 27,  1,  1 },
-        {UnitedStates, Thick,        27,  7,  1, 27,  0,  0 },
         {Germany,      Plain,        27,  7,  1, 27,  0,  1 },
  // What is on offer stays.
         {Germany,      Plain,        257, 26, 1, 257, 26, 16},
@@ -207,15 +190,6 @@ TEST(PaperLists, BringABuiltInPaperBackWithItsSource)
     EXPECT_EQ(sheet.Settings().dmPaperLength, 2480);
 }
 
-TEST(PaperLists, DropACustomSizeUnderTray2)
-{
-    PaperSheet sheet(With(Tray1, Plain, 257), FormAndCard, Germany);
-    sheet.ChangeElsewhere(Source(Tray2));
-    EXPECT_EQ(sheet.Settings().dmPaperSize, 9);
-    EXPECT_EQ(sheet.Settings().dmPaperWidth, 2480);
-    EXPECT_EQ(sheet.Text(IDC_DOCUMENT_SIZE), u"A4 (210 x 297 mm)");
-}
-
 TEST(PaperLists, TakeComingToTheFrontForAChangeOfMedia)
 {
     PaperSheet sheet(With(Auto, Plain, 257), FormAndCard, Germany);
@@ -237,30 +211,6 @@ TEST(PaperLists, FollowTheSourceBetweenTimes)
         sheet.OnPage([](HWND) { SetOption(SourceOption, Tray2); });
         EXPECT_NE(PaperRows[4].enabled, 0u);
         EXPECT_EQ(PaperRows[5].enabled, 0u);
-    }
-}
-
-TEST(PaperLists, FindRowsByTheirPositions)
-{
-    struct RowCase {
-        SHORT media;
-        int position, row;
-    };
-    const RowCase cases[] = {
-        {Plain,    0,  0 },
-        {Plain,    7,  15},
-        {Plain,    16, 26},
-        {Plain,    18, -1},
-        {Envelope, 7,  14},
-        {Envelope, 8,  -1},
-        {Plain,    -1, -1},
-    };
-    PaperSheet sheet({}, FormAndCard);
-    for (const RowCase& one : cases) {
-        sheet.OnPage([&](HWND) {
-            UseMedia(one.media);
-            EXPECT_EQ(PaperRowAtPosition(one.position), one.row) << one.media << ' ' << one.position;
-        });
     }
 }
 
@@ -295,15 +245,10 @@ TEST(PaperLists, ShowNoCustomSizesThatCouldNotBeLoadedAgain)
 TEST(PaperLists, SendToThePapersThatTheSourceTakesWhateverTheMedia)
 {
     const Codes all = {1, 9, 5, 7, 310, 15, 11, 214, 215, 222};
-    const Codes secondTray = {1, 9, 5, 7, 310};
-    for (const SHORT source : {Auto, Manual, Tray2}) {
-        PaperSheet sheet(With(source, Plain, 1), FormAndCard);
-        EXPECT_EQ(sheet.ItemData(IDC_OUTPUT_SIZE), source == Tray2 ? secondTray : all) << source;
-        sheet.ChangeElsewhere([](DriverDevMode&) { SelectedMedia = Envelope; });
-        EXPECT_EQ(sheet.ItemData(IDC_OUTPUT_SIZE), source == Tray2 ? secondTray : all) << source;
-        sheet.ChangeElsewhere(Source(Tray2));
-        EXPECT_EQ(sheet.ItemData(IDC_OUTPUT_SIZE), secondTray) << source;
-    }
+    PaperSheet sheet(With(Auto, Envelope, 1), FormAndCard);
+    EXPECT_EQ(sheet.ItemData(IDC_OUTPUT_SIZE), all);
+    sheet.ChangeElsewhere(Source(Tray2));
+    EXPECT_EQ(sheet.ItemData(IDC_OUTPUT_SIZE), (Codes{1, 9, 5, 7, 310}));
 }
 
 TEST(PaperLists, SelectTheOutputPaperOrThatOfTheCountry)

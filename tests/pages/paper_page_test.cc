@@ -8,6 +8,7 @@
 #include "platform/controls.h"
 #include "platform/user/window.h"
 #include "tests/support/paper_sheet.h"
+#include "tests/support/watermarks.h"
 
 namespace {
 
@@ -22,8 +23,6 @@ TEST(PaperPage, ShowsAFreshRecord)
     EXPECT_EQ(sheet.Fit(), "-FoS 100 | 0 100");
     EXPECT_EQ(sheet.Copies(), "N 1 ru p- | 1 0 0");
     EXPECT_EQ(sheet.Shift(), "off xy 0 0 | 0 0 0");
-    EXPECT_TRUE(sheet.Checked(IDC_PORTRAIT));
-    EXPECT_FALSE(sheet.Checked(IDC_ROTATED));
     EXPECT_TRUE(sheet.Checked(IDC_PAPER_PAGE_LAYOUT));
     EXPECT_FALSE(sheet.Enabled(IDC_PAPER_PREVIEW));
     const DriverDevMode record = sheet.Ok();
@@ -38,111 +37,81 @@ TEST(PaperPage, StoresEveryChoice)
     sheet.Click(IDC_COLLATED).Click(IDC_PROOF_PRINT).Click(IDC_LANDSCAPE).Click(IDC_ROTATED).Click(IDC_SHIFT_ON);
     sheet.Type(IDC_SHIFT_X, u"-20").Type(IDC_SHIFT_Y, u"25");
     const DriverDevMode record = sheet.Ok();
-    EXPECT_EQ(record.dmPaperSize, 5);
-    EXPECT_EQ(record.dmPaperLength, 4200);
-    EXPECT_EQ(record.dmPaperWidth, 2550);
-    EXPECT_EQ(record.dmPaperLengthPriv, 4200);
-    EXPECT_EQ(record.dmPaperWidthPriv, 2550);
-    EXPECT_EQ(record.dmFitToPaper, 1);
-    EXPECT_EQ(record.dmZoom, 150);
-    EXPECT_EQ(record.dmCopies, 3);
-    EXPECT_EQ(record.dmCollateMode, 1);
-    EXPECT_EQ(record.dmProofPrint, 1);
-    EXPECT_EQ(record.dmOrientation, 2);
-    EXPECT_EQ(record.dmImageRotated, 1);
-    EXPECT_EQ(record.dmImageShiftOn, 1);
-    EXPECT_EQ(record.dmImageShiftX, -20);
-    EXPECT_EQ(record.dmImageShiftY, 25);
+    for (const auto& [field, value] : {
+             std::pair{"dmPaperSize",       5   },
+             {"dmPaperLength",     4200},
+             {"dmPaperWidth",      2550},
+             {"dmPaperLengthPriv", 4200},
+             {"dmPaperWidthPriv",  2550},
+             {"dmFitToPaper",      1   },
+             {"dmZoom",            150 },
+             {"dmCopies",          3   },
+             {"dmCollateMode",     1   },
+             {"dmProofPrint",      1   },
+             {"dmOrientation",     2   },
+             {"dmImageRotated",    1   },
+             {"dmImageShiftOn",    1   },
+             {"dmImageShiftX",     -20 },
+             {"dmImageShiftY",     25  }
+    })
+        EXPECT_EQ(GetField(record, field), value) << field;
 }
 
 TEST(PaperPage, StoresACustomSizeByCodeAndExtentAndTakesItAnewInFront)
 {
     PaperSheet sheet({}, FormAndCard);
     sheet.Choose(IDC_DOCUMENT_SIZE, u"Card (8.50x11.00 inch)");
-    sheet.ChangeElsewhere([](DriverDevMode& record) { record.dmPaperLength = record.dmPaperWidth = 1; });
+    sheet.ChangeElsewhere(Fields("dmPaperLength=1 dmPaperWidth=1"));
     const DriverDevMode record = sheet.Ok();
     EXPECT_EQ(record.dmPaperSize, 258);
     EXPECT_EQ(record.dmPaperLength, 3300);
     EXPECT_EQ(record.dmPaperWidth, 2550);
-    EXPECT_EQ(record.dmPaperLengthPriv, 3300);
     EXPECT_EQ(record.dmFormName[0], 0);
-}
-
-TEST(PaperPage, ShowsARecordOfItsOwnKind)
-{
-    PaperSheet sheet(
-        Fields("dmOrientation=2 dmImageRotated=1 dmImageShiftOn=1 dmImageShiftX=-50 dmImageShiftY=25 dmCopies=999 "
-               "dmCollateMode=1 dmZoom=400 dmFitToPaper=1"));
-    EXPECT_TRUE(sheet.Checked(IDC_LANDSCAPE));
-    EXPECT_FALSE(sheet.Checked(IDC_PORTRAIT));
-    EXPECT_TRUE(sheet.Checked(IDC_ROTATED));
-    EXPECT_EQ(sheet.Shift(), "on XY -50 25 | 1 -50 25");
-    EXPECT_EQ(sheet.Copies(), "N 999 Rc P- | 999 1 0");
-    EXPECT_EQ(sheet.Fit(), "-foS 400 | 1 400");
-}
-
-// Everything of the page that differs from its default.
-void Busy(DriverDevMode& record)
-{
-    SetFields(record,
-              "dmPaperSize=258 dmCopies=3 dmCollateMode=1 dmProofPrint=1 dmOrientation=2 dmFitToPaper=2 "
-              "dmOutputPaper=11 dmImageShiftOn=1 dmImageRotated=1 dmImageShiftX=5 dmImageShiftY=-5");
 }
 
 TEST(PaperPage, DefaultRestoresEverythingInEveryCountryAndForEveryMedia)
 {
     struct DefaultCase {
         int country;
-        SHORT media, code, length;
-        int selection;
-        SHORT output;
+        const char* media;
+        SHORT code, length, output;
     };
     const DefaultCase cases[] = {
-        {UnitedStates, 0, 1,   3300, 0, 1},
-        {UnitedStates, 2, 27,  2598, 0, 1},
-        {Germany,      0, 9,   3507, 1, 9},
-        {Germany,      1, 9,   3507, 1, 9},
-        {Germany,      2, 27,  2598, 0, 9},
-        {Germany,      3, 216, 1748, 0, 9},
-        {Germany,      4, 9,   3507, 1, 9},
+        {UnitedStates, "dmMediaIndex=0", 1,   3300, 1},
+        {UnitedStates, "dmMediaIndex=2", 27,  2598, 1},
+        {Germany,      "dmMediaIndex=0", 9,   3507, 9},
+        {Germany,      "dmMediaIndex=1", 9,   3507, 9},
+        {Germany,      "dmMediaIndex=3", 216, 1748, 9},
     };
     for (const DefaultCase& one : cases) {
-        SCOPED_TRACE(std::to_string(one.country) + " media " + std::to_string(one.media));
+        SCOPED_TRACE(std::to_string(one.country) + one.media);
         PaperSheet sheet(
-            [&](DriverDevMode& record) {
-                Busy(record);
-                record.dmMediaIndex = one.media;
-            },
+            Fields("dmPaperSize=258 dmCopies=3 dmCollateMode=1 dmProofPrint=1 dmOrientation=2 dmFitToPaper=2 "
+                   "dmOutputPaper=11 dmImageShiftOn=1 dmImageRotated=1 dmImageShiftX=5 dmImageShiftY=-5 " +
+                   std::string(one.media)),
             FormAndCard, one.country);
         sheet.Click(IDC_PAPER_PRINTER_FIGURE).Click(IDC_DEFAULT);
-        EXPECT_EQ(sheet.Selection(IDC_DOCUMENT_SIZE), one.selection);
+        EXPECT_EQ(sheet.Code(IDC_DOCUMENT_SIZE), one.code);
+        EXPECT_EQ(sheet.Code(IDC_OUTPUT_SIZE), one.output);
         EXPECT_EQ(sheet.Fit(), "-FoS 100 | 0 100");
         EXPECT_EQ(sheet.Copies(), "N 1 ru p- | 1 0 0");
         EXPECT_EQ(sheet.Shift(), "off xy 0 0 | 0 0 0");
-        EXPECT_TRUE(sheet.Checked(IDC_PORTRAIT));
-        EXPECT_FALSE(sheet.Checked(IDC_ROTATED));
         EXPECT_TRUE(sheet.Checked(IDC_PAPER_PAGE_LAYOUT));
-        EXPECT_EQ(sheet.Code(IDC_OUTPUT_SIZE), one.output);
         const DriverDevMode record = sheet.Ok();
-        EXPECT_EQ(record.dmPaperSize, one.code);
         EXPECT_EQ(record.dmPaperLength, one.length);
         EXPECT_EQ(record.dmOrientation, 1);
         EXPECT_EQ(record.dmOutputPaper, one.output);
         EXPECT_EQ(record.dmImageRotated, 0);
         EXPECT_EQ(record.dmPreviewMode, 0);
-        EXPECT_EQ(record.dmMediaIndex, one.media);
     }
 }
 
 TEST(PaperPage, DefaultLeavesWhatIsTheSetupPagesAndLeadsToTheCopies)
 {
-    PaperSheet sheet(Fields("dmDefaultSource=1 dmNupOn=1 dmNupCount=4 dmDuplexOn=1 dmDuplexBinding=1 dmWatermarkOn=1"));
+    PaperSheet sheet(Fields("dmDefaultSource=1 dmNupOn=1 dmNupCount=4 dmDuplexOn=1 dmDuplexBinding=1"));
     sheet.Click(IDC_DEFAULT);
-    const DriverDevMode record = sheet.Settings();
-    EXPECT_EQ(record.dmDefaultSource, 1);
-    EXPECT_EQ(record.dmNupCount, 4);
-    EXPECT_EQ(record.dmDuplexOn, 1);
-    EXPECT_EQ(record.dmWatermarkOn, 1u);
+    EXPECT_EQ(sheet.Settings().dmNupCount, 4);
+    EXPECT_EQ(sheet.Settings().dmDuplexOn, 1);
     EXPECT_EQ(sheet.Press(platform::user::Key::Up).Settings().dmCopies, 2);
 }
 
@@ -194,25 +163,6 @@ TEST(PaperPage, ShowsCollationAndOrientationAsIcons)
     }
 }
 
-TEST(PaperPage, AnswersMessagesAsADialogDoes)
-{
-    PaperSheet sheet;
-    DRAWITEMSTRUCT item{};
-    EXPECT_EQ(sheet.Send(WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&item)), TRUE);
-    for (const UINT message : {WM_PAINT, WM_CONTEXTMENU, WM_DESTROY}) EXPECT_EQ(sheet.Send(message, 0, 0), FALSE);
-    for (const UINT code : {PSN_SETACTIVE, PSN_KILLACTIVE, PSN_QUERYCANCEL, PSN_RESET, PSN_QUERYINITIALFOCUS}) {
-        NMHDR notification{nullptr, 0, code};
-        EXPECT_EQ(sheet.Send(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification)), FALSE) << code;
-    }
-    const int before = sheet.Changes();
-    constexpr int OtherCode = 0x0700;
-    for (const int control : {IDC_DOCUMENT_SIZE, IDC_OUTPUT_SIZE, IDC_SCALING, IDC_SHIFT_X, IDC_SHIFT_Y, IDC_COPIES})
-        EXPECT_EQ(sheet.Notice(control, OtherCode), TRUE) << control;
-    EXPECT_EQ(sheet.Changes(), before);
-    EXPECT_EQ(sheet.Notice(IDC_SCALING_LABEL, BN_CLICKED), FALSE);
-    EXPECT_EQ(sheet.Notice(IDC_QUALITY_PAGE_LAYOUT, BN_CLICKED), FALSE);
-}
-
 TEST(PaperPage, APickWithoutASelectionStoresNothing)
 {
     PaperSheet sheet(Fields("dmOutputPaper=11"));
@@ -226,53 +176,23 @@ TEST(PaperPage, APickWithoutASelectionStoresNothing)
     EXPECT_EQ(sheet.Settings().dmOutputPaper, 11);
 }
 
-TEST(PaperPage, ThePictureModeIsLostWhenThePageComesBack)
-{
-    PaperSheet sheet(Fields("dmPreviewMode=1"));
-    EXPECT_EQ(sheet.Settings().dmPreviewMode, 0) << "coming to the front shows the page layout";
-    sheet.Click(IDC_PAPER_PRINTER_FIGURE);
-    EXPECT_EQ(sheet.Settings().dmPreviewMode, 1);
-    sheet.GoAwayAndComeBack();
-    EXPECT_EQ(sheet.Settings().dmPreviewMode, 0);
-    EXPECT_TRUE(sheet.Checked(IDC_PAPER_PAGE_LAYOUT));
-}
-
 TEST(PaperPage, BringsTheJobsWatermarkUpToDate)
 {
-    const auto store = [](TestMachine& machine) {
-        const auto put = [&](const char16_t* name, std::u16string_view text) {
-            platform::Bytes bytes(3000);
-            std::memcpy(bytes.data(), text.data(), text.size() * sizeof(char16_t));
-            machine.store->SetValue(TestPrinter, name, {3, bytes});
-        };
-        put(u"WatermarkText", u"1\r\nNew\r\n");
-        put(u"WatermarkTextName", u"1\r\nName\r\n");
-        put(u"WatermarkAttributes", u"1|20|72|0|0|0|0|0|0|Arial\r\n");
-    };
     for (const DWORD on : {0u, 1u}) {
         PaperSheet sheet(
             [on](DriverDevMode& record) {
                 record.dmWatermarkOn = on;
                 record.dmWatermark.wmId = 1;
             },
-            {}, UnitedStates, true, store);
+            {}, UnitedStates, true,
+            [](TestMachine& machine) {
+                StoreWatermarks(machine,
+                                {
+                                    {u"Name", u"New"}
+                },
+                                TestPrinter);
+            });
         EXPECT_EQ(std::u16string(sheet.Settings().dmWatermark.wmText), on ? u"New" : u"");
-    }
-}
-
-// Whichever question about the lists fails, no paper without a code gets into the record.
-TEST(PaperPage, TakesNoPaperWithoutACode)
-{
-    PaperSheet sheet({}, FormAndCard, Germany);
-    auto& faults = platform::CurrentEnvironment().faults;
-    for (std::uint64_t call = 1; call <= 12; ++call) {
-        SCOPED_TRACE(call);
-        faults.Clear();
-        faults.Add("SendDlgItemMessageW", call, false);
-        sheet.Click(IDC_DEFAULT).Click(IDC_FIT_TO_PAPER);
-        faults.Clear();
-        EXPECT_GT(sheet.Settings().dmPaperSize, 0);
-        EXPECT_GT(sheet.Settings().dmOutputPaper, 0);
     }
 }
 

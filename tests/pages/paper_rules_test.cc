@@ -8,155 +8,84 @@
 namespace {
 
 using namespace testing_support;
-using Prepare = void (*)(DriverDevMode& record);
-using Step = std::function<void(PaperSheet& sheet)>;
 
 // Choices of the Setup page.
-void Nothing(DriverDevMode&) {}
-void Nup(DriverDevMode& record) { SetFields(record, "dmNupOn=1 dmNupCount=4"); }
-void LongEdge(DriverDevMode& record) { record.dmDuplexOn = record.dmDuplexBinding = 1; }
-void ShortEdge(DriverDevMode& record) { SetFields(record, "dmDuplexOn=1 dmDuplexBinding=2"); }
-void Booklet(DriverDevMode& record)
-{
-    record.dmDuplexOn = record.dmDuplexBinding = 1;
-    record.dmBookletPaper = record.dmPaperSize;
-    record.dmNupOn = 1;
-    record.dmNupCount = 2;
-}
+constexpr char Nup[] = " dmNupOn=1 dmNupCount=4";
+constexpr char LongEdge[] = " dmDuplexOn=1 dmDuplexBinding=1";
+constexpr char Booklet[] = " dmDuplexOn=1 dmDuplexBinding=1 dmBookletPaper=1 dmNupOn=1 dmNupCount=2";
 
 // Choices of this page.
-void Scaled(DriverDevMode& record) { SetFields(record, "dmFitToPaper=1 dmZoom=150"); }
-void Fitted(DriverDevMode& record) { SetFields(record, "dmFitToPaper=2 dmOutputPaper=9"); }
-void Proof(DriverDevMode& record) { SetFields(record, "dmCopies=3 dmCollateMode=1 dmProofPrint=1"); }
-void ThreeCopies(DriverDevMode& record) { record.dmCopies = 3; }
-void ShiftOn(DriverDevMode& record) { record.dmImageShiftOn = 1; }
-
-struct Pair {
-    const char* name;
-    Prepare paper, setup;
-    const char *fit, *copies;  // what the page shows and the record holds
-};
+constexpr char Scaled[] = "dmFitToPaper=1 dmZoom=150";
+constexpr char Fitted[] = "dmFitToPaper=2 dmOutputPaper=9";
+constexpr char Proof[] = "dmCopies=3 dmCollateMode=1 dmProofPrint=1";
+constexpr char ThreeCopies[] = "dmCopies=3";
+constexpr char ShiftOn[] = "dmImageShiftOn=1";
 
 TEST(PaperRules, TheSetupPageLimitsFitAndCopies)
 {
-    const Pair pairs[] = {
-        {"plain",              Nothing,     Nothing,   "-FoS 100 | 0 100", "N 1 ru p- | 1 0 0"},
-        {"scaled",             Scaled,      Nothing,   "-foS 150 | 1 150", "N 1 ru p- | 1 0 0"},
-        {"fitted",             Fitted,      Nothing,   "xFOs 100 | 2 100", "N 1 ru p- | 1 0 0"},
-        {"three",              ThreeCopies, Nothing,   "-FoS 100 | 0 100", "N 3 Ru p- | 3 0 0"},
-        {"proof",              Proof,       Nothing,   "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
-        {"plain, N-up",        Nothing,     Nup,       "-fos 100 | 0 100", "N 1 ru p- | 1 0 0"},
-        {"scaled, N-up",       Scaled,      Nup,       "-fos 150 | 0 150", "N 1 ru p- | 1 0 0"},
-        {"fitted, N-up",       Fitted,      Nup,       "-fos 100 | 0 100", "N 1 ru p- | 1 0 0"},
-        {"proof, N-up",        Proof,       Nup,       "-fos 100 | 0 100", "N 3 Rc Px | 3 1 1"},
-        {"scaled, long edge",  Scaled,      LongEdge,  "-foS 150 | 1 150", "N 1 ru p- | 1 0 0"},
-        {"fitted, short edge", Fitted,      ShortEdge, "xFOs 100 | 2 100", "N 1 ru p- | 1 0 0"},
-        {"three, short edge",  ThreeCopies, ShortEdge, "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
-        {"proof, long edge",   Proof,       LongEdge,  "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
-        {"scaled, booklet",    Scaled,      Booklet,   "-fos 150 | 0 150", "n 1 ru p- | 1 0 0"},
-        {"fitted, booklet",    Fitted,      Booklet,   "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
-        {"three, booklet",     ThreeCopies, Booklet,   "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
-        {"proof, booklet",     Proof,       Booklet,   "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
+    struct Row {
+        const char *paper, *setup;
+        const char *fit, *copies;  // what the page shows and the record holds
     };
-    for (const Pair& pair : pairs) {
-        SCOPED_TRACE(pair.name);
-        {
-            PaperSheet opened([&](DriverDevMode& record) {
-                pair.paper(record);
-                pair.setup(record);
-            });
-            EXPECT_EQ(opened.Fit(), pair.fit);
-            EXPECT_EQ(opened.Copies(), pair.copies);
-        }
-        PaperSheet inFront(pair.paper);
-        inFront.ChangeElsewhere(pair.setup);
-        EXPECT_EQ(inFront.Fit(), pair.fit);
-        EXPECT_EQ(inFront.Copies(), pair.copies);
+    const Row rows[] = {
+        {Scaled,      "",                                "-foS 150 | 1 150", "N 1 ru p- | 1 0 0"},
+        {Proof,       "",                                "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
+        {Scaled,      Nup,                               "-fos 150 | 0 150", "N 1 ru p- | 1 0 0"},
+        {Fitted,      Nup,                               "-fos 100 | 0 100", "N 1 ru p- | 1 0 0"},
+        {Proof,       Nup,                               "-fos 100 | 0 100", "N 3 Rc Px | 3 1 1"},
+        {Scaled,      LongEdge,                          "-foS 150 | 1 150", "N 1 ru p- | 1 0 0"},
+        {ThreeCopies, LongEdge,                          "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
+        {Proof,       LongEdge,                          "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
+        {Scaled,      Booklet,                           "-fos 150 | 0 150", "n 1 ru p- | 1 0 0"},
+        {Proof,       Booklet,                           "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
+ // Duplex counts when it is on and has a binding or a booklet.
+        {Proof,       " dmDuplexBinding=1",              "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
+        {Proof,       " dmDuplexOn=1",                   "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
+        {Proof,       " dmDuplexOn=1 dmDuplexBinding=2", "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
+        {Proof,       " dmDuplexOn=1 dmBookletPaper=9",  "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
+        {Proof,       " dmBookletPaper=9",               "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
+    };
+    for (const Row& row : rows) {
+        PaperSheet sheet(Fields(row.paper + std::string(row.setup)));
+        EXPECT_EQ(sheet.GoAwayAndComeBack().Fit(), row.fit) << row.paper << row.setup;
+        EXPECT_EQ(sheet.Copies(), row.copies) << row.paper << row.setup;
     }
 }
 
-TEST(PaperRules, DuplexBindsOnlyWhenItIsOnAndHasABindingOrABooklet)
+TEST(PaperRules, FitAndScalingExcludeEachOther)
 {
-    struct DuplexCase {
-        SHORT on, binding, booklet;
+    const auto fit = [](PaperSheet& sheet) { sheet.Click(IDC_FIT_TO_PAPER); };
+    const auto scaleTo = [](const char16_t* text) {
+        return [text](PaperSheet& sheet) { sheet.Type(IDC_SCALING, text); };
+    };
+    struct Walk {
+        const char* start;
+        std::function<void(PaperSheet&)> step;
         const char* line;
     };
-    const DuplexCase cases[] = {
-        {0, 1, 0, "N 3 Rc Px | 3 1 1"},
-        {1, 0, 0, "N 3 Rc Px | 3 1 1"},
-        {1, 2, 0, "N 3 ru p- | 3 0 0"},
-        {0, 0, 9, "n 1 ru p- | 1 0 0"}, // one copy is uncollated
-        {1, 0, 9, "n 1 ru p- | 1 0 0"},
+    const Walk walks[] = {
+        {"",     fit,                                                                                    "xFOs 100 | 2 100"},
+        {"",     scaleTo(u"150"),                                                                        "-foS 150 | 1 150"},
+        {Scaled, scaleTo(u"100"),                                                                        "-FoS 100 | 0 100"},
+        {Fitted, fit,                                                                                    "-FoS 100 | 0 100"},
+        {Fitted, [](auto& sheet) { sheet.Choose(IDC_OUTPUT_SIZE, 2); },                                  "xFOs 100 | 2 100"},
+        {Nup,    [](auto& sheet) { sheet.Click(IDC_DEFAULT); },                                          "-fos 100 | 0 100"},
+ // Unchecked with a scaling in the record, as a step of another page may leave it.
+        {Fitted, [&](auto& sheet) { fit(static_cast<PaperSheet&>(sheet.Change(Fields("dmZoom=80")))); },
+         "-FoS 100 | 1 80"                                                                                                 },
     };
-    for (const DuplexCase& one : cases) {
-        PaperSheet sheet([&](DriverDevMode& record) {
-            Proof(record);
-            record.dmDuplexOn = one.on;
-            record.dmDuplexBinding = one.binding;
-            record.dmBookletPaper = one.booklet;
-        });
-        EXPECT_EQ(sheet.GoAwayAndComeBack().Copies(), one.line) << one.on << one.binding << one.booklet;
+    for (const Walk& walk : walks) {
+        PaperSheet sheet(Fields(walk.start));
+        walk.step(sheet);
+        EXPECT_EQ(sheet.Fit(), walk.line) << walk.start;
     }
 }
 
 TEST(PaperRules, ScalingComesBackAs100AfterPagesHaveSharedSheets)
 {
-    PaperSheet sheet(Scaled);
-    EXPECT_EQ(sheet.ChangeElsewhere(Nup).Fit(), "-fos 150 | 0 150");
+    PaperSheet sheet(Fields(Scaled));
+    EXPECT_EQ(sheet.ChangeElsewhere(Fields(Nup)).Fit(), "-fos 150 | 0 150");
     EXPECT_EQ(sheet.ChangeElsewhere(Fields("dmNupOn=0")).Fit(), "-FoS 100 | 0 100");
-}
-
-TEST(PaperRules, CopiesCanBeChosenAgainAfterABooklet)
-{
-    PaperSheet sheet(Proof);
-    sheet.ChangeElsewhere(Booklet).ChangeElsewhere(Fields("dmDuplexOn=0 dmBookletPaper=0"));
-    EXPECT_EQ(sheet.Copies(), "N 1 ru p- | 1 0 0");
-    sheet.Type(IDC_COPIES, u"2");
-    EXPECT_EQ(sheet.Copies(), "N 2 Ru p- | 2 0 0");
-}
-
-void CheckFit(PaperSheet& sheet) { sheet.Click(IDC_FIT_TO_PAPER); }
-void CheckFitTwice(PaperSheet& sheet) { sheet.Click(IDC_FIT_TO_PAPER).Click(IDC_FIT_TO_PAPER); }
-void PressDefault(PaperSheet& sheet) { sheet.Click(IDC_DEFAULT); }
-Step ScaleTo(const char16_t* text)
-{
-    return [text](PaperSheet& sheet) { sheet.Type(IDC_SCALING, text); };
-}
-void UncheckThenScale(PaperSheet& sheet) { sheet.Click(IDC_FIT_TO_PAPER).Type(IDC_SCALING, u"20"); }
-void UnscaleThenFit(PaperSheet& sheet) { sheet.Type(IDC_SCALING, u"100").Click(IDC_FIT_TO_PAPER); }
-void PickAnotherOutput(PaperSheet& sheet) { sheet.Choose(IDC_OUTPUT_SIZE, 2); }
-// Unchecked with a scaling in the record, as a step of another page may leave it.
-void ScaleElsewhereThenUncheck(PaperSheet& sheet) { sheet.Change(Fields("dmZoom=80")).Click(IDC_FIT_TO_PAPER); }
-
-// Every edge of the states of fit to paper that a user can walk.
-TEST(PaperRules, FitAndScalingExcludeEachOther)
-{
-    struct Walk {
-        const char* name;
-        Prepare start;
-        Step step;
-        const char* line;
-    };
-    const Walk walks[] = {
-        {"plain to fitted",            Nothing, CheckFit,                  "xFOs 100 | 2 100"},
-        {"plain to scaled",            Nothing, ScaleTo(u"150"),           "-foS 150 | 1 150"},
-        {"scaled to plain",            Scaled,  ScaleTo(u"100"),           "-FoS 100 | 0 100"},
-        {"scaled to scaled",           Scaled,  ScaleTo(u"75"),            "-foS 75 | 1 75"  },
-        {"fitted to plain",            Fitted,  CheckFit,                  "-FoS 100 | 0 100"},
-        {"fitted to fitted",           Fitted,  PickAnotherOutput,         "xFOs 100 | 2 100"},
-        {"there and back",             Nothing, CheckFitTwice,             "-FoS 100 | 0 100"},
-        {"fitted to scaled",           Fitted,  UncheckThenScale,          "-foS 20 | 1 20"  },
-        {"scaled to fitted",           Scaled,  UnscaleThenFit,            "xFOs 100 | 2 100"},
-        {"default of scaled",          Scaled,  PressDefault,              "-FoS 100 | 0 100"},
-        {"default of fitted",          Fitted,  PressDefault,              "-FoS 100 | 0 100"},
-        {"default under N-up",         Nup,     PressDefault,              "-fos 100 | 0 100"},
-        {"fitted to record's scaling", Fitted,  ScaleElsewhereThenUncheck, "-FoS 100 | 1 80" },
-    };
-    for (const Walk& walk : walks) {
-        PaperSheet sheet(walk.start);
-        walk.step(sheet);
-        EXPECT_EQ(sheet.Fit(), walk.line) << walk.name;
-    }
 }
 
 TEST(PaperRules, FitTakesThePaperThatTheListShows)
@@ -176,30 +105,18 @@ TEST(PaperRules, FitTakesThePaperThatTheListShows)
 
 TEST(PaperRules, RecordsThatBreakTheStatesOfFitAreShownAsTheyCan)
 {
-    struct OddCase {
-        BYTE fit;
-        SHORT zoom;
-        const char* line;
-    };
     // Out of range shows as 100 and stays until it is typed.
-    const OddCase cases[] = {
-        {0, 150, "-FoS 100 | 0 100"},
-        {1, 100, "-foS 100 | 1 100"},
-        {1, 19,  "-foS 100 | 1 19" },
-        {1, 20,  "-foS 20 | 1 20"  },
-        {1, 400, "-foS 400 | 1 400"},
-        {1, 401, "-foS 100 | 1 401"},
-        {2, 150, "xFOs 150 | 2 100"},
-        {3, 150, "-foS 150 | 3 150"},
-    };
-    for (const OddCase& one : cases) {
-        PaperSheet sheet([&](DriverDevMode& record) {
-            record.dmFitToPaper = one.fit;
-            record.dmZoom = one.zoom;
-            record.dmOutputPaper = 9;
-        });
-        EXPECT_EQ(sheet.Fit(), one.line) << int{one.fit} << ' ' << one.zoom;
-    }
+    for (const auto& [fields, line] : {
+             std::pair{"dmZoom=150",                "-FoS 100 | 0 100"},
+             {"dmFitToPaper=1 dmZoom=100", "-foS 100 | 1 100"},
+             {"dmFitToPaper=1 dmZoom=19",  "-foS 100 | 1 19" },
+             {"dmFitToPaper=1 dmZoom=20",  "-foS 20 | 1 20"  },
+             {"dmFitToPaper=1 dmZoom=400", "-foS 400 | 1 400"},
+             {"dmFitToPaper=1 dmZoom=401", "-foS 100 | 1 401"},
+             {"dmFitToPaper=2 dmZoom=150", "xFOs 150 | 2 100"},
+             {"dmFitToPaper=3 dmZoom=150", "-foS 150 | 3 150"},
+    })
+        EXPECT_EQ(PaperSheet(Fields(fields)).Fit(), line) << fields;
 }
 
 TEST(PaperRules, NumbersAreTakenDigitByDigit)
@@ -211,19 +128,16 @@ TEST(PaperRules, NumbersAreTakenDigitByDigit)
     };
     // clang-format off
     const Typed cases[] = {
-        {IDC_SCALING, u"100",  {"-foS 1 | 1 20", "-foS 10 | 1 20", "-FoS 100 | 0 100"}},
+        {IDC_SCALING, u"100x", {"-foS 1 | 1 20", "-foS 10 | 1 20", "-FoS 100 | 0 100", "-FoS 100 | 0 100"}},
         {IDC_SCALING, u"401",  {"-foS 4 | 1 20", "-foS 40 | 1 40", "-foS 400 | 1 400"}},
-        {IDC_SCALING, u"2-5x", {"-foS 2 | 1 20", "-foS 2 | 1 20", "-foS 25 | 1 25", "-foS 25 | 1 25"}},
-        {IDC_COPIES,  u"1234", {"N 1 ru p- | 1 0 0", "N 12 Ru p- | 12 0 0", "N 123 Ru p- | 123 0 0", "N 123 Ru p- | 123 0 0"}},
         {IDC_COPIES,  u"002",  {"N 0 ru p- | 1 0 0", "N 00 ru p- | 1 0 0", "N 002 Ru p- | 2 0 0"}},
-        {IDC_SHIFT_X, u"-50",  {"on XY - 0 | 1 0 0", "on XY -5 0 | 1 -5 0", "on XY -50 0 | 1 -50 0"}},
-        {IDC_SHIFT_X, u"505",  {"on XY 5 0 | 1 5 0", "on XY 50 0 | 1 50 0", "on XY 0 0 | 1 0 0"}},
+        {IDC_COPIES,  u"1234", {"N 1 ru p- | 1 0 0", "N 12 Ru p- | 12 0 0", "N 123 Ru p- | 123 0 0", "N 123 Ru p- | 123 0 0"}},
+        {IDC_SHIFT_X, u"-505", {"on XY - 0 | 1 0 0", "on XY -5 0 | 1 -5 0", "on XY -50 0 | 1 -50 0", "on XY -50 0 | 1 -50 0"}},
         {IDC_SHIFT_X, u"5--",  {"on XY 5 0 | 1 5 0", "on XY 5- 0 | 1 0 0", "on XY 0 0 | 1 0 0"}},
-        {IDC_SHIFT_X, u"7a",   {"on XY 7 0 | 1 7 0", "on XY 0 0 | 1 0 0"}},
     };
     // clang-format on
     for (const auto& [field, keys, lines] : cases) {
-        PaperSheet sheet(ShiftOn);
+        PaperSheet sheet(Fields(ShiftOn));
         sheet.Type(field, u"");
         for (std::size_t k = 0; k < lines.size(); ++k) {
             sheet.Append(field, keys.substr(k, 1));
@@ -265,7 +179,7 @@ TEST(PaperRules, LeavingAFieldPutsItRight)
     };
     for (const Left& one : cases) {
         SCOPED_TRACE(std::to_string(one.field) + " \"" + platform::ToUtf8(one.text) + '"');
-        PaperSheet sheet(ShiftOn);
+        PaperSheet sheet(Fields(ShiftOn));
         sheet.Paste(one.field, one.text);
         EXPECT_EQ(sheet.LineOf(one.field), one.inside);
         sheet.Focus(IDC_LANDSCAPE);
@@ -287,7 +201,7 @@ TEST(PaperRules, ArrowsStopAtTheirEnds)
         {IDC_SHIFT_Y, IDC_SHIFT_Y_SPIN, u"-24", u"24",  "on XY 0 -25 | 1 0 -25", "on XY 0 25 | 1 0 25"  },
     };
     for (const Spun& one : cases) {
-        PaperSheet sheet(ShiftOn);
+        PaperSheet sheet(Fields(ShiftOn));
         sheet.Type(one.field, one.low).Spin(one.arrows, false, 2);
         EXPECT_EQ(sheet.LineOf(one.field), one.least);
         sheet.Type(one.field, one.high).Spin(one.arrows, true, 2);
@@ -298,45 +212,32 @@ TEST(PaperRules, ArrowsStopAtTheirEnds)
 TEST(PaperRules, ProofPrintComesWithCollationAndGoesWithTheLastCopy)
 {
     PaperSheet sheet;
-    struct Case {
-        std::function<void()> act;
-        const char* line;
-    };
-    const Case steps[] = {
-        {[&] { sheet.Type(IDC_COPIES, u"2"); },      "N 2 Ru p- | 2 0 0"},
-        {[&] { sheet.Click(IDC_COLLATED); },         "N 2 Rc P- | 2 1 0"},
-        {[&] { sheet.Click(IDC_PROOF_PRINT); },      "N 2 Rc Px | 2 1 1"},
-        {[&] { sheet.Spin(IDC_COPIES_SPIN, true); }, "N 3 Rc Px | 3 1 1"},
-        {[&] { sheet.Click(IDC_UNCOLLATED); },       "N 3 Ru p- | 3 0 0"},
-        {[&] { sheet.Click(IDC_COLLATED); },         "N 3 Rc P- | 3 1 0"},
-        {[&] { sheet.Click(IDC_PROOF_PRINT); },      "N 3 Rc Px | 3 1 1"},
-        {[&] { sheet.Type(IDC_COPIES, u""); },       "N  ru p- | 1 0 0" },
-        {[&] { sheet.Append(IDC_COPIES, u"4"); },    "N 4 Ru p- | 4 0 0"},
-        {[&] { sheet.Focus(IDC_PORTRAIT); },         "N 4 Ru p- | 4 0 0"},
-    };
-    for (const Case& step : steps) {
-        step.act();
-        EXPECT_EQ(sheet.Copies(), step.line);
-    }
+    sheet.Type(IDC_COPIES, u"2");
+    EXPECT_EQ(sheet.Copies(), "N 2 Ru p- | 2 0 0");
+    sheet.Click(IDC_COLLATED);
+    EXPECT_EQ(sheet.Copies(), "N 2 Rc P- | 2 1 0");
+    sheet.Click(IDC_PROOF_PRINT).Click(IDC_UNCOLLATED);
+    EXPECT_EQ(sheet.Copies(), "N 2 Ru p- | 2 0 0");
+    sheet.Click(IDC_COLLATED).Click(IDC_PROOF_PRINT).Spin(IDC_COPIES_SPIN, true);
+    EXPECT_EQ(sheet.Copies(), "N 3 Rc Px | 3 1 1");
+    sheet.Type(IDC_COPIES, u"");
+    EXPECT_EQ(sheet.Copies(), "N  ru p- | 1 0 0");
+    sheet.Append(IDC_COPIES, u"4");
+    EXPECT_EQ(sheet.Copies(), "N 4 Ru p- | 4 0 0");
 }
 
 TEST(PaperRules, CopiesOfARecordAreLimitedAndOneIsUncollated)
 {
     for (const auto& [copies, line] : {
-             std::pair<SHORT, const char*>{0,    "N 0 ru p- | 1 0 0"      },
-             {1,    "N 1 ru p- | 1 0 0"      },
-             {1000, "N 1000 Rc Px | 999 1 1" },
-             {-1,   "N 65535 Rc Px | 999 1 1"}
-    }) {
-        PaperSheet sheet([copies = copies](DriverDevMode& record) {
-            Proof(record);
-            record.dmCopies = copies;
-        });
-        EXPECT_EQ(sheet.Copies(), line) << copies;
-    }
+             std::pair{" dmCopies=0",    "N 0 ru p- | 1 0 0"      },
+             {" dmCopies=1",    "N 1 ru p- | 1 0 0"      },
+             {" dmCopies=1000", "N 1000 Rc Px | 999 1 1" },
+             {" dmCopies=-1",   "N 65535 Rc Px | 999 1 1"}
+    })
+        EXPECT_EQ(PaperSheet(Fields(Proof + std::string(copies))).Copies(), line) << copies;
 }
 
-TEST(PaperRules, ImageShiftKeepsItsValuesWhileItIsOff)
+TEST(PaperRules, ImageShiftKeepsItsValuesWhileItIsOffAndLosesThoseBeyondTheSheet)
 {
     PaperSheet sheet(Fields("dmImageShiftX=5 dmImageShiftY=-7"));
     EXPECT_EQ(sheet.Shift(), "off xy 5 -7 | 0 5 -7");
@@ -344,17 +245,12 @@ TEST(PaperRules, ImageShiftKeepsItsValuesWhileItIsOff)
     EXPECT_EQ(sheet.Shift(), "on XY 5 -7 | 1 5 -7");
     sheet.Click(IDC_SHIFT_OFF);
     EXPECT_EQ(sheet.Shift(), "off xy 5 -7 | 0 5 -7");
-}
-
-TEST(PaperRules, ImageShiftBeyondTheSheetIsDroppedWhenThePageOpens)
-{
-    PaperSheet sheet(Fields("dmImageShiftX=51 dmImageShiftY=-26"));
-    EXPECT_EQ(sheet.Shift(), "off xy 0 0 | 0 0 0");
+    EXPECT_EQ(PaperSheet(Fields("dmImageShiftX=51 dmImageShiftY=-26")).Shift(), "off xy 0 0 | 0 0 0");
 }
 
 TEST(PaperRules, ABookletTakesEveryPaperThatIsChosen)
 {
-    PaperSheet sheet(Booklet, FormAndCard, Germany);
+    PaperSheet sheet(Fields(Booklet), FormAndCard, Germany);
     sheet.Choose(IDC_DOCUMENT_SIZE, u"Form (210.0x297.0 mm)");
     EXPECT_EQ(sheet.Settings().dmBookletPaper, 257);
     sheet.Click(IDC_EDIT_CUSTOM).Row(IDC_CP_LIST, 1).Click(IDOK);
@@ -363,26 +259,6 @@ TEST(PaperRules, ABookletTakesEveryPaperThatIsChosen)
     EXPECT_EQ(sheet.Settings().dmBookletPaper, 9);
     sheet.Change(Fields("dmBookletPaper=0")).Choose(IDC_DOCUMENT_SIZE, 0);
     EXPECT_EQ(sheet.Settings().dmBookletPaper, 0);
-}
-
-TEST(PaperRules, WithoutPermissionCustomSizesStayLocked)
-{
-    PaperSheet sheet({}, {}, UnitedStates, false);
-    EXPECT_FALSE(sheet.Enabled(IDC_EDIT_CUSTOM));
-    EXPECT_FALSE(sheet.GoAwayAndComeBack().Enabled(IDC_EDIT_CUSTOM));
-    EXPECT_FALSE(sheet.Click(IDC_DEFAULT).Enabled(IDC_EDIT_CUSTOM));
-    EXPECT_TRUE(sheet.Enabled(IDC_DOCUMENT_SIZE)) << "what belongs to the job stays free";
-}
-
-TEST(PaperRules, TheSecondTrayGivesWayWhenItIsGone)
-{
-    PaperSheet sheet(Fields("dmDefaultSource=2 dmDeviceFlags=128"));
-    EXPECT_FALSE(sheet.Enabled(IDC_EDIT_CUSTOM));
-    sheet.ChangeElsewhere(Fields("dmDeviceFlags=0"));
-    EXPECT_TRUE(sheet.Enabled(IDC_EDIT_CUSTOM));
-    EXPECT_EQ(sheet.ItemData(IDC_DOCUMENT_SIZE).size(), 16u);
-    EXPECT_EQ(sheet.Settings().dmDefaultSource, 2) << "the Setup page decides";
-    EXPECT_EQ(SelectedSource, 1);
 }
 
 }  // namespace

@@ -2,40 +2,44 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/controls.h"
-#include "tests/support/setup_sheet.h"
+#include "tests/support/watched_sheet.h"
 
 namespace {
 
+using namespace testing_support;
 using testing::ElementsAre;
-using testing_support::ElsewherePage;
-using testing_support::Fields;
-using testing_support::Sheet;
 
 constexpr char Lowest[] = "dmResolutionChoice=600 dmResolution=600 dmPrintQuality=600";
 constexpr char LowestWithTonerSave[] = "dmResolutionChoice=600 dmResolution=600 dmPrintQuality=600 dmTonerSave=1";
 
-// The document sheet with the Quality page in front.
-class QualitySheet : public Sheet {
-  public:
-    explicit QualitySheet(const char* fields = "") : Sheet(Fields(fields)) { Page(u"Quality"); }
+constexpr NamedControl QualityControls[] = {
+    {IDC_QUALITY_PRINTER_FIGURE, "figure"         },
+    {IDC_RESOLUTION,             "resolution"     },
+    {IDC_TONER_SAVE_GROUP,       "tonerSaveGroup" },
+    {IDC_TONER_SAVE_OFF,         "tonerSaveOff"   },
+    {IDC_TONER_SAVE_ON,          "tonerSaveOn"    },
+    {IDC_ALL_RASTER_LABEL,       "rasterLabel"    },
+    {IDC_ALL_RASTER_OFF,         "rasterOff"      },
+    {IDC_ALL_RASTER_ON,          "rasterOn"       },
+    {IDC_SMOOTHTONE_LABEL,       "smoothtoneLabel"},
+    {IDC_SMOOTHTONE,             "smoothtone"     },
+    {IDC_TONER_DENSITY,          "density"        },
+    {IDC_PRINTER_TRUETYPE,       "fonts"          },
+};
 
-    // "TSA": Toner Save, Smoothtone and All Raster, small where they are disabled; '?' where the controls of one
-    // do not agree.
+// The document sheet with the Quality page in front.
+class QualitySheet : public WatchedSheet {
+  public:
+    explicit QualitySheet(const std::string& fields = "") : WatchedSheet(u"Quality", QualityControls, Fields(fields)) {}
+
+    // "TSA": Toner Save, Smoothtone and All Raster, small where they are disabled.
     std::string Usable()
     {
-        return {Letter('t', {IDC_TONER_SAVE_GROUP, IDC_TONER_SAVE_OFF, IDC_TONER_SAVE_ON}),
-                Letter('s', {IDC_SMOOTHTONE_LABEL, IDC_SMOOTHTONE}),
-                Letter('a', {IDC_ALL_RASTER_LABEL, IDC_ALL_RASTER_OFF, IDC_ALL_RASTER_ON})};
-    }
-    void GoAwayAndComeBack() { Page(ElsewherePage).Page(u"Quality"); }
-
-  private:
-    char Letter(char letter, std::vector<int> controls)
-    {
-        const auto enabled = std::ranges::count_if(controls, [this](int control) { return Enabled(control); });
-        if (enabled == 0) return letter;
-        return enabled == std::ssize(controls) ? static_cast<char>(letter - 'a' + 'A') : '?';
+        std::string usable;
+        for (const auto& [letter, control] :
+             {std::pair('t', IDC_TONER_SAVE_ON), std::pair('s', IDC_SMOOTHTONE), std::pair('a', IDC_ALL_RASTER_ON)})
+            usable += Enabled(control) ? static_cast<char>(letter - 'a' + 'A') : letter;
+        return usable;
     }
 };
 
@@ -52,98 +56,88 @@ TEST(QualityPage, ShowsAFreshRecord)
     for (const int control : {IDC_QUALITY_PAGE_LAYOUT, IDC_TONER_SAVE_OFF, IDC_ALL_RASTER_OFF, IDC_PRINTER_TRUETYPE})
         EXPECT_TRUE(sheet.Checked(control)) << control;
     EXPECT_EQ(sheet.Usable(), "tSA");
-    EXPECT_TRUE(sheet.Enabled(IDC_PRINTER_TRUETYPE));
     EXPECT_FALSE(sheet.Enabled(IDC_QUALITY_PREVIEW));
     EXPECT_EQ(sheet.Changes(), 0);
 }
 
-TEST(QualityPage, AResolutionIsStoredAndDecidesOnTonerSave)
+TEST(QualityPage, RecordsOfEveryKindShow)
 {
     struct Row {
-        const char16_t* text;
-        int choice, dotsPerInch;
-        const char* usable;
+        std::string fields;
+        const char *resolution, *usable;
+        std::size_t resolutions;
     };
+    const std::string lowest = Lowest;
+    const std::string fixedByOne = lowest + " dmFixedResolution=1", fixedByTwo = lowest + " dmFixedResolution=2";
     for (const Row& row : {
-             Row{u"1200 x 1200", 1200, 1200, "tSA"},
-             {u"600 x 600",   600,  600,  "TSA"},
-             {u"1200 x 600",  2,    600,  "tSA"},
+             Row{"",                                  "1200 x 600",  "tSA", 3},
+             {lowest,                              "600 x 600",   "TSA", 3},
+             {"dmPrintQuality=300",                "1200 x 1200", "TSA", 3}, // none of ours: the highest
+             {"dmPrintQuality=-4",                 "1200 x 1200", "TSA", 3},
+             {LowestWithTonerSave,                 "600 x 600",   "TsA", 1},
+             {"dmTonerSave=1 dmPrintQuality=1200", "",            "tsA", 1}, // not on the short list
+             {fixedByOne,                          "600 x 600",   "tsA", 1},
+             {fixedByTwo,                          "600 x 600",   "tsA", 1},
     }) {
-        QualitySheet sheet;
-        sheet.Choose(IDC_RESOLUTION, 2).Choose(IDC_RESOLUTION, row.text);
-        EXPECT_EQ(sheet.Usable(), row.usable) << row.choice;
-        EXPECT_EQ(sheet.Changes(), 2) << "every pick tells the sheet";
-        sheet.GoAwayAndComeBack();
-        EXPECT_EQ(sheet.Text(IDC_RESOLUTION), row.text) << row.choice;
-        EXPECT_EQ(sheet.Usable(), row.usable) << row.choice;
-        const DriverDevMode record = sheet.Ok();
-        EXPECT_EQ(record.dmResolutionChoice, row.choice);
-        EXPECT_EQ(record.dmResolution, row.dotsPerInch);
-        EXPECT_EQ(record.dmPrintQuality, row.dotsPerInch);
-    }
-}
-
-TEST(QualityPage, ResolutionsThatAreNoneOfOursShowAsTheHighest)
-{
-    for (const char* fields : {"dmPrintQuality=300", "dmPrintQuality=2", "dmPrintQuality=-4"})
-        EXPECT_EQ(QualitySheet(fields).Selection(IDC_RESOLUTION), 2) << fields;
-}
-
-TEST(QualityPage, TonerSaveLeavesOnlyTheLowestResolution)
-{
-    QualitySheet sheet(Lowest);
-    sheet.Click(IDC_TONER_SAVE_ON);
-
-    EXPECT_THAT(sheet.Items(IDC_RESOLUTION), ElementsAre(u"600 x 600"));
-    EXPECT_EQ(sheet.Selection(IDC_RESOLUTION), 0);
-    EXPECT_EQ(sheet.Usable(), "TsA");
-    EXPECT_EQ(sheet.Changes(), 1);
-    const DriverDevMode record = sheet.Ok();
-    EXPECT_EQ(record.dmTonerSave, 1);
-    EXPECT_EQ(record.dmSmoothtone, 2) << "the locked value stays";
-}
-
-TEST(QualityPage, TonerSaveOffBringsTheResolutionsBack)
-{
-    QualitySheet sheet(LowestWithTonerSave);
-    EXPECT_THAT(sheet.Items(IDC_RESOLUTION), ElementsAre(u"600 x 600"));
-    sheet.Choose(IDC_RESOLUTION, 0);
-    EXPECT_EQ(sheet.Usable(), "TsA") << "the only row unlocks nothing";
-    sheet.Click(IDC_TONER_SAVE_OFF);
-
-    EXPECT_THAT(sheet.Items(IDC_RESOLUTION), ElementsAre(u"600 x 600", u"1200 x 600", u"1200 x 1200"));
-    EXPECT_EQ(sheet.Selection(IDC_RESOLUTION), 0);
-    EXPECT_EQ(sheet.Usable(), "TSA");
-    EXPECT_EQ(sheet.Changes(), 2);
-    EXPECT_EQ(sheet.Ok().dmTonerSave, 0);
-}
-
-TEST(QualityPage, ARecordWithTonerSaveAndAHighResolutionSelectsNothing)
-{
-    QualitySheet sheet("dmTonerSave=1 dmResolutionChoice=1200 dmResolution=1200 dmPrintQuality=1200");
-    EXPECT_THAT(sheet.Items(IDC_RESOLUTION), ElementsAre(u"600 x 600"));
-    EXPECT_EQ(sheet.Selection(IDC_RESOLUTION), -1);
-    EXPECT_EQ(sheet.Usable(), "tsA");
-}
-
-TEST(QualityPage, AFixedResolutionLocksTonerSaveAndSmoothtone)
-{
-    for (const char* fixed : {" dmFixedResolution=1", " dmFixedResolution=2"}) {
-        QualitySheet sheet((Lowest + std::string(fixed)).c_str());
-        EXPECT_THAT(sheet.Items(IDC_RESOLUTION), ElementsAre(u"600 x 600"));
+        QualitySheet sheet(row.fields);
+        EXPECT_EQ(sheet.Row(IDC_RESOLUTION), row.resolution) << row.fields;
+        EXPECT_EQ(sheet.Usable(), row.usable) << row.fields;
+        EXPECT_EQ(sheet.Items(IDC_RESOLUTION).size(), row.resolutions) << row.fields;
+        if (row.resolutions != 1) continue;
         sheet.Choose(IDC_RESOLUTION, 0);
-        EXPECT_EQ(sheet.Usable(), "tsA") << fixed;
+        EXPECT_EQ(sheet.Usable(), row.fields == LowestWithTonerSave ? "TsA" : "tsA") << "the only row unlocks nothing";
     }
+    QualitySheet odd("dmSmoothtone=4 dmTonerDensity=-1");
+    EXPECT_EQ(odd.Selection(IDC_SMOOTHTONE), -1);
+    EXPECT_EQ(odd.Selection(IDC_TONER_DENSITY), -1);
+    EXPECT_EQ(odd.Settings().dmTonerDensity, -1) << "showing changes nothing";
+}
+
+TEST(QualityPage, AChangeIsStoredAndDecidesOnOthers)
+{
+    struct Row {
+        std::string fields;
+        int control;
+        const char16_t* row;
+        const char* difference;
+    };
+    // clang-format off
+    const Row rows[] = {
+        {"", IDC_RESOLUTION, u"1200 x 1200",
+         "resolution=1200 x 1200 dmPrintQuality=1200 dmResolution=1200 dmResolutionChoice=1200 told"},
+        {"", IDC_RESOLUTION, u"1200 x 600", "told"},
+        {"", IDC_RESOLUTION, u"600 x 600",
+         "resolution=600 x 600 +tonerSaveGroup +tonerSaveOff +tonerSaveOn dmResolutionChoice=600 told"},
+        {Lowest, IDC_RESOLUTION, u"1200 x 600",
+         "resolution=1200 x 600 -tonerSaveGroup -tonerSaveOff -tonerSaveOn dmResolutionChoice=2 told"},
+        {Lowest, IDC_TONER_SAVE_ON, nullptr,
+         "resolution:1 otonerSaveOff xtonerSaveOn -smoothtoneLabel -smoothtone dmTonerSave=1 told"},
+        {LowestWithTonerSave, IDC_TONER_SAVE_OFF, nullptr,
+         "resolution:3 xtonerSaveOff otonerSaveOn +smoothtoneLabel +smoothtone dmTonerSave=0 told"},
+        {"", IDC_ALL_RASTER_ON, nullptr,
+         "orasterOff xrasterOn -fonts ofonts dmAllRaster=1 dmPrinterTrueType=0 told"},
+        {"dmAllRaster=1", IDC_ALL_RASTER_OFF, nullptr,
+         "xrasterOff orasterOn +fonts xfonts dmAllRaster=0 dmPrinterTrueType=1 told"},
+        {"", IDC_SMOOTHTONE, u"Dark", "smoothtone=Dark dmSmoothtone=3 told"},
+        {"", IDC_TONER_DENSITY, u"Extra Light", "density=Extra Light dmTonerDensity=0 told"},
+        {"", IDC_PRINTER_TRUETYPE, nullptr, "ofonts dmPrinterTrueType=0 told"},
+        {"", IDC_QUALITY_PRINTER_FIGURE, nullptr, "xfigure dmPreviewMode=1"},
+        // What is chosen already.
+        {Lowest, IDC_TONER_SAVE_OFF, nullptr, ""},
+        {LowestWithTonerSave, IDC_TONER_SAVE_ON, nullptr, ""},
+        {"", IDC_ALL_RASTER_OFF, nullptr, ""},
+        {"dmAllRaster=1", IDC_ALL_RASTER_ON, nullptr, ""},
+        {"", IDC_QUALITY_PAGE_LAYOUT, nullptr, ""},
+    };
+    // clang-format on
+    for (const Row& row : rows)
+        EXPECT_EQ(QualitySheet(row.fields).Pick(row.control, row.row), row.difference) << row.fields << row.control;
 }
 
 TEST(QualityPage, AllRasterNeedsAPlainPage)
 {
-    struct Row {
-        const char* fields;
-        bool possible;
-    };
-    for (const Row& row : {
-             Row{"",                 true },
+    for (const auto& [fields, possible] : {
+             std::pair{"",                 true },
              {"dmFitToPaper=1",   false},
              {"dmFitToPaper=2",   false},
              {"dmNupOn=1",        false},
@@ -151,176 +145,49 @@ TEST(QualityPage, AllRasterNeedsAPlainPage)
              {"dmBookletPaper=9", false},
              {"dmDuplexOn=1",     true },
     }) {
-        SCOPED_TRACE(row.fields);
-        QualitySheet sheet("dmAllRaster=1 dmPrinterTrueType=1");
-        sheet.Page(ElsewherePage).Change(Fields(row.fields));
+        QualitySheet sheet("dmAllRaster=1");
+        sheet.Page(ElsewherePage).Change(Fields(fields));
         EXPECT_EQ(sheet.Settings().dmAllRaster, 1) << "until this page comes back";
         sheet.Change(Fields("dmPrinterTrueType=1")).Page(u"Quality");
-        EXPECT_EQ(sheet.Usable(), row.possible ? "tSA" : "tSa");
-        EXPECT_EQ(sheet.Checked(IDC_ALL_RASTER_ON), row.possible);
-        EXPECT_EQ(sheet.Checked(IDC_ALL_RASTER_OFF), !row.possible);
-        EXPECT_EQ(sheet.Enabled(IDC_PRINTER_TRUETYPE), !row.possible);
-        EXPECT_EQ(sheet.Checked(IDC_PRINTER_TRUETYPE), !row.possible);
-        EXPECT_EQ(sheet.Settings().dmAllRaster, row.possible);
-        EXPECT_EQ(sheet.Settings().dmPrinterTrueType, !row.possible);
+        EXPECT_EQ(sheet.Usable(), possible ? "tSA" : "tSa") << fields;
+        EXPECT_EQ(sheet.Checked(IDC_ALL_RASTER_ON), possible) << fields;
+        EXPECT_EQ(sheet.Enabled(IDC_PRINTER_TRUETYPE), !possible) << fields;
+        EXPECT_EQ(sheet.Settings().dmAllRaster, possible) << fields;
+        EXPECT_EQ(sheet.Settings().dmPrinterTrueType, !possible) << fields;
     }
-}
-
-TEST(QualityPage, NupLeavesTheTrueTypeChoiceAsItIs)
-{
-    QualitySheet sheet("dmNupOn=1 dmPrinterTrueType=0");
-    EXPECT_TRUE(sheet.Enabled(IDC_PRINTER_TRUETYPE));
-    EXPECT_FALSE(sheet.Checked(IDC_PRINTER_TRUETYPE));
-}
-
-TEST(QualityPage, AllRasterTurnsTrueTypeOffAndItsEndTurnsItOn)
-{
-    QualitySheet sheet;
-    int changes = 0;
-    for (const auto& [button, fonts] : {
-             std::pair{IDC_ALL_RASTER_ON,  true },
-             {IDC_ALL_RASTER_OFF, false}
-    }) {
-        sheet.Click(button);
-        EXPECT_EQ(sheet.Checked(IDC_PRINTER_TRUETYPE), !fonts);
-        EXPECT_EQ(sheet.Enabled(IDC_PRINTER_TRUETYPE), !fonts);
-        EXPECT_EQ(sheet.Settings().dmPrinterTrueType, !fonts);
-        EXPECT_EQ(sheet.Changes(), ++changes);
-    }
+    QualitySheet withoutRaster("dmNupOn=1 dmPrinterTrueType=0");
+    EXPECT_FALSE(withoutRaster.Checked(IDC_PRINTER_TRUETYPE)) << "stays as it is";
 }
 
 TEST(QualityPage, GraphicsAndTextModesFollowAllRasterOnlyWhenThePageComesBack)
 {
     QualitySheet sheet;
-    const auto modes = [](const DriverDevMode& record) {
-        return std::to_string(record.dmGraphicsMode) + std::to_string(record.dmTextMode);
-    };
-    sheet.Click(IDC_ALL_RASTER_ON).Apply();
-    EXPECT_EQ(sheet.Published().dmAllRaster, 1);
-    EXPECT_EQ(modes(sheet.Published()), "12") << "Apply is before the page comes back";
-    sheet.GoAwayAndComeBack();
-    EXPECT_EQ(modes(sheet.Settings()), "01");
+    const auto comeBack = [&] { return sheet.Difference([&] { sheet.GoAwayAndComeBack(); }); };
+    sheet.Click(IDC_ALL_RASTER_ON);
+    EXPECT_EQ(comeBack(), "dmGraphicsMode=0 dmTextMode=1");
     sheet.Click(IDC_ALL_RASTER_OFF);
-    EXPECT_EQ(modes(sheet.Settings()), "01");
-    sheet.GoAwayAndComeBack();
-    EXPECT_EQ(modes(sheet.Settings()), "12");
-}
-
-TEST(QualityPage, ListsAndCheckBoxAreStored)
-{
-    QualitySheet sheet;
-    sheet.Choose(IDC_SMOOTHTONE, u"Dark").Choose(IDC_TONER_DENSITY, u"Extra Light").Click(IDC_PRINTER_TRUETYPE);
-
-    EXPECT_EQ(sheet.Changes(), 3);
-    const DriverDevMode record = sheet.Ok();
-    EXPECT_EQ(record.dmSmoothtone, 3);
-    EXPECT_EQ(record.dmTonerDensity, 0);
-    EXPECT_EQ(record.dmPrinterTrueType, 0);
-}
-
-TEST(QualityPage, ValuesThatTheListsCannotShowSelectNothing)
-{
-    QualitySheet sheet("dmSmoothtone=4 dmTonerDensity=-1");
-    EXPECT_EQ(sheet.Selection(IDC_SMOOTHTONE), -1);
-    EXPECT_EQ(sheet.Selection(IDC_TONER_DENSITY), -1);
-    EXPECT_EQ(sheet.Settings().dmTonerDensity, -1) << "showing changes nothing";
-}
-
-TEST(QualityPage, ChoosingWhatIsChosenTellsNobody)
-{
-    struct Row {
-        const char* fields;
-        int control;
-    };
-    for (const Row& row : {
-             Row{Lowest,              IDC_TONER_SAVE_OFF        },
-             {LowestWithTonerSave, IDC_TONER_SAVE_ON         },
-             {"",                  IDC_ALL_RASTER_OFF        },
-             {"dmAllRaster=1",     IDC_ALL_RASTER_ON         },
-             {"",                  IDC_QUALITY_PAGE_LAYOUT   },
-             {"",                  IDC_QUALITY_PRINTER_FIGURE},
-    }) {
-        QualitySheet sheet(row.fields);
-        const auto before = sheet.Items(IDC_RESOLUTION);
-        sheet.Click(row.control);
-        EXPECT_EQ(sheet.Changes(), 0) << row.control;
-        EXPECT_FALSE(sheet.ApplyEnabled()) << row.control;
-        EXPECT_EQ(sheet.Items(IDC_RESOLUTION), before) << row.control;
-    }
-}
-
-TEST(QualityPage, OnlyAPickOfAListCounts)
-{
-    QualitySheet sheet;
-    constexpr int CloseUp = 8;
-    for (const int list : {IDC_RESOLUTION, IDC_SMOOTHTONE, IDC_TONER_DENSITY})
-        EXPECT_EQ(sheet.Notice(list, CloseUp), TRUE) << list;
-    EXPECT_EQ(sheet.Changes(), 0);
-    EXPECT_EQ(sheet.Notice(IDC_RESOLUTION_GROUP, BN_CLICKED), FALSE);
-}
-
-TEST(QualityPage, OtherMessagesAreLeftToTheDialog)
-{
-    QualitySheet sheet;
-    for (const UINT message : {WM_PAINT, WM_CONTEXTMENU, WM_DESTROY, WM_SETFONT})
-        EXPECT_EQ(sheet.Send(message, 0, 0), FALSE) << message;
-    for (const UINT code : {PSN_KILLACTIVE, PSN_QUERYCANCEL, PSN_RESET, PSN_QUERYINITIALFOCUS}) {
-        NMHDR notification{nullptr, 0, code};
-        EXPECT_EQ(sheet.Send(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification)), FALSE) << code;
-    }
+    EXPECT_EQ(comeBack(), "dmGraphicsMode=1 dmTextMode=2");
+    sheet.Click(IDC_QUALITY_PRINTER_FIGURE);
+    EXPECT_EQ(comeBack(), "ofigure dmPreviewMode=0") << "the picture mode is lost";
+    sheet.Click(IDC_ALL_RASTER_ON).Click(IDC_QUALITY_PRINTER_FIGURE).Apply();
+    EXPECT_EQ(sheet.Published().dmTextMode, 2) << "Apply is before the page comes back";
 }
 
 TEST(QualityPage, DefaultRestoresThePage)
 {
-    QualitySheet sheet(
-        "dmResolutionChoice=600 dmResolution=600 dmPrintQuality=600 dmTonerSave=1 dmSmoothtone=0 dmTonerDensity=6 "
-        "dmAllRaster=1 dmPrinterTrueType=0 dmFixedResolution=1");
-    sheet.Click(IDC_QUALITY_PRINTER_FIGURE).Click(IDC_DEFAULT);
-
-    EXPECT_EQ(sheet.Changes(), 1);
-    EXPECT_THAT(sheet.Items(IDC_RESOLUTION), ElementsAre(u"600 x 600", u"1200 x 600", u"1200 x 1200"));
-    EXPECT_EQ(sheet.Selection(IDC_RESOLUTION), 1);
-    EXPECT_TRUE(sheet.Checked(IDC_TONER_SAVE_OFF));
-    EXPECT_TRUE(sheet.Checked(IDC_QUALITY_PAGE_LAYOUT));
-    EXPECT_EQ(sheet.Usable(), "tSA");
-    const DriverDevMode record = sheet.Ok();
-    EXPECT_EQ(record.dmResolutionChoice, 2);
-    EXPECT_EQ(record.dmPrintQuality, 600);
-    EXPECT_EQ(record.dmTonerSave, 0);
-    EXPECT_EQ(record.dmSmoothtone, 2);
-    EXPECT_EQ(record.dmTonerDensity, 3);
-    EXPECT_EQ(record.dmAllRaster, 0);
-    EXPECT_EQ(record.dmPrinterTrueType, 1);
-    EXPECT_EQ(record.dmFixedResolution, 0);
-    EXPECT_EQ(record.dmPreviewMode, 0);
-}
-
-TEST(QualityPage, DefaultKeepsAFixedResolutionOtherThanOne)
-{
-    QualitySheet sheet("dmFixedResolution=2");
-    sheet.Click(IDC_DEFAULT);
-    EXPECT_EQ(sheet.Settings().dmFixedResolution, 2);
-}
-
-TEST(QualityPage, DefaultAtTheDefaultsOnlyRepaints)
-{
-    QualitySheet sheet;
-    sheet.Drawn();
-    sheet.Click(IDC_DEFAULT);
-    EXPECT_EQ(sheet.Changes(), 0);
-    EXPECT_EQ(sheet.Usable(), "tSA");
-    EXPECT_FALSE(sheet.Drawn().empty());
-}
-
-TEST(QualityPage, ThePictureModeIsKeptAndLostWhenThePageComesBack)
-{
-    QualitySheet sheet;
+    QualitySheet sheet(std::string(LowestWithTonerSave) +
+                       " dmSmoothtone=0 dmTonerDensity=6 dmAllRaster=1 dmPrinterTrueType=0 dmFixedResolution=1");
     sheet.Click(IDC_QUALITY_PRINTER_FIGURE);
-    EXPECT_EQ(sheet.Settings().dmPreviewMode, 1);
-    sheet.GoAwayAndComeBack();
-    EXPECT_EQ(sheet.Settings().dmPreviewMode, 0);
-    EXPECT_TRUE(sheet.Checked(IDC_QUALITY_PAGE_LAYOUT));
-    EXPECT_FALSE(sheet.Checked(IDC_QUALITY_PRINTER_FIGURE));
+    EXPECT_EQ(sheet.Pick(IDC_DEFAULT),
+              "ofigure resolution:3 resolution=1200 x 600 xtonerSaveOff otonerSaveOn xrasterOff orasterOn "
+              "+smoothtoneLabel smoothtone=Medium +smoothtone density=Medium +fonts xfonts dmTonerSave=0 dmAllRaster=0 "
+              "dmGraphicsMode=1 dmTextMode=2 dmPrinterTrueType=1 dmSmoothtone=2 dmFixedResolution=0 dmTonerDensity=3 "
+              "dmPreviewMode=0 dmResolutionChoice=2 told");
+    sheet.Drawn();
+    EXPECT_EQ(sheet.Pick(IDC_DEFAULT), "");
+    EXPECT_FALSE(sheet.Drawn().empty());
+    QualitySheet fixed("dmFixedResolution=2");
+    EXPECT_EQ(fixed.Click(IDC_DEFAULT).Settings().dmFixedResolution, 2) << "other than 1";
 }
 
 }  // namespace

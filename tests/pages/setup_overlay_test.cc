@@ -55,7 +55,7 @@ TEST(SetupOverlay, ListsTheRowsThatHaveBeenMade)
     EXPECT_EQ(sheet.StoredNames(), (Names{u"Letterhead", u"Invoice"}));
 }
 
-TEST(SetupOverlay, APickIsStored)
+TEST(SetupOverlay, APickIsStoredAndDefaultChoosesNone)
 {
     OverlaySheet sheet(TwoForms);
     EXPECT_EQ(sheet.Pick(IDC_OVERLAY, u"Invoice"),
@@ -64,22 +64,8 @@ TEST(SetupOverlay, APickIsStored)
     EXPECT_EQ(sheet.Pick(IDC_OVERLAY, u"<NONE>"),
               "overlay=<NONE> -overlayFirst dmOverlayState=0 dmOverlayFile=<NONE> dmOverlayIndex=0 told");
     EXPECT_EQ(sheet.Settings().dmOverlayFirstPage, 1) << "kept for the next choice";
-}
-
-TEST(SetupOverlay, APickLeavesThePictureAlone)
-{
-    OverlaySheet sheet(TwoForms);
-    sheet.Drawn();
-    sheet.Choose(IDC_OVERLAY, u"Invoice");
-    EXPECT_THAT(sheet.Drawn(), testing::Not(testing::Contains(testing::StartsWith("1019 "))));
-}
-
-TEST(SetupOverlay, DefaultChoosesNone)
-{
-    OverlaySheet sheet(TwoForms, 1);
-    sheet.Click(IDC_OVERLAY_FIRST_PAGE);
-    sheet.Change(Fields("dmPaperWidthPriv=2550 dmPaperLengthPriv=3300"));
-    EXPECT_EQ(sheet.Pick(IDC_DEFAULT, nullptr),
+    sheet.Choose(IDC_OVERLAY, 1).Change(Fields("dmPaperWidthPriv=2550 dmPaperLengthPriv=3300"));
+    EXPECT_EQ(sheet.Pick(IDC_DEFAULT),
               "overlay=<NONE> -overlayFirst ooverlayFirst dmOverlayState=0 dmOverlayFile=<NONE> "
               "dmOverlayFirstPage=0 dmOverlayIndex=0 told told");
 }
@@ -98,7 +84,7 @@ TEST(SetupOverlay, ANewOneIsMadeByTheJobAndChosenLater)
     {
         OverlaySheet sheet(TwoForms, 1);
         made = sheet.Path(u"contract.oxl");
-        const auto make = [&](SetupSheet&) {
+        const auto make = [&] {
             MakeContract(sheet);
             sheet.Click(IDOK);
         };
@@ -121,28 +107,11 @@ TEST(SetupOverlay, ANewOneIsMadeByTheJobAndChosenLater)
     EXPECT_EQ(chosen.dmOverlayFile, made);
 }
 
-TEST(SetupOverlay, ANewOneGoesWithCancelAndWithItsDeletion)
-{
-    for (const bool cancelled : {true, false}) {
-        OverlaySheet sheet(TwoForms, 2);
-        MakeContract(sheet);
-        sheet.Click(cancelled ? IDCANCEL : IDOK);
-        if (!cancelled) {
-            sheet.Click(IDC_EDIT_OVERLAY);
-            sheet.Choose(IDC_OVL_LIST, 3).Click(IDC_OVL_DELETE).Click(IDOK);
-        }
-        const DriverDevMode record = sheet.Ok();
-        EXPECT_EQ(record.dmOverlayState, 1) << cancelled;
-        EXPECT_EQ(std::u16string(record.dmOverlayFile), u"/forms/invoice.oxl") << cancelled;
-        EXPECT_EQ(sheet.StoredNames(), (Names{u"Letterhead", u"Invoice"})) << cancelled;
-    }
-}
-
 // The row of the choice goes, the new one moves up to its place.
 TEST(SetupOverlay, ANewOneInTheChosenPlaceIsMadeAtOnce)
 {
     OverlaySheet sheet(TwoForms, 2);
-    const auto replace = [&](SetupSheet&) {
+    const auto replace = [&] {
         MakeContract(sheet);
         sheet.Choose(IDC_OVL_LIST, 2).Click(IDC_OVL_DELETE).Choose(IDC_OVL_LIST, 2).Click(IDOK);
     };
@@ -153,14 +122,13 @@ TEST(SetupOverlay, ANewOneInTheChosenPlaceIsMadeAtOnce)
 TEST(SetupOverlay, TheDialogChoosesForThePage)
 {
     OverlaySheet sheet(TwoForms);
-    const auto choose = [](SetupSheet& self) { self.Click(IDC_EDIT_OVERLAY).Choose(IDC_OVL_LIST, 2).Click(IDOK); };
-    EXPECT_EQ(sheet.Difference(choose),
+    EXPECT_EQ(sheet.Difference([&] { sheet.Click(IDC_EDIT_OVERLAY).Choose(IDC_OVL_LIST, 2).Click(IDOK); }),
               "overlay=Invoice +overlayFirst dmOverlayState=1 dmOverlayFile=/forms/invoice.oxl dmOverlayIndex=2 "
               "told told");
-    const auto remove = [](SetupSheet& self) {
-        self.Click(IDC_EDIT_OVERLAY).Choose(IDC_OVL_LIST, 1).Click(IDC_OVL_DELETE).Click(IDOK);
-    };
-    EXPECT_EQ(sheet.Difference(remove), "overlay:2 dmOverlayIndex=1 told told") << "the row that follows";
+    EXPECT_EQ(sheet.Difference(
+                  [&] { sheet.Click(IDC_EDIT_OVERLAY).Choose(IDC_OVL_LIST, 1).Click(IDC_OVL_DELETE).Click(IDOK); }),
+              "overlay:2 dmOverlayIndex=1 told told")
+        << "the row that follows";
 }
 
 TEST(SetupOverlay, TheListEndsWhereThereIsNoRoom)
@@ -171,17 +139,6 @@ TEST(SetupOverlay, TheListEndsWhereThereIsNoRoom)
     EXPECT_TRUE(sheet.Items(IDC_OVERLAY).empty());
     sheet.Notice(IDC_OVERLAY, CBN_SELCHANGE);
     EXPECT_EQ(sheet.Settings().dmOverlayState, 0);
-}
-
-TEST(SetupOverlay, TheListGoesWithTheSheet)
-{
-    for (const bool ok : {true, false}) {
-        OverlaySheet sheet(TwoForms);
-        ok ? sheet.Ok() : sheet.Cancel();
-        EXPECT_EQ(OverlayList, nullptr);
-        EXPECT_EQ(OverlaySelected, nullptr);
-        EXPECT_EQ(OverlayEditing, nullptr);
-    }
 }
 
 }  // namespace

@@ -63,45 +63,14 @@ TEST(SetupPage, NupStandsForItsCount)
     }
 }
 
-TEST(SetupPage, CommandsAreAnsweredByTheControlAlone)
-{
-    SetupSheet sheet;
-    constexpr int CloseUp = 8;
-    for (const int list : {IDC_NUP, IDC_WATERMARK, IDC_DUPLEX, IDC_PAPER_SOURCE, IDC_MEDIA_TYPE, IDC_OVERLAY}) {
-        EXPECT_EQ(sheet.Notice(list, CloseUp), TRUE) << list;
-        EXPECT_EQ(sheet.Changes(), 0) << "only a pick counts: " << list;
-    }
-    EXPECT_EQ(sheet.Notice(IDC_GUIDE_PAPER, CloseUp), TRUE);
-    EXPECT_EQ(sheet.Changes(), 1) << "any notice of a check box counts";
-    for (const int other : {IDC_DUPLEX_ICON, IDC_NUP_GROUP, IDC_QUALITY_PAGE_LAYOUT, IDC_STATIC})
-        EXPECT_EQ(sheet.Notice(other, BN_CLICKED), FALSE) << other;
-}
-
-TEST(SetupPage, NotificationsRefreshThePageButForThoseOfItsEnd)
-{
-    SetupSheet sheet;
-    sheet.Change(Fields("dmZoom=50"));
-    for (const auto& [code, bindings] : {
-             std::pair{PSN_KILLACTIVE,  5u},
-             {PSN_QUERYCANCEL, 5u},
-             {UINT{1234},      3u}
-    }) {
-        NMHDR notification{nullptr, 0, code};
-        EXPECT_EQ(sheet.Send(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification)), FALSE) << code;
-        EXPECT_EQ(sheet.Items(IDC_DUPLEX).size(), bindings) << code;
-    }
-}
-
 TEST(SetupPage, ThePictureModeIsNoChange)
 {
     SetupSheet sheet;
-    EXPECT_EQ(sheet.Pick(IDC_SETUP_PRINTER_FIGURE, nullptr), "dmPreviewMode=1");
-    EXPECT_EQ(sheet.Pick(IDC_SETUP_PAGE_LAYOUT, nullptr), "dmPreviewMode=0");
+    EXPECT_EQ(sheet.Pick(IDC_SETUP_PRINTER_FIGURE), "dmPreviewMode=1");
+    EXPECT_EQ(sheet.Pick(IDC_SETUP_PAGE_LAYOUT), "dmPreviewMode=0");
     sheet.Click(IDC_SETUP_PRINTER_FIGURE);
-    sheet.ChangeElsewhere([](DriverDevMode&) {});
+    EXPECT_EQ(sheet.Difference([&] { sheet.GoAwayAndComeBack(); }), "dmPreviewMode=0");
     EXPECT_TRUE(sheet.Checked(IDC_SETUP_PAGE_LAYOUT));
-    EXPECT_FALSE(sheet.Checked(IDC_SETUP_PRINTER_FIGURE));
-    EXPECT_EQ(sheet.Settings().dmPreviewMode, 0);
 }
 
 TEST(SetupPage, DefaultRestoresThePage)
@@ -115,7 +84,7 @@ TEST(SetupPage, DefaultRestoresThePage)
     });
     sheet.Click(IDC_SETUP_PRINTER_FIGURE);
     EXPECT_EQ(
-        sheet.Pick(IDC_DEFAULT, nullptr),
+        sheet.Pick(IDC_DEFAULT),
         "nup=Off +nup -border oborder duplex=Off -guide xguide watermark=<NONE> -watermarkFirst source=Auto "
         "dmDefaultSource=7 dmNupOn=0 dmNupCount=1 dmNupVertical=0 dmNupDescending=0 dmNupBorder=0 "
         "dmWatermarkOn=0 dmBookletPaper=0 dmDuplexOn=0 dmGuidePaper=1 dmBookletRight=0 dmPreviewMode=0 told told");
@@ -141,14 +110,6 @@ TEST(SetupPage, DefaultTakesThePaperWithTheMedia)
         EXPECT_EQ(sheet.Settings().dmPaperSize, row.after) << row.media << " " << row.country;
         EXPECT_EQ(sheet.Settings().dmMediaIndex, 0);
     }
-}
-
-TEST(SetupPage, DefaultKeepsNupLockedWherePagesAreScaled)
-{
-    SetupSheet sheet(Fields("dmZoom=50"));
-    sheet.Click(IDC_DEFAULT);
-    EXPECT_EQ(sheet.EnabledLetters(), "nbs Dg");
-    EXPECT_EQ(sheet.Settings().dmZoom, 50) << "belongs to the Paper page";
 }
 
 // The mark of the shell stays for the process: the test takes it back.
@@ -211,24 +172,11 @@ TEST(SetupPage, TheIconShowsTheBinding)
         EXPECT_THAT(Icons(sheet.Drawn()), StartsWith(icon + std::string("picture "))) << "at once";
         EXPECT_EQ(PaintedIcons(sheet), icon);
     }
-}
-
-TEST(SetupPage, TheIconOfABookletIsDrawnForTray1Alone)
-{
-    SetupSheet sheet(Fields(std::string(Booklet) + " dmDefaultSource=7"));
-    EXPECT_EQ(PaintedIcons(sheet), "");
-    sheet.Choose(IDC_PAPER_SOURCE, u"Tray1");
-    EXPECT_EQ(PaintedIcons(sheet), "9518 ");
-}
-
-TEST(SetupPage, ARefusedBindingIsNeverDrawn)
-{
-    for (const char16_t* binding : {u"Long Edge Binding", u"Booklet Right Binding"}) {
-        SetupSheet sheet;
-        sheet.Drawn();
-        sheet.Choose(IDC_DUPLEX, binding);
-        EXPECT_EQ(Icons(sheet.Drawn()), "picture 9514 ") << platform::ToUtf8(binding);
-    }
+    SetupSheet other(Fields(std::string(Booklet) + " dmDefaultSource=7"));
+    EXPECT_EQ(PaintedIcons(other), "") << "a booklet's is drawn for Tray1 alone";
+    other.Choose(IDC_DUPLEX, u"Long Edge Binding").Drawn();
+    other.Choose(IDC_DUPLEX, u"Long Edge Binding");
+    EXPECT_EQ(Icons(other.Drawn()), "picture 9514 ") << "a refused one never";
 }
 
 TEST(SetupPage, ThePageLayoutIsDrawnForItsOwnItemAlone)
@@ -243,15 +191,6 @@ TEST(SetupPage, ThePageLayoutIsDrawnForItsOwnItemAlone)
     sheet.Click(IDC_SETUP_PRINTER_FIGURE).Drawn();
     sheet.Send(WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&item));
     EXPECT_THAT(sheet.Drawn(), Contains(StartsWith("1029 "))) << "the figure, for whichever item";
-}
-
-TEST(SetupPage, WithoutASheetTheProcedureDoesNothing)
-{
-    DriverDevMode* const open = CurrentSettings;
-    CurrentSettings = nullptr;
-    for (const UINT message : {WM_INITDIALOG, WM_COMMAND, WM_NOTIFY, WM_DRAWITEM, WM_PAINT, WM_HELP})
-        EXPECT_EQ(PageLayout_DlgProc(nullptr, message, 0, 0), FALSE);
-    CurrentSettings = open;
 }
 
 }  // namespace

@@ -271,7 +271,7 @@ TEST(SetupRules, ShowWhatOtherPagesHaveChangedWhenThisPageComesBack)
              {"Tray2There", "dmFitToPaper=2 dmOutputPaper=215", "-nup duplex:3 dmFitToPaper=2 dmOutputPaper=215"},
     }) {
         SetupSheet sheet(In(row.before));
-        const auto elsewhere = [&](SetupSheet& self) { self.ChangeElsewhere(Fields(row.elsewhere)); };
+        const auto elsewhere = [&] { sheet.ChangeElsewhere(Fields(row.elsewhere)); };
         EXPECT_EQ(sheet.Difference(elsewhere), row.difference) << row.before << ", " << row.elsewhere;
     }
 }
