@@ -30,20 +30,6 @@ class ListDialog : public OverlaySheet {
     SteppedDesktop& User() { return Machine().Desktop(); }
 };
 
-TEST(OverlayDialogs, OfferWhatTheSelectedRowAllows)
-{
-    for (const auto& [selected, list] : {
-             std::pair{0, "[<NONE>] Letterhead Invoice Draft N"  },
-             {1, "<NONE> [Letterhead] Invoice Draft NED"},
-             {3, "<NONE> Letterhead Invoice [Draft] NED"}
-    }) {
-        ListDialog dialog(ThreeForms, selected);
-        EXPECT_EQ(dialog.List(), list);
-        dialog.Choose(IDC_OVL_LIST, 2).Choose(IDC_OVL_LIST, selected);
-        EXPECT_EQ(dialog.List(), list);
-    }
-}
-
 TEST(OverlayDialogs, StoreOneNewRowAtATimeAsPendingAndKeepTheChoice)
 {
     ListDialog dialog(ThreeForms, 1);
@@ -223,16 +209,6 @@ TEST(OverlayDialogs, ShowWhatTheListBoxHasRoomFor)
     EXPECT_EQ(dialog.List(), "<NONE> [Letterhead] NED");
     dialog.Click(IDOK);
     EXPECT_EQ(dialog.StoredNames(), Names{u"Letterhead"});
-}
-
-TEST(OverlayDialogs, AnswerWithHelp)
-{
-    ListDialog dialog(ThreeForms, 1);
-    dialog.Click(IDC_HELP).HelpOn(IDC_OVL_DELETE).Click(IDC_OVL_EDIT);
-    dialog.Click(IDC_HELP).HelpOn(IDC_OVL_PATH);
-    NMHDR help{nullptr, 0, PSN_HELP};
-    dialog.Send(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&help));
-    EXPECT_EQ(dialog.HelpContexts(), (std::vector<DWORD>{5113, 5113, 5113, 5113, 0}));
 }
 
 }  // namespace

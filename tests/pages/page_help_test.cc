@@ -1,11 +1,15 @@
-// Help on the page and on its controls.
+// Help on the pages, the dialogs and their controls: which number each asks for, and that every number has a topic.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <set>
 #include <utility>
 #include <vector>
 
 #include "platform/services.h"
+#include "platform/user/window.h"
 #include "resources/control_numbers.h"
+#include "tests/support/records.h"
 #include "tests/support/sheet_driver.h"
 
 namespace {
@@ -60,46 +64,72 @@ const Topics SetupHelp = {
     {5112, {IDC_OVERLAY_GROUP, IDC_OVERLAY, IDC_OVERLAY_FIRST_PAGE, IDC_EDIT_OVERLAY}},
 };
 
+const Topics CustomPaperHelp = {{1221, {IDC_CP_NEW}}, {1222, {IDC_CP_HEIGHT_LABEL}}};
+const Topics WatermarkHelp = {{1151, {IDC_WM_PREVIEW, IDC_WM_FRAME}}, {1152, {IDC_WM_ANGLE_RANGE, IDCANCEL}}};
+const Topics OverlayListHelp = {{5113, {IDC_OVL_DELETE}}};
+const Topics OverlayEditHelp = {{5113, {IDC_OVL_PATH}}};
+
 // clang-format on
 
-struct PageHelpRow {
-    const char16_t* title;
+// A page, the button on it that opens a dialog (0: the page itself) and the one in that dialog that opens another.
+struct Place {
+    const char16_t* page;
+    int button, second;
     DWORD context;
-    const Topics& topics;
+    Topics topics;
 };
-const PageHelpRow PageRows[] = {
-    {u"Setup",                  1101, SetupHelp  },
-    {u"Paper",                  1201, PaperHelp  },
-    {u"Quality",                1301, QualityHelp},
-    {u"Device Options Setting", 1401, DeviceHelp },
+const Place Places[] = {
+    {u"Setup",                  0,                  0,           1101, SetupHelp      },
+    {u"Setup",                  IDC_NUP_STYLE,      0,           1141, {}             },
+    {u"Setup",                  IDC_EDIT_WATERMARK, 0,           1103, WatermarkHelp  },
+    {u"Setup",                  IDC_EDIT_OVERLAY,   0,           5113, OverlayListHelp},
+    {u"Setup",                  IDC_EDIT_OVERLAY,   IDC_OVL_NEW, 5113, OverlayEditHelp},
+    {u"Paper",                  0,                  0,           1201, PaperHelp      },
+    {u"Paper",                  IDC_EDIT_CUSTOM,    0,           1202, CustomPaperHelp},
+    {u"Quality",                0,                  0,           1301, QualityHelp    },
+    {u"Device Options Setting", 0,                  0,           1401, DeviceHelp     },
 };
 
-bool IsHelpFile(const std::u16string& file) { return file.ends_with(u"\\3\\4820drv.HLP") && file.size() > 14; }
-
-TEST(PageHelp, ThePageAndEveryControlHaveTheirOwn)
+std::set<DWORD> TopicsOfTheFile()
 {
-    for (const PageHelpRow& page : PageRows) {
-        Sheet sheet;
-        sheet.Page(page.title).PressHelp();
+    std::set<DWORD> topics;
+    std::ifstream in(QD_HELP_TOPICS);
+    for (std::string line; std::getline(in, line);)
+        if (line.starts_with("## ")) {
+            EXPECT_TRUE(topics.insert(std::stoul(line.substr(3))).second) << line;
+        }
+    return topics;
+}
+
+TEST(Help, EveryPageDialogAndControlHasItsTopic)
+{
+    std::set<DWORD> asked;
+    for (const Place& place : Places) {
+        Sheet sheet(testing_support::Fields("dmNupOn=1 dmNupCount=2"));
+        sheet.Page(place.page);
+        if (place.button) sheet.Click(place.button);
+        if (place.second) sheet.Click(place.second);
+        place.button ? sheet.Click(IDC_HELP) : sheet.PressHelp();
         ASSERT_EQ(sheet.HelpSeenSoFar().size(), 1u);
         const HelpSeen whole = sheet.HelpSeenSoFar()[0];
-        EXPECT_EQ(whole, (HelpSeen{0, whole.file, HELP_CONTEXT, page.context}));
-        EXPECT_TRUE(IsHelpFile(whole.file));
-        for (const auto& [context, controls] : page.topics)
+        EXPECT_EQ(whole.command, place.button ? whole.command : HELP_CONTEXT);
+        EXPECT_EQ(whole.context, place.context);
+        EXPECT_TRUE(whole.file.ends_with(u"\\3\\4820drv.HLP") && whole.file.size() > 14);
+        for (const auto& [context, controls] : place.topics)
             for (const int control : controls) {
-                HELPINFO info{};
-                info.cbSize = sizeof info;
-                info.iContextType = HELPINFO_WINDOW;
-                info.iCtrlId = control;
-                info.hItemHandle = sheet.Handle(control);
-                EXPECT_EQ(sheet.Send(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)), FALSE);
-                EXPECT_EQ(sheet.HelpSeenSoFar().back(), (HelpSeen{control, whole.file, HELP_WM_HELP, context}))
-                    << control;
+                sheet.HelpOn(control);
+                EXPECT_EQ(sheet.HelpSeenSoFar().back(), (HelpSeen{control, whole.file, HELP_WM_HELP, context}));
             }
-        const std::size_t asked = sheet.HelpSeenSoFar().size();
-        EXPECT_EQ(sheet.Send(WM_CONTEXTMENU, 0, 0), FALSE);
-        EXPECT_EQ(sheet.HelpSeenSoFar().size(), asked) << "the context menu asks for nothing";
+        sheet.Try([](HWND dialog) {
+            const std::vector<HWND> children = platform::user::Find(dialog)->children;
+            for (const HWND child : children)
+                if (platform::user::Find(child)->id > 0) platform::user::ContextHelp(child);
+            return platform::user::Outcome::Done;
+        });
+        for (const DWORD context : sheet.HelpContexts()) asked.insert(context);
     }
+    asked.erase(0);
+    EXPECT_EQ(asked, TopicsOfTheFile());
 }
 
 }  // namespace
