@@ -96,27 +96,6 @@ TEST(Processes, ThatWriteAtOnceLoseNothing)
     }
 }
 
-// Each writer writes values of one byte over and over, longer than a page; a reader sees one of them whole.
-TEST(Processes, ThatReadNeverSeeHalfAValue)
-{
-    TemporaryFolder folder;
-    SqliteStore store(folder / "f");
-    store.SetDefaultRecord(First, Bytes(30'000, 1));
-    std::vector<pid_t> children;
-    for (BYTE i = 1; i <= 2; ++i) {
-        children.push_back(Start([&, i] {
-            SqliteStore mine(folder / "f");
-            for (int run = 0; run < 40; ++run) mine.SetDefaultRecord(First, Bytes(30'000u + i, i));
-        }));
-    }
-    for (int run = 0; run < 200; ++run) {
-        const Bytes record = store.DefaultRecord(First);
-        ASSERT_GE(record.size(), 30'000u);
-        ASSERT_EQ(record, Bytes(record.size(), record[0]));
-    }
-    for (const pid_t child : children) EXPECT_EQ(Finish(child), 0);
-}
-
 // What a process writes tells who has written it and how long it is, and is longer than a page more often than not.
 constexpr BYTE Turns = 80;
 Bytes Signed(BYTE process, int turn, std::size_t length)
