@@ -1,5 +1,7 @@
 #include "snapshot.h"
 
+#include <QBuffer>
+#include <QFile>
 #include <QImageWriter>
 
 #include "qt_runtime.h"
@@ -20,9 +22,15 @@ bool Snapshot(HWND top, const std::string& pngFile, std::string* why)
     window.Sync();
     const QImage picture = window.grab().toImage();
     window.hide();
-    QImageWriter writer(QString::fromStdString(pngFile), "png");
-    if (writer.write(picture)) return true;
-    *why = writer.errorString().toStdString();
+    // Made whole first: what goes wrong with the file is told in the system's words then.
+    QByteArray png;
+    QBuffer made(&png);
+    QFile file(QString::fromStdString(pngFile));
+    if (QImageWriter(&made, "png").write(picture) && file.open(QIODevice::WriteOnly) && file.write(png) == png.size() &&
+        file.flush()) {
+        return true;
+    }
+    *why = file.errorString().toStdString();
     return false;
 }
 

@@ -132,12 +132,22 @@ int RunSheetCommand(Context& context, const SheetCommandOptions& options)
     NeedOwnFile({"--trace", options.sheet.trace}, {in, out});
     NeedOwnFile(out, {script});
     context.KeepStoreFrom("-o", options.out);
+    // Where the record cannot be written to, the user is told before the work.
+    std::unique_ptr<PendingFile> file;
+    if (!options.out.empty() && options.out != "-") file = std::make_unique<PendingFile>(options.out);
     SheetSession session(context, options.sheet);
     DocumentSheet sheet(context, options);
     const int status = sheet.Run(session);
-    if (!options.out.empty() && !sheet.Published().empty()) WriteFile(options.out, sheet.Published());
+    const auto record = sheet.Published();
+    if (!record.empty()) {
+        if (file) {
+            file->Write(record);
+            file->Commit();
+        } else if (!options.out.empty()) {
+            WriteFile(options.out, record);
+        }
+    }
     if (options.storeDefault && status == Done) {
-        const auto record = sheet.Published();
         if (!context.Store().SetDefaultRecord(WideArgument("the printer's name", options.printer),
                                               {record.begin(), record.end()})) {
             throw Failure("cannot store the default record of \"" + options.printer + "\"");

@@ -158,6 +158,16 @@ TEST(SheetCommand, RefusesWhatDoesNotGoTogether)
     }
 }
 
+TEST(SheetCommand, TellsWhereItCannotWrite)
+{
+    // The record's place before the user has any work with it, a picture's when it is taken.
+    EXPECT_EQ(Program()(Sheet + "-o no/r", "ok"),
+              (Result{3, "", "qd480: cannot write no/r: No such file or directory\n"}));
+    const Result full = Program()(Sheet, "snapshot /dev/full\nok");
+    EXPECT_EQ(full.status, 3);
+    EXPECT_EQ(full.err, "qd480: cannot write /dev/full: No space left on device\n");
+}
+
 TEST(SheetCommand, NeedsAScriptWhereThereIsNoDisplay)
 {
     struct DisplayRow {
