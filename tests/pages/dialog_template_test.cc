@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <set>
 
 #include "platform/kernel/modules.h"
 #include "platform/kernel/unicode.h"
@@ -112,32 +111,6 @@ TEST(DialogTemplates, GiveTextsRoom)
             EXPECT_LE(characters * PixelsPerCharacter * 6 / 5, room) << number << ": " << NameOf(control);
         }
     }
-}
-
-TEST(DialogTemplates, PutTheLeftPanelAtTheSamePlaceOnEveryPage)
-{
-    const std::map<int, std::vector<int>> pages = {
-        {IDD_SETUP,          {IDC_SETUP_FRAME, IDC_SETUP_PREVIEW, IDC_SETUP_PAGE_LAYOUT, IDC_SETUP_PRINTER_FIGURE}        },
-        {IDD_PAPER,          {IDC_PAPER_FRAME, IDC_PAPER_PREVIEW, IDC_PAPER_PAGE_LAYOUT, IDC_PAPER_PRINTER_FIGURE}        },
-        {IDD_QUALITY,        {IDC_QUALITY_FRAME, IDC_QUALITY_PREVIEW, IDC_QUALITY_PAGE_LAYOUT, IDC_QUALITY_PRINTER_FIGURE}},
-        {IDD_DEVICE_OPTIONS, {IDC_DEVICE_FRAME, IDC_DEVICE_PREVIEW, IDC_DEVICE_PAGE_LAYOUT, IDC_DEVICE_PRINTER_FIGURE}    },
-    };
-    std::set<std::string> panels;
-    std::map<int, DialogTemplate> dialogs = Dialogs();
-    for (auto [number, numbers] : pages) {
-        const DialogTemplate& layout = dialogs[number];
-        std::string places = std::to_string(layout.width) + " x " + std::to_string(layout.height);
-        numbers.insert(numbers.end(), {IDC_EASY_SET, IDC_DEFAULT});
-        for (const int control : numbers) {
-            const auto found = std::ranges::find(layout.controls, control, &ControlTemplate::id);
-            ASSERT_NE(found, layout.controls.end()) << number << ": " << control;
-            const auto [left, top, right, bottom] = found->rect;
-            for (const LONG edge : {left, top, right - left, bottom - top}) places += " " + std::to_string(edge);
-        }
-        panels.insert(places);
-    }
-    EXPECT_EQ(panels.size(), 1u) << testing::PrintToString(panels);
-    EXPECT_NE(panels.begin()->find(" 137 161 "), std::string::npos) << "the frame is as large as the printer figure";
 }
 
 }  // namespace

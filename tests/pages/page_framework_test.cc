@@ -46,20 +46,6 @@ TEST_F(FillCombo, AnUnknownGroupLeavesTheBufferAsItWas)
     EXPECT_THAT(sheet.Items(IDC_SMOOTHTONE), ElementsAre(u"Off", u"Short Edge Binding", u"Long Edge Binding"));
 }
 
-TEST_F(FillCombo, ARunWithoutStringsEmptiesTheList)
-{
-    EXPECT_EQ(Fill(IDS_MEMORY_LAST, IDS_MEMORY_FIRST, SmoothtoneOption), 2);
-    EXPECT_TRUE(sheet.Items(IDC_SMOOTHTONE).empty());
-}
-
-TEST_F(FillCombo, AStringThatCannotBeLoadedIsAnEmptyRow)
-{
-    // The page is filled when it is made and again when it comes to the front, 14 strings each time.
-    platform::CurrentEnvironment().faults.Add("LoadStringW", 14 + 2, false);
-    sheet.Page(u"Quality");
-    EXPECT_THAT(sheet.Items(IDC_RESOLUTION), ElementsAre(u"600 x 600", u"", u"1200 x 1200"));
-}
-
 TEST(LoadResString, ATextHoldsUntilTheNextOnItsSlot)
 {
     const TestMachine machine;

@@ -119,11 +119,6 @@ TEST(PaperLists, GiveARecordWithoutAPaperThatOfTheCountry)
         PaperSheet sheet(With(Auto, Plain, 0), {}, country);
         EXPECT_EQ(sheet.Settings().dmPaperSize, code) << country;
         EXPECT_EQ(sheet.Code(IDC_DOCUMENT_SIZE), code) << country;
-        sheet.OnPage([](HWND) {
-            CurrentSettings->dmPaperSize = 0;
-            LoadPaperRows();
-        });
-        EXPECT_EQ(sheet.Settings().dmPaperSize, code) << country;
     }
 }
 
@@ -196,50 +191,6 @@ TEST(PaperLists, TakeComingToTheFrontForAChangeOfMedia)
     sheet.ChangeElsewhere([](DriverDevMode&) { SelectedMedia = Transparency; });
     EXPECT_EQ(sheet.Settings().dmPaperSize, 1);
     EXPECT_EQ(MediaChanging, 1) << "for the Setup page to clear";
-}
-
-TEST(PaperLists, FollowTheSourceBetweenTimes)
-{
-    const std::function<void(PaperSheet&)> ways[] = {
-        [](PaperSheet&) {},
-        [](PaperSheet& sheet) { sheet.Click(IDC_DEFAULT); },
-        [](PaperSheet& sheet) { sheet.Click(IDC_EDIT_CUSTOM).Click(IDOK); },
-    };
-    for (const auto& way : ways) {
-        PaperSheet sheet(With(Auto, Plain, 1), FormAndCard);
-        way(sheet);
-        sheet.OnPage([](HWND) { SetOption(SourceOption, Tray2); });
-        EXPECT_NE(PaperRows[4].enabled, 0u);
-        EXPECT_EQ(PaperRows[5].enabled, 0u);
-    }
-}
-
-TEST(PaperLists, TakeNoSizeFromARowThatIsNotThere)
-{
-    PaperSheet sheet({}, FormAndCard);
-    sheet.OnPage([&](HWND) {
-        PaperChoice = {1, 11, 12};
-        for (const int row : {-1, 28, 1000}) TakeRowSize(row);
-        EXPECT_EQ(PaperChoice.length, 11);
-        TakeRowSize(27);
-        EXPECT_EQ(PaperChoice.length, 3300);
-        EXPECT_EQ(PaperChoice.width, 2550);
-    });
-}
-
-TEST(PaperLists, ShowNoCustomSizesThatCouldNotBeLoadedAgain)
-{
-    {
-        const PaperSheet before({}, FormAndCard);
-    }
-    PaperSheet sheet(
-        [](DriverDevMode& record) {
-            record.dmPaperSize = 257;
-            Machine::Fail("OpenPrinterW");
-        },
-        FormAndCard);
-    EXPECT_EQ(sheet.ItemData(IDC_DOCUMENT_SIZE).size(), 16u);
-    EXPECT_EQ(sheet.Selection(IDC_DOCUMENT_SIZE), 0);
 }
 
 TEST(PaperLists, SendToThePapersThatTheSourceTakesWhateverTheMedia)

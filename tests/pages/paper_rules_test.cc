@@ -261,4 +261,13 @@ TEST(PaperRules, ABookletTakesEveryPaperThatIsChosen)
     EXPECT_EQ(sheet.Settings().dmBookletPaper, 0);
 }
 
+TEST(PaperRules, TheSecondTrayGivesWayWhenItIsGone)
+{
+    PaperSheet sheet(Fields("dmDefaultSource=2 dmDeviceFlags=128"));
+    sheet.ChangeElsewhere(Fields("dmDeviceFlags=0"));
+    EXPECT_TRUE(sheet.Enabled(IDC_EDIT_CUSTOM));
+    EXPECT_EQ(sheet.Settings().dmDefaultSource, 2) << "the Setup page decides";
+    EXPECT_EQ(SelectedSource, 1);
+}
+
 }  // namespace

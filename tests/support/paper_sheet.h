@@ -2,17 +2,11 @@
 // short lines that can stand in tables.
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "pages/paper_fit.h"
-#include "platform/kernel/unicode.h"
-#include "resources/control_numbers.h"
 #include "settings/list_rows.h"
 #include "settings/model_tables.h"
 #include "tests/support/custom_papers.h"
-#include "tests/support/records.h"
-#include "tests/support/sheet_driver.h"
+#include "tests/support/watched_sheet.h"
 
 namespace testing_support {
 
@@ -34,11 +28,12 @@ inline void StandInForSetup(const DriverDevMode& record)
     FitOn = 0;
 }
 
-class PaperSheet : public Sheet {
+class PaperSheet : public WatchedSheet {
   public:
     explicit PaperSheet(const Prepare& prepare = {}, const std::vector<CustomPaperEntry>& papers = {},
                         int country = UnitedStates, bool mayChange = true, const Furnish& furnish = {})
-        : Sheet(
+        : WatchedSheet(
+              u"Paper", {},
               [prepare](DriverDevMode& record) {
                   if (prepare) prepare(record);
                   StandInForSetup(record);
@@ -51,18 +46,15 @@ class PaperSheet : public Sheet {
               },
               testing_support::Machine::InCountry(country))
     {
-        Page(u"Paper");
     }
 
     PaperSheet& GoAwayAndComeBack()
     {
-        Page(ElsewherePage).Page(u"Paper");
-        return *this;
+        return ChangeElsewhere([](DriverDevMode&) {});
     }
-    // Another page makes a change, and the user comes back.
     PaperSheet& ChangeElsewhere(const Prepare& change)
     {
-        Page(ElsewherePage).Change(change).Page(u"Paper");
+        WatchedSheet::ChangeElsewhere(change);
         return *this;
     }
     // Runs code on the page, on the sheet's thread.

@@ -80,6 +80,7 @@ class WatchedSheet : public Sheet {
         const auto items = Items(control);
         return std::ranges::find(items, row) != items.end();
     }
+    using Sheet::Row;
     // The selected row, empty without one.
     std::string Row(int control)
     {
