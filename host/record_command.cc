@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -36,12 +37,25 @@ void Set(const RecordOptions& options)
     WriteFile(options.output, record);
 }
 
+// The library takes the last one of two fields of one name.
+Json ParseNamesOnce(const std::string& text)
+{
+    std::vector<std::set<std::string>> names;
+    return Json::parse(text, [&](int, Json::parse_event_t event, const Json& parsed) {
+        if (event == Json::parse_event_t::object_start) names.emplace_back();
+        if (event == Json::parse_event_t::object_end) names.pop_back();
+        if (event == Json::parse_event_t::key && !names.back().insert(parsed.get<std::string>()).second)
+            throw Failure("the field " + parsed.get<std::string>() + " is given twice");
+        return true;
+    });
+}
+
 void Make(const RecordOptions& options)
 {
     const std::string text = ReadTextFile(options.file);
     std::vector<std::uint8_t> record;
     try {
-        record = RecordFromJson(Json::parse(text));
+        record = RecordFromJson(ParseNamesOnce(text));
     } catch (const Json::parse_error& error) {
         // The library's own mark stands before what is of use.
         const std::string_view what = error.what();

@@ -64,6 +64,7 @@ TEST(RecordCommand, NamesTheFileThatItCannotUse)
     Program run;
     run.Put("bad", "{\"dmZoom\": }");
     run.Put("unfit", "{\"dmZoom\": 1.5}");
+    run.Put("twice", "{\"dmZoom\": 1, \"dmWatermark\": {\"wmId\": 1, \"wmId\": 2}}");
     run.Put("short", "short");
     run.Put("r", std::string(80, '\0'));
     const std::pair<const char*, const char*> rows[] = {
@@ -72,6 +73,7 @@ TEST(RecordCommand, NamesTheFileThatItCannotUse)
         {"show none",                     "cannot read none: No such file or directory\n"                 },
         {"make bad",                      "bad is no JSON: parse error at line 1, column 12"              },
         {"make unfit",                    "unfit: the field dmZoom takes a number from -32768 to 32767\n" },
+        {"make twice",                    "twice: the field wmId is given twice\n"                        },
         {"set short dmZoom=1",            "short: the record of 5 bytes does not reach the field dmZoom\n"},
     };
     for (const auto& [words, message] : rows) {
