@@ -61,15 +61,4 @@ TEST(CustomPaperUnits, MillimetresAndInchesRound)
     EXPECT_EQ(TenthsFromInches({300, 9}), 910);
 }
 
-TEST(CustomPaperUnits, DefaultsAreTheSizesOfA4AndLetterInDots)
-{
-    for (const auto& [a4, width, length] : {
-             std::tuple{true,  2480, 3507},
-             {false, 2550, 3300}
-    }) {
-        EXPECT_EQ(RowSize(DefaultCustomPaper(a4)).psWidthDots, width);
-        EXPECT_EQ(RowSize(DefaultCustomPaper(a4)).psLengthDots, length);
-    }
-}
-
 }  // namespace

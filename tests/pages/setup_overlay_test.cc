@@ -131,14 +131,4 @@ TEST(SetupOverlay, TheDialogChoosesForThePage)
         << "the row that follows";
 }
 
-TEST(SetupOverlay, TheListEndsWhereThereIsNoRoom)
-{
-    OverlaySheet sheet(TwoForms);
-    for (int call = 1; call < 100; ++call) sheet.Machine().Fail("CB_INSERTSTRING", static_cast<std::uint64_t>(call));
-    sheet.Click(IDC_EDIT_OVERLAY).Click(IDCANCEL);
-    EXPECT_TRUE(sheet.Items(IDC_OVERLAY).empty());
-    sheet.Notice(IDC_OVERLAY, CBN_SELCHANGE);
-    EXPECT_EQ(sheet.Settings().dmOverlayState, 0);
-}
-
 }  // namespace

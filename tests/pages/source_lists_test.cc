@@ -87,17 +87,6 @@ TEST_F(SourceLists, OtherSourcesGoByThePaper)
     EXPECT_EQ(Offered(), "--2-") << "Tray2 has rules of its own";
 }
 
-TEST_F(SourceLists, TheCurrentSourceIsFoundByItsCode)
-{
-    constexpr SHORT NoSource = 99;
-    int row = 0;
-    for (const SHORT code : {SHORT{7}, SHORT{1}, SHORT{2}, SHORT{4}, NoSource}) {
-        record.dmDefaultSource = code;
-        RefreshSourceRows();
-        EXPECT_EQ(SourceIndex, std::min(row++, 3)) << code;
-    }
-}
-
 TEST_F(SourceLists, Tray2TakesPlainPaperAlone)
 {
     struct Row {
