@@ -1,5 +1,5 @@
-// The layout of every dialog of the module: nothing outside, nothing on top of something else, nothing clipped.
-// Measured in pixels at 96 dots per inch.
+// The resources of the module. Of every dialog: nothing outside, nothing on top of something else, nothing clipped,
+// measured in pixels at 96 dots per inch.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -8,7 +8,7 @@
 #include "platform/kernel/unicode.h"
 #include "platform/user.h"
 #include "platform/user/dialog_template.h"
-#include "resources/control_numbers.h"
+#include "settings/model_tables.h"
 #include "tests/support/sheet_driver.h"
 
 namespace {
@@ -111,6 +111,16 @@ TEST(DialogTemplates, GiveTextsRoom)
             EXPECT_LE(characters * PixelsPerCharacter * 6 / 5, room) << number << ": " << NameOf(control);
         }
     }
+}
+
+TEST(StringTable, NamesEveryRowOfTheModel)
+{
+    const testing_support::TestMachine machine;
+    const auto named = [&](DWORD number) { return !platform::modules::String(machine.Module(), number).empty(); };
+    for (const PaperEntry& paper : PaperTable) EXPECT_TRUE(named(paper.nameString)) << paper.code;
+    for (const BinEntry& bin : BinTable) EXPECT_TRUE(named(bin.nameString)) << bin.code;
+    for (const MediaEntry& media : MediaTable) EXPECT_TRUE(named(media.nameString)) << media.index;
+    EXPECT_EQ(platform::modules::String(machine.Module(), 707), u"Invalid DEVMODE structure.");
 }
 
 }  // namespace

@@ -150,19 +150,6 @@ TEST(PaperPage, ShowsCollationAndOrientationAsIcons)
     }
 }
 
-TEST(PaperPage, APickWithoutASelectionStoresNothing)
-{
-    PaperSheet sheet(Fields("dmOutputPaper=11"));
-    sheet.OnPage([](HWND page) {
-        SendDlgItemMessageW(page, IDC_DOCUMENT_SIZE, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
-        SendDlgItemMessageW(page, IDC_OUTPUT_SIZE, CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
-    });
-    sheet.Notice(IDC_DOCUMENT_SIZE, CBN_SELCHANGE);
-    sheet.Notice(IDC_OUTPUT_SIZE, CBN_SELCHANGE);
-    EXPECT_EQ(sheet.Settings().dmPaperSize, 1);
-    EXPECT_EQ(sheet.Settings().dmOutputPaper, 11);
-}
-
 TEST(PaperPage, BringsTheJobsWatermarkUpToDate)
 {
     for (const DWORD on : {0u, 1u}) {

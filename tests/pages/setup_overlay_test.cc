@@ -16,43 +16,24 @@ const std::vector<OverlayEntry> TwoForms = {Overlay(u"Letterhead", u"/forms/head
                                             Overlay(u"Invoice", u"/forms/invoice.oxl")};
 const OverlayEntry PendingForm = Overlay(u"New", u"/forms/new.oxl", 1);
 
-TEST(SetupOverlay, NamesTheFileOfTheChoiceAtOnce)
+TEST(SetupOverlay, ListsTheRowsThatHaveBeenMadeAndNamesTheFileOfTheChoiceAtOnce)
 {
-    struct Row {
-        std::vector<OverlayEntry> rows;
-        int index, selected;
-        const char16_t* file;
-        BYTE state;
-    };
-    const std::vector<OverlayEntry> withPending = {TwoForms[0], PendingForm};
-    for (const Row& row : {
-             Row{TwoForms,    2,  2,  u"/forms/invoice.oxl", 1},
-             {TwoForms,    0,  0,  u"<NONE>",             0},
-             {TwoForms,    5,  -1, u"<NONE>",             1},
-             {withPending, 1,  1,  u"/forms/head.oxl",    1},
-             {withPending, 2,  -1, u"<NONE>",             1},
-             {withPending, -1, -1, u"<NONE>",             1},
+    for (const auto& [index, selected, file, state] : {
+             std::tuple{2,  2,  u"/forms/invoice.oxl", 1},
+             {0,  0,  u"<NONE>",             0},
+             {3,  -1, u"<NONE>",             1}, // the pending one
+             {-1, -1, u"<NONE>",             1},
     }) {
-        SCOPED_TRACE(row.index);
-        OverlaySheet sheet(row.rows, row.index);
-        EXPECT_EQ(sheet.Selection(IDC_OVERLAY), row.selected);
-        EXPECT_EQ(sheet.File(), row.file);
-        EXPECT_EQ(sheet.Settings().dmOverlayState, row.state);
-        EXPECT_EQ(sheet.Enabled(IDC_OVERLAY_FIRST_PAGE), row.state == 1);
+        OverlaySheet sheet({TwoForms[0], TwoForms[1], PendingForm}, index);
+        EXPECT_THAT(sheet.Items(IDC_OVERLAY), ElementsAre(u"<NONE>", u"Letterhead", u"Invoice"));
+        EXPECT_EQ(sheet.Selection(IDC_OVERLAY), selected) << index;
+        EXPECT_EQ(sheet.File(), file) << index;
+        EXPECT_EQ(sheet.Settings().dmOverlayState, state) << index;
+        EXPECT_EQ(sheet.Enabled(IDC_OVERLAY_FIRST_PAGE), state == 1) << index;
         EXPECT_EQ(sheet.Changes(), 0);
+        sheet.Click(IDC_EDIT_OVERLAY).Click(IDOK);
+        EXPECT_EQ(sheet.StoredNames(), (Names{u"Letterhead", u"Invoice"})) << "a sheet without a job";
     }
-}
-
-TEST(SetupOverlay, ListsTheRowsThatHaveBeenMade)
-{
-    OverlaySheet sheet({TwoForms[0], PendingForm, TwoForms[1]});
-    EXPECT_THAT(sheet.Items(IDC_OVERLAY), ElementsAre(u"<NONE>", u"Letterhead", u"Invoice"));
-    sheet.Click(IDC_EDIT_OVERLAY);
-    EXPECT_THAT(sheet.Items(IDC_OVL_LIST), ElementsAre(u"<NONE>", u"Letterhead", u"Invoice"))
-        << "a sheet without a job";
-    sheet.Click(IDOK);
-    EXPECT_EQ(sheet.Ok().dmOverlayState, 0);
-    EXPECT_EQ(sheet.StoredNames(), (Names{u"Letterhead", u"Invoice"}));
 }
 
 TEST(SetupOverlay, APickIsStoredAndDefaultChoosesNone)

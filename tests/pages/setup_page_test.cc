@@ -4,6 +4,7 @@
 
 #include "pages/setup_page.h"
 #include "platform/controls.h"
+#include "platform/services.h"
 #include "tests/support/setup_sheet.h"
 
 namespace {
@@ -101,11 +102,9 @@ TEST(SetupPage, OverlaysAreEditedByWhoMayAndNotInTheShell)
 {
     for (const auto& [module, shell] : {
              std::pair{u"",                                    false},
-             {u"C:\\Program Files\\app.exe",          false},
              {u"C:\\WINDOWS\\system32\\SHELL32.DLL",  true },
              {u"c:\\windows\\System32\\shell32.dll",  true },
              {u"C:\\WINDOWS\\system32\\SHELL32.DLLX", false},
-             {u"D:\\WINDOWS\\system32\\SHELL32.DLL",  false},
     }) {
         ShellHosted = 0;
         SetupSheet sheet({}, {}, 1, module);
@@ -116,12 +115,6 @@ TEST(SetupPage, OverlaysAreEditedByWhoMayAndNotInTheShell)
     ShellHosted = 1;
     EXPECT_FALSE(SetupSheet().Enabled(IDC_EDIT_OVERLAY)) << "once in the shell";
     ShellHosted = 0;
-    SetupSheet reader({}, [](TestMachine& machine) {
-        machine.store->Remove(TestPrinter);
-        machine.store->Add({TestPrinter, TestPrinter, false});
-    });
-    EXPECT_FALSE(reader.Enabled(IDC_EDIT_OVERLAY));
-    EXPECT_TRUE(reader.Enabled(IDC_EDIT_WATERMARK)) << "the dialog shows without being changed";
 }
 
 // The icons that are drawn into the static of the binding, and where the picture is painted.
@@ -175,6 +168,40 @@ TEST(SetupPage, ThePageLayoutIsDrawnForItsOwnItemAlone)
     sheet.Click(IDC_SETUP_PRINTER_FIGURE).Drawn();
     sheet.Send(WM_DRAWITEM, 0, reinterpret_cast<LPARAM>(&item));
     EXPECT_THAT(sheet.Drawn(), Contains(StartsWith("1029 "))) << "the figure, for whichever item";
+}
+
+constexpr char NineUp[] = "dmNupOn=1 dmNupBorder=1 dmNupCount=9";
+
+TEST(NupStyle, OkTakesTheOrderThatWasClickedLastAndCancelNone)
+{
+    for (const auto& [radio, taken] : {
+             std::pair{IDC_HORIZ_ASCENDING,  "told"                                  },
+             {IDC_HORIZ_DESCENDING, "dmNupDescending=1 told"                },
+             {IDC_VERT_ASCENDING,   "dmNupVertical=1 told"                  },
+             {IDC_VERT_DESCENDING,  "dmNupVertical=1 dmNupDescending=1 told"}
+    }) {
+        SetupSheet sheet(Fields(NineUp));
+        const auto choose = [&, radio = radio](int button) {
+            return sheet.Difference(
+                [&] { sheet.Click(IDC_NUP_STYLE).Click(IDC_VERT_DESCENDING).Click(radio).Click(button); });
+        };
+        EXPECT_EQ(choose(IDCANCEL), "told") << "the page does not look at the result";
+        EXPECT_TRUE(sheet.Click(IDC_NUP_STYLE).Checked(IDC_HORIZ_ASCENDING)) << "the click is forgotten";
+        sheet.Click(IDOK);
+        EXPECT_EQ(choose(IDOK), taken);
+        EXPECT_TRUE(sheet.Click(IDC_NUP_STYLE).Checked(radio));
+    }
+}
+
+TEST(NupStyle, HasNoHelpOnItsControlsAndAnswersEveryCommand)
+{
+    SetupSheet sheet(Fields(NineUp));
+    sheet.Click(IDC_NUP_STYLE);
+    HELPINFO info{};
+    info.cbSize = sizeof info;
+    EXPECT_EQ(sheet.Send(WM_HELP, 0, reinterpret_cast<LPARAM>(&info)), FALSE);
+    EXPECT_TRUE(sheet.HelpSeenSoFar().empty());
+    EXPECT_EQ(sheet.Notice(4711, 0), TRUE);
 }
 
 }  // namespace

@@ -212,16 +212,6 @@ TEST(SetupRules, RefusalsSayWhy)
     }
 }
 
-TEST(SetupRules, ARefusalWithoutItsTextsStillShows)
-{
-    SetupSheet sheet(In("LongEdge"));
-    sheet.Machine().Fail("LoadStringW");
-    sheet.Machine().Fail("LoadStringW", 2);
-    sheet.Choose(IDC_PAPER_SOURCE, u"Auto");
-    EXPECT_EQ(sheet.Machine().Desktop().messagesSeen.size(), 1u);
-    EXPECT_EQ(sheet.Row(IDC_PAPER_SOURCE), "Tray1");
-}
-
 // A booklet takes the paper that comes out of the printer.
 TEST(SetupRules, ABookletIsLaidOutOnTheOutputPaper)
 {
