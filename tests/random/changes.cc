@@ -45,6 +45,7 @@ bool OfTheBooklet(const View& view, long code)
 {
     return code == 0 || code == (view.record.dmFitToPaper == 2 ? view.record.dmOutputPaper : view.record.dmPaperSize);
 }
+bool OfTheScaling(const View& view, long mode) { return mode == (view.record.dmZoom != 100); }
 bool Extent(const View& view, long dots) { return dots > 0 || !view.start.soundPapers; }
 bool OverlayRow(const View&, long index)
 {
@@ -143,7 +144,9 @@ constexpr ChangeRow Changes[] = {
     {IDD_PAPER, Arrival,                  "dmCopies",                                     OneOf<1>},
     {IDD_PAPER, Arrival,                  "dmWatermark",                                  Anything},
     {IDD_PAPER, Anywhere,                 "dmCollateMode dmProofPrint",                   OneOf<0>},
-    {IDD_PAPER, Anywhere,                 "dmFitToPaper",                                 In<0, 2>},
+    {IDD_PAPER, Anywhere,                 "dmFitToPaper",                                 OfTheScaling},
+    {IDD_PAPER, IDC_FIT_TO_PAPER,         "dmFitToPaper",                                 In<0, 2>},
+    {IDD_PAPER, IDC_SCALING,              "dmFitToPaper",                                 OneOf<2>},
     {IDD_PAPER, IDC_DOCUMENT_SIZE,        "dmPaperSize dmBookletPaper",                   OfAPaper},
     {IDD_PAPER, IDC_DOCUMENT_SIZE,        PaperExtents,                                   Extent},
     {IDD_PAPER, IDC_EDIT_CUSTOM,          "dmPaperSize dmBookletPaper",                   OfAPaper},

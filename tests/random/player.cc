@@ -320,9 +320,12 @@ Played Play(std::uint64_t seed, const std::optional<std::vector<Step>>& steps)
 
 Played Shrink(std::uint64_t seed, const Played& failed)
 {
-    // The same fault: what is told in front of the numbers.
+    // The same fault: what is told in front of the numbers, and the control that it is put down to.
     const auto fault = [](const Played& played) {
-        return played.failure.substr(0, played.failure.find_first_of("0123456789"));
+        const std::string& told = played.failure;
+        const std::size_t by = std::min(told.find(" by control "), told.find(", after: "));
+        const std::string control = by == told.npos ? "" : told.substr(by, told.find(',', by + 1) - by);
+        return told.substr(0, told.find_first_of("0123456789")) + control;
     };
     Played shortest = failed;
     for (std::size_t part = std::max<std::size_t>(failed.steps.size() / 2, 1); part > 0;) {
