@@ -192,15 +192,16 @@ TEST_F(CustomPaperDialog, AnswersCommandsAndNotices)
 // Each size is a row of the list view and an entry of the working list, or neither.
 TEST_F(CustomPaperDialog, KeepsListAndEntriesTogetherWhateverFails)
 {
-    for (const char* full : {"LVM_INSERTITEMW", ""}) {
-        Open(Three);
-        Dialog().Machine().Fail(full);
-        FailNew(*full ? 0 : 1);
-        Dialog().Click(IDC_CP_NEW);
-        FailNew(0);
-        EXPECT_EQ(Names(), "*Card/Form/Poster/") << full;
-        EXPECT_EQ(Usable(), "NDlnuO") << full;
-    }
+    for (const Entries& entries : {Entries{}, Three})
+        for (const char* full : {"LVM_INSERTITEMW", ""}) {
+            Open(entries);
+            const std::string before = Names() + Usable();
+            Dialog().Machine().Fail(full);
+            FailNew(*full ? 0 : 1);
+            Dialog().Click(IDC_CP_NEW);
+            FailNew(0);
+            EXPECT_EQ(Names() + Usable(), before) << full;
+        }
     constexpr int TheDeletion = 2;  // behind the question for the selected row
     Open(Three).Row(IDC_CP_LIST, 1);
     Dialog().Machine().Fail("SendDlgItemMessageW", TheDeletion);

@@ -81,27 +81,22 @@ TEST(PaperLists, NameEveryPaper)
 
 TEST(PaperLists, FindThePaperOfTheRecord)
 {
-    struct FindCase {
-        int country;
-        SHORT code;
-        int selection, row;
-        SHORT length, width;  // of the record, once the page is up
-    };
-    for (const FindCase& one : {
-             FindCase{UnitedStates, 222, 15, 24, 3188, 2303},
-             {UnitedStates, 257, 16, 26, 3507, 2480},
-             {Germany,      258, 17, 27, 3300, 2550},
+    // Country, code, its place in the list and among the rows, length and width of the record once the page is up.
+    for (const auto& [country, code, selection, row, length, width] : {
+             std::tuple{UnitedStates, SHORT{222}, 15, 24, 3188, 2303},
+             {UnitedStates, SHORT{257}, 16, 26, 3507, 2480},
+             {Germany,      SHORT{258}, 17, 27, 3300, 2550},
  // No row has these: the list shows the country's paper, the size is that of the row that was in use.
-             {UnitedStates, 256, 0,  0,  3300, 2550},
-             {Germany,      259, 1,  0,  3300, 2550},
+             {UnitedStates, SHORT{256}, 0,  0,  3300, 2550},
+             {Germany,      SHORT{259}, 1,  0,  3300, 2550},
     }) {
-        PaperSheet sheet(With(Auto, Plain, one.code), FormAndCard, one.country);
-        EXPECT_EQ(sheet.Selection(IDC_DOCUMENT_SIZE), one.selection) << one.code;
-        EXPECT_EQ(SelectedPaperRow, one.row) << one.code;
+        PaperSheet sheet(With(Auto, Plain, code), FormAndCard, country);
+        EXPECT_EQ(sheet.Selection(IDC_DOCUMENT_SIZE), selection) << code;
+        EXPECT_EQ(SelectedPaperRow, row) << code;
         const DriverDevMode record = sheet.Settings();
-        EXPECT_EQ(record.dmPaperSize, one.code);
-        EXPECT_EQ(record.dmPaperLengthPriv, one.length) << one.code;
-        EXPECT_EQ(record.dmPaperWidth, one.width) << one.code;
+        EXPECT_EQ(record.dmPaperSize, code);
+        EXPECT_EQ(record.dmPaperLengthPriv, length) << code;
+        EXPECT_EQ(record.dmPaperWidth, width) << code;
     }
 }
 

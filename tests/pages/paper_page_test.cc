@@ -18,7 +18,8 @@ using testing::HasSubstr;
 
 TEST(PaperPage, ShowsAFreshRecord)
 {
-    PaperSheet sheet;
+    PaperSheet sheet(Fields("dmPreviewMode=1"));
+    EXPECT_EQ(sheet.Settings().dmPreviewMode, 0) << "coming to the front shows the page layout";
     EXPECT_EQ(sheet.Text(IDC_DOCUMENT_SIZE), u"Letter (8.5 x 11 inch)");
     EXPECT_EQ(sheet.Fit(), "-FoS 100 | 0 100");
     EXPECT_EQ(sheet.Copies(), "N 1 ru p- | 1 0 0");
@@ -153,19 +154,14 @@ TEST(PaperPage, ShowsCollationAndOrientationAsIcons)
 TEST(PaperPage, BringsTheJobsWatermarkUpToDate)
 {
     for (const DWORD on : {0u, 1u}) {
-        PaperSheet sheet(
-            [on](DriverDevMode& record) {
-                record.dmWatermarkOn = on;
-                record.dmWatermark.wmId = 1;
-            },
-            {}, UnitedStates, true,
-            [](TestMachine& machine) {
-                StoreWatermarks(machine,
-                                {
-                                    {u"Name", u"New"}
-                },
-                                TestPrinter);
-            });
+        PaperSheet sheet(Fields("wmId=1 dmWatermarkOn=" + std::to_string(on)), {}, UnitedStates, true,
+                         [](TestMachine& machine) {
+                             StoreWatermarks(machine,
+                                             {
+                                                 {u"Name", u"New"}
+                             },
+                                             TestPrinter);
+                         });
         EXPECT_EQ(std::u16string(sheet.Settings().dmWatermark.wmText), on ? u"New" : u"");
     }
 }

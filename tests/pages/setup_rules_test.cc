@@ -68,145 +68,107 @@ Sheet::Prepare In(const std::string& state)
     return Fields("dmPaperWidthPriv=2550 dmPaperLengthPriv=3300 " + std::string(states.at(state)));
 }
 
-struct ChangeRow {
-    int control;
-    const char16_t* row;  // null: a click
-    struct Meeting {
-        const char *states, *difference;
-    };
-    std::vector<Meeting> meetings;
-};
-// clang-format off
-const ChangeRow Changes[] = {
-    {IDC_NUP, u"Off", {
-        {"Plain", "told"},
-        {"Nup",
-         "nup=Off -border oborder -style dmNupOn=0 dmNupCount=1 dmNupVertical=0 dmNupDescending=0 dmNupBorder=0 "
-         "told"},
-    }},
-    {IDC_NUP, u"6-up", {
-        {"Plain LongEdge", "nup=6-up +border +style dmNupOn=1 dmNupCount=6 told"},
-        {"LongEdgeNup", "nup=6-up dmNupCount=6 told"},
-    }},
-    {IDC_BORDER_LINE, nullptr, {
-        {"Booklet Nup", "oborder dmNupBorder=0 told"},
-    }},
-    {IDC_DUPLEX, u"Off", {
-        {"Plain", "told"},
-        {"LongEdge", "duplex=Off -guide dmDuplexOn=0 dmDuplexBinding=0 told"},
-        {"Booklet",
-         "nup=Off +nup -border oborder duplex=Off -guide dmNupOn=0 dmNupCount=1 dmNupBorder=0 dmBookletPaper=0 "
-         "dmDuplexOn=0 told"},
-    }},
-    {IDC_DUPLEX, u"Short Edge Binding", {
-        {"Plain Tray2", "box told"},
-        {"Tray1 Nup Scaled TwoCopies",
-         "duplex=Short Edge Binding +guide dmDuplexOn=1 dmDuplexBinding=3 told"},
-        {"LongEdge", "duplex=Short Edge Binding dmDuplexBinding=3 told"},
-        {"Booklet",
-         "nup=Off +nup -border oborder duplex=Short Edge Binding dmNupOn=0 dmNupCount=1 dmNupBorder=0 "
-         "dmBookletPaper=0 dmDuplexBinding=3 told"},
-        {"BookletFromAuto", "duplex=Off -guide dmBookletPaper=0 dmDuplexOn=0 box told"},
-    }},
-    {IDC_DUPLEX, u"Long Edge Binding", {
-        {"Tray1", "duplex=Long Edge Binding +guide dmDuplexOn=1 dmDuplexBinding=1 told"},
-    }},
-    {IDC_DUPLEX, u"Booklet Left Binding", {
-        {"Plain Tray2", "box told"},
-        {"Tray1 TwoCollated",
-         "nup=2-up -nup +border duplex=Booklet Left Binding +guide dmNupOn=1 dmNupCount=2 dmBookletPaper=1 "
-         "dmDuplexOn=1 told"},
-        {"LongEdge",
-         "nup=2-up -nup +border duplex=Booklet Left Binding dmNupOn=1 dmNupCount=2 dmBookletPaper=1 "
-         "dmDuplexBinding=0 told"},
-        {"LongEdgeNup",
-         "nup=2-up -nup -style duplex=Booklet Left Binding dmNupCount=2 dmBookletPaper=1 dmDuplexBinding=0 told"},
-        {"Booklet", "told"},
-        {"BookletRight", "duplex=Booklet Left Binding dmBookletRight=0 told"},
-        {"Nup",
-         "nup=2-up -nup -style duplex=Booklet Left Binding +guide dmNupCount=2 dmBookletPaper=1 dmDuplexOn=1 told"},
-    }},
-    {IDC_DUPLEX, u"Booklet Right Binding", {
-        {"Plain Tray2", "dmBookletRight=1 box told"},
-        {"Tray1",
-         "nup=2-up -nup +border duplex=Booklet Right Binding +guide dmNupOn=1 dmNupCount=2 dmBookletPaper=1 "
-         "dmDuplexOn=1 dmBookletRight=1 told"},
-        {"BookletFromAuto", "duplex=Off -guide dmBookletPaper=0 dmDuplexOn=0 dmBookletRight=1 box told"},
-    }},
-    {IDC_GUIDE_PAPER, nullptr, {
-        {"LongEdge Booklet", "oguide dmGuidePaper=0 told"},
-    }},
-    {IDC_PAPER_SOURCE, u"Auto", {
-        {"Plain", "told"},
-        {"Tray1", "source=Auto dmDefaultSource=7 told"},
-        {"Tray2", "source=Auto media:5 dmDefaultSource=7 told"},
-        {"LongEdge Booklet", "box"},
-        {"BookletFromAuto", "source=Tray1 box"},
-    }},
-    {IDC_PAPER_SOURCE, u"Tray1", {
-        {"Plain BookletFromAuto", "source=Tray1 dmDefaultSource=1 told"},
-        {"LongEdge", "told"},
-        {"Tray2", "source=Tray1 media:5 dmDefaultSource=1 told"},
-    }},
-    {IDC_PAPER_SOURCE, u"Tray2", {
-        {"Plain", "absent"},
-        {"Tray2There", "source=Tray2 media:1 dmDefaultSource=2 told"},
-        {"Tray2", "told"},
-    }},
-    {IDC_PAPER_SOURCE, u"Manual Feed", {
-        {"Plain Transparency Nup", "source=Manual Feed dmDefaultSource=4 told"},
-        {"LongEdge Booklet", "box"},
-    }},
-    {IDC_MEDIA_TYPE, u"Plain Paper", {
-        {"Plain Tray2", "told"},
-        {"Transparency", "+duplex media=Plain Paper dmMediaIndex=0 told"},
-    }},
-    {IDC_MEDIA_TYPE, u"Transparency", {
-        {"Plain Nup", "-duplex media=Transparency dmMediaIndex=1 told"},
-        {"Tray2There", "-duplex source:3 media=Transparency dmMediaIndex=1 told"},
-        {"Tray2", "absent"},
-        {"Transparency", "told"},
-        {"LongEdge Booklet", "box told"},
-    }},
-    {IDC_MEDIA_TYPE, u"Envelope", {
-        {"Plain Booklet",
-         "media=Envelope dmPaperSize=27 dmPaperLength=2598 dmPaperWidth=1299 dmMediaIndex=2 dmPaperWidthPriv=1299 "
-         "dmPaperLengthPriv=2598 told"},
-    }},
-};
-// clang-format on
-
+// What a change does in each of some states.
 TEST(SetupRules, EveryChangeMeetsTheStates)
 {
-    for (const ChangeRow& change : Changes)
-        for (const auto& [states, difference] : change.meetings) {
-            std::istringstream names(states);
-            for (std::string state; names >> state;)
-                EXPECT_EQ(SetupSheet(In(state)).Pick(change.control, change.row), difference)
-                    << change.control << " meets " << state;
-        }
+    struct Row {
+        const char* states;
+        int control;
+        const char16_t* row;  // null: a click
+        const char* difference;
+    };
+    // clang-format off
+    const Row rows[] = {
+        {"Plain", IDC_NUP, u"Off", "told"},
+        {"Nup", IDC_NUP, u"Off",
+         "nup=Off -border oborder -style dmNupOn=0 dmNupCount=1 dmNupVertical=0 dmNupDescending=0 dmNupBorder=0 "
+         "told"},
+        {"Plain LongEdge", IDC_NUP, u"6-up", "nup=6-up +border +style dmNupOn=1 dmNupCount=6 told"},
+        {"LongEdgeNup", IDC_NUP, u"6-up", "nup=6-up dmNupCount=6 told"},
+        {"Booklet Nup", IDC_BORDER_LINE, nullptr, "oborder dmNupBorder=0 told"},
+        {"Plain", IDC_DUPLEX, u"Off", "told"},
+        {"LongEdge", IDC_DUPLEX, u"Off", "duplex=Off -guide dmDuplexOn=0 dmDuplexBinding=0 told"},
+        {"Booklet", IDC_DUPLEX, u"Off",
+         "nup=Off +nup -border oborder duplex=Off -guide dmNupOn=0 dmNupCount=1 dmNupBorder=0 dmBookletPaper=0 "
+         "dmDuplexOn=0 told"},
+        {"Plain Tray2", IDC_DUPLEX, u"Short Edge Binding", "box told"},
+        {"Tray1 Nup Scaled TwoCopies", IDC_DUPLEX, u"Short Edge Binding",
+         "duplex=Short Edge Binding +guide dmDuplexOn=1 dmDuplexBinding=3 told"},
+        {"LongEdge", IDC_DUPLEX, u"Short Edge Binding", "duplex=Short Edge Binding dmDuplexBinding=3 told"},
+        {"Booklet", IDC_DUPLEX, u"Short Edge Binding",
+         "nup=Off +nup -border oborder duplex=Short Edge Binding dmNupOn=0 dmNupCount=1 dmNupBorder=0 "
+         "dmBookletPaper=0 dmDuplexBinding=3 told"},
+        {"BookletFromAuto", IDC_DUPLEX, u"Short Edge Binding",
+         "duplex=Off -guide dmBookletPaper=0 dmDuplexOn=0 box told"},
+        {"Tray1", IDC_DUPLEX, u"Long Edge Binding",
+         "duplex=Long Edge Binding +guide dmDuplexOn=1 dmDuplexBinding=1 told"},
+        {"Plain Tray2", IDC_DUPLEX, u"Booklet Left Binding", "box told"},
+        {"Tray1 TwoCollated", IDC_DUPLEX, u"Booklet Left Binding",
+         "nup=2-up -nup +border duplex=Booklet Left Binding +guide dmNupOn=1 dmNupCount=2 dmBookletPaper=1 "
+         "dmDuplexOn=1 told"},
+        {"LongEdge", IDC_DUPLEX, u"Booklet Left Binding",
+         "nup=2-up -nup +border duplex=Booklet Left Binding dmNupOn=1 dmNupCount=2 dmBookletPaper=1 "
+         "dmDuplexBinding=0 told"},
+        {"LongEdgeNup", IDC_DUPLEX, u"Booklet Left Binding",
+         "nup=2-up -nup -style duplex=Booklet Left Binding dmNupCount=2 dmBookletPaper=1 dmDuplexBinding=0 told"},
+        {"Booklet", IDC_DUPLEX, u"Booklet Left Binding", "told"},
+        {"BookletRight", IDC_DUPLEX, u"Booklet Left Binding", "duplex=Booklet Left Binding dmBookletRight=0 told"},
+        {"Nup", IDC_DUPLEX, u"Booklet Left Binding",
+         "nup=2-up -nup -style duplex=Booklet Left Binding +guide dmNupCount=2 dmBookletPaper=1 dmDuplexOn=1 told"},
+        {"Plain Tray2", IDC_DUPLEX, u"Booklet Right Binding", "dmBookletRight=1 box told"},
+        {"Tray1", IDC_DUPLEX, u"Booklet Right Binding",
+         "nup=2-up -nup +border duplex=Booklet Right Binding +guide dmNupOn=1 dmNupCount=2 dmBookletPaper=1 "
+         "dmDuplexOn=1 dmBookletRight=1 told"},
+        {"BookletFromAuto", IDC_DUPLEX, u"Booklet Right Binding",
+         "duplex=Off -guide dmBookletPaper=0 dmDuplexOn=0 dmBookletRight=1 box told"},
+        {"LongEdge Booklet", IDC_GUIDE_PAPER, nullptr, "oguide dmGuidePaper=0 told"},
+        {"Plain", IDC_PAPER_SOURCE, u"Auto", "told"},
+        {"Tray1", IDC_PAPER_SOURCE, u"Auto", "source=Auto dmDefaultSource=7 told"},
+        {"Tray2", IDC_PAPER_SOURCE, u"Auto", "source=Auto media:5 dmDefaultSource=7 told"},
+        {"LongEdge Booklet", IDC_PAPER_SOURCE, u"Auto", "box"},
+        {"BookletFromAuto", IDC_PAPER_SOURCE, u"Auto", "source=Tray1 box"},
+        {"Plain BookletFromAuto", IDC_PAPER_SOURCE, u"Tray1", "source=Tray1 dmDefaultSource=1 told"},
+        {"LongEdge", IDC_PAPER_SOURCE, u"Tray1", "told"},
+        {"Tray2", IDC_PAPER_SOURCE, u"Tray1", "source=Tray1 media:5 dmDefaultSource=1 told"},
+        {"Plain", IDC_PAPER_SOURCE, u"Tray2", "absent"},
+        {"Tray2There", IDC_PAPER_SOURCE, u"Tray2", "source=Tray2 media:1 dmDefaultSource=2 told"},
+        {"Tray2", IDC_PAPER_SOURCE, u"Tray2", "told"},
+        {"Plain Transparency Nup", IDC_PAPER_SOURCE, u"Manual Feed", "source=Manual Feed dmDefaultSource=4 told"},
+        {"LongEdge Booklet", IDC_PAPER_SOURCE, u"Manual Feed", "box"},
+        {"Plain Tray2", IDC_MEDIA_TYPE, u"Plain Paper", "told"},
+        {"Transparency", IDC_MEDIA_TYPE, u"Plain Paper", "+duplex media=Plain Paper dmMediaIndex=0 told"},
+        {"Plain Nup", IDC_MEDIA_TYPE, u"Transparency", "-duplex media=Transparency dmMediaIndex=1 told"},
+        {"Tray2There", IDC_MEDIA_TYPE, u"Transparency", "-duplex source:3 media=Transparency dmMediaIndex=1 told"},
+        {"Tray2", IDC_MEDIA_TYPE, u"Transparency", "absent"},
+        {"Transparency", IDC_MEDIA_TYPE, u"Transparency", "told"},
+        {"LongEdge Booklet", IDC_MEDIA_TYPE, u"Transparency", "box told"},
+        {"Plain Booklet", IDC_MEDIA_TYPE, u"Envelope",
+         "media=Envelope dmPaperSize=27 dmPaperLength=2598 dmPaperWidth=1299 dmMediaIndex=2 dmPaperWidthPriv=1299 "
+         "dmPaperLengthPriv=2598 told"},
+    };
+    // clang-format on
+    for (const Row& row : rows) {
+        std::istringstream names(row.states);
+        for (std::string state; names >> state;)
+            EXPECT_EQ(SetupSheet(In(state)).Pick(row.control, row.row), row.difference)
+                << row.control << " meets " << state;
+    }
 }
 
 TEST(SetupRules, RefusalsSayWhy)
 {
-    struct Row {
-        const char* state;
-        int control;
-        const char16_t* row;
-        const char* message;
-    };
     constexpr char Source[] = "Selected paper source can't work with duplex printing.\nOnly Tray1 is supported.";
     constexpr char Media[] = "Transparency can't work with duplex printing,\nPlease choose other Media Type.";
-    for (const Row& row : {
-             Row{"Plain",    IDC_DUPLEX,       u"Long Edge Binding", Source},
+    for (const auto& [state, control, row, message] : {
+             std::tuple{"Plain",    IDC_DUPLEX,       u"Long Edge Binding", Source},
              {"LongEdge", IDC_PAPER_SOURCE, u"Manual Feed",       Source},
              {"LongEdge", IDC_MEDIA_TYPE,   u"Transparency",      Media },
     }) {
-        SetupSheet sheet(In(row.state));
-        sheet.Choose(row.control, row.row);
+        SetupSheet sheet(In(state));
+        sheet.Choose(control, row);
         ASSERT_EQ(sheet.Machine().Desktop().boxesSeen.size(), 1u);
         const auto& box = sheet.Machine().Desktop().boxesSeen[0];
-        EXPECT_EQ(platform::ToUtf8(box.text), row.message);
+        EXPECT_EQ(platform::ToUtf8(box.text), message);
         EXPECT_EQ(box.caption, u"Warning");
         EXPECT_EQ(box.style, MB_ICONEXCLAMATION);
     }

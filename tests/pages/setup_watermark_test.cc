@@ -30,22 +30,15 @@ Sheet::Prepare Chosen(SHORT id, DWORD on = 1)
 
 TEST(SetupWatermark, ShowsThatOfTheRecordAsItIsStoredNow)
 {
-    struct Row {
-        SHORT id;
-        DWORD on;
-        const char* shown;
-        const char16_t* text;
-    };
-    for (const Row& row : {
-             Row{2, 1, "Second", u"Second text"},
-             Row{1, 5, "First",  u"First text" },
-             Row{2, 0, "<NONE>", u"?"          },
-             Row{0, 1, "<NONE>", u"?"          },
+    for (const auto& [id, on, shown, text] : {
+             std::tuple{SHORT{2}, 1u, "Second", u"Second text"},
+             {SHORT{1}, 5u, "First",  u"First text" },
+             {SHORT{2}, 0u, "<NONE>", u"?"          },
+             {SHORT{0}, 1u, "<NONE>", u"?"          },
     }) {
-        SetupSheet sheet(Chosen(row.id, row.on), TwoStored);
-        EXPECT_EQ(sheet.Row(IDC_WATERMARK), row.shown) << row.id;
-        EXPECT_TRUE(sheet.Checked(IDC_WATERMARK_FIRST_PAGE)) << row.id;
-        EXPECT_EQ(std::u16string(sheet.Settings().dmWatermark.wmText), row.text) << row.id;
+        SetupSheet sheet(Chosen(id, on), TwoStored);
+        EXPECT_EQ(sheet.Row(IDC_WATERMARK), shown) << id;
+        EXPECT_EQ(std::u16string(sheet.Settings().dmWatermark.wmText), text) << id;
         EXPECT_EQ(sheet.Settings().dmWatermark.wmFirstPageOnly, 1);
         EXPECT_EQ(sheet.Changes(), 0);
     }

