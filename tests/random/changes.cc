@@ -1,6 +1,7 @@
 #include "tests/random/changes.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstring>
 
 #include "resources/control_numbers.h"
@@ -19,21 +20,12 @@ using testing_support::GetField;
 
 using Allowed = bool (*)(const View&, long value);
 
-template <long Least, long Greatest>
-bool In(const View&, long value)
-{
-    return value >= Least && value <= Greatest;
-}
-template <long... Values>
-bool OneOf(const View&, long value)
-{
-    return ((value == Values) || ...);
-}
+bool Within(long value, long least, long greatest) { return value >= least && value <= greatest; }
 bool Anything(const View&, long) { return true; }
 // The diagonal of a damaged record's page may point anywhere.
 bool OfAnAngle(const View& view, long degrees)
 {
-    return In<-180, 180>(view, degrees) || (view.record.dmWatermark.wmAngleMode == 2 && !view.start.asBuilt);
+    return Within(degrees, -180, 180) || (view.record.dmWatermark.wmAngleMode == 2 && !view.start.asBuilt);
 }
 bool OfAPaper(const View&, long code)
 {
@@ -59,166 +51,157 @@ bool OverlayPath(const View& view, long)
     return OverlaySelected && std::u16string_view(view.record.dmOverlayFile) == OverlaySelected->ovPath;
 }
 
+struct Word {
+    std::string_view name;
+    Allowed allowed;
+};
+constexpr Word Words[] = {
+    {"any",     Anything    },
+    {"angle",   OfAnAngle   },
+    {"paper",   OfAPaper    },
+    {"booklet", OfTheBooklet},
+    {"mode",    OfTheScaling},
+    {"extent",  Extent      },
+    {"overlay", OverlayRow  },
+    {"path",    OverlayPath },
+};
+
 // Rows of Anywhere hold for every step while the page is or was in front, since leaving a field puts things right as
-// well. Dialog 0 is any.
+// well. Dialog 0 is any. The changes are fields with the values that they may get: "a b=0..2|7 c=paper".
 constexpr int Anywhere = -4;
 struct ChangeRow {
     int dialog, control;
-    std::string_view fields;
-    Allowed allowed;
+    std::string_view changes;
 };
 
-constexpr std::string_view PaperFields = "dmPaperSize";
-constexpr std::string_view PaperExtents = "dmPaperLength dmPaperWidth dmPaperLengthPriv dmPaperWidthPriv";
-constexpr std::string_view DuplexFields = "dmDuplexOn dmDuplexBinding dmBookletPaper";
-constexpr std::string_view NupOff = "dmNupOn dmNupVertical dmNupDescending dmNupBorder";
-constexpr std::string_view ShiftFields = "dmImageShiftX dmImageShiftY";
+constexpr std::string_view Extents = "dmPaperLength dmPaperWidth dmPaperLengthPriv dmPaperWidthPriv=extent";
+constexpr std::string_view AnyPaper =
+    "dmPaperSize=paper dmPaperLength dmPaperWidth dmPaperLengthPriv dmPaperWidthPriv=extent";
+constexpr std::string_view NupOff = "dmNupOn dmNupVertical dmNupDescending dmNupBorder=0";
+constexpr std::string_view OutputPaper = "dmOutputPaper=1|5|7|9|11|15|214|215|222|310";
 
 // clang-format off
 constexpr ChangeRow Changes[] = {
-    {0,         Applied,                  "dmFields dmPaperLength dmPaperWidth",          Anything},
-    {0,         Confirmed,                "dmFields dmPaperLength dmPaperWidth dmOverlayFile dmOverlayState", Anything},
-    {IDD_SETUP, Arrival,                  DuplexFields,                                   OneOf<0>},
-    {IDD_SETUP, Arrival,                  NupOff,                                         OneOf<0>},
-    {IDD_SETUP, Arrival,                  "dmNupCount",                                   OneOf<1>},
-    {IDD_SETUP, Arrival,                  ShiftFields,                                    OneOf<0>},
-    {IDD_SETUP, Arrival,                  "dmMediaIndex",                                 In<0, 4>},
-    {IDD_SETUP, Arrival,                  "dmPreviewMode",                                OneOf<0>},
-    {IDD_SETUP, IDC_NUP,                  "dmNupOn",                                      In<0, 1>},
-    {IDD_SETUP, IDC_NUP,                  "dmNupCount",                                   OneOf<1, 2, 4, 6, 9, 16>},
-    {IDD_SETUP, IDC_NUP,                  NupOff,                                         OneOf<0>},
-    {IDD_SETUP, IDC_BORDER_LINE,          "dmNupBorder",                                  In<0, 1>},
-    {IDD_SETUP, IDC_WATERMARK,            "dmWatermarkOn",                                In<0, 1>},
-    {IDD_SETUP, IDC_WATERMARK,            "dmWatermark",                                  Anything},
-    {IDD_SETUP, IDC_WATERMARK_FIRST_PAGE, "dmWatermark",                                  Anything},
-    {IDD_SETUP, IDC_EDIT_WATERMARK,       "dmWatermarkOn",                                In<0, 1>},
-    {IDD_SETUP, IDC_EDIT_WATERMARK,       "dmWatermark",                                  Anything},
-    {IDD_SETUP, IDC_DUPLEX,               "dmDuplexOn dmBookletRight",                    In<0, 1>},
-    {IDD_SETUP, IDC_DUPLEX,               "dmDuplexBinding",                              OneOf<0, 1, 3>},
-    {IDD_SETUP, IDC_DUPLEX,               "dmBookletPaper",                               OfTheBooklet},
-    {IDD_SETUP, IDC_DUPLEX,               "dmNupOn",                                      In<0, 1>},
-    {IDD_SETUP, IDC_DUPLEX,               "dmNupCount",                                   OneOf<1, 2>},
-    {IDD_SETUP, IDC_DUPLEX,               "dmNupBorder dmImageShiftX dmImageShiftY",      OneOf<0>},
-    {IDD_SETUP, IDC_GUIDE_PAPER,          "dmGuidePaper",                                 In<0, 1>},
-    {IDD_SETUP, IDC_PAPER_SOURCE,         "dmDefaultSource",                              OneOf<1, 2, 4, 7>},
-    {IDD_SETUP, IDC_PAPER_SOURCE,         "dmMediaIndex",                                 In<0, 4>},
-    {IDD_SETUP, IDC_PAPER_SOURCE,         "dmOutputPaper",                                OneOf<1, 9>},
-    {IDD_SETUP, IDC_MEDIA_TYPE,           "dmMediaIndex",                                 In<0, 4>},
-    {IDD_SETUP, IDC_MEDIA_TYPE,           PaperFields,                                    OneOf<1, 9, 27, 216>},
-    {IDD_SETUP, IDC_MEDIA_TYPE,           PaperExtents,                                   Extent},
-    {IDD_SETUP, IDC_MEDIA_TYPE,           DuplexFields,                                   OneOf<0>},
-    {IDD_SETUP, IDC_OVERLAY,              "dmOverlayState",                               In<0, 1>},
-    {IDD_SETUP, IDC_OVERLAY,              "dmOverlayIndex",                               OverlayRow},
-    {IDD_SETUP, IDC_OVERLAY,              "dmOverlayFile",                                OverlayPath},
-    {IDD_SETUP, IDC_OVERLAY_FIRST_PAGE,   "dmOverlayFirstPage",                           In<0, 1>},
-    {IDD_SETUP, IDC_EDIT_OVERLAY,         "dmOverlayState",                               In<0, 2>},
-    {IDD_SETUP, IDC_EDIT_OVERLAY,         "dmOverlayIndex",                               OverlayRow},
-    {IDD_SETUP, IDC_EDIT_OVERLAY,         "dmOverlayFile",                                OverlayPath},
-    {IDD_SETUP, IDC_DEFAULT,              "dmDefaultSource",                              OneOf<7>},
-    {IDD_SETUP, IDC_DEFAULT,              "dmMediaIndex dmBookletRight dmPreviewMode",    OneOf<0>},
-    {IDD_SETUP, IDC_DEFAULT,              DuplexFields,                                   OneOf<0>},
-    {IDD_SETUP, IDC_DEFAULT,              NupOff,                                         OneOf<0>},
-    {IDD_SETUP, IDC_DEFAULT,              "dmNupCount dmGuidePaper",                      OneOf<1>},
-    {IDD_SETUP, IDC_DEFAULT,              "dmWatermarkOn dmOverlayState dmOverlayIndex dmOverlayFirstPage", OneOf<0>},
-    {IDD_SETUP, IDC_DEFAULT,              "dmOverlayFile",                                OverlayPath},
-    {IDD_SETUP, IDC_DEFAULT,              "dmWatermark",                                  Anything},
-    {IDD_SETUP, IDC_DEFAULT,              PaperFields,                                    OneOf<1, 9>},
-    {IDD_SETUP, IDC_DEFAULT,              PaperExtents,                                   Extent},
-    {IDD_SETUP, IDC_SETUP_PAGE_LAYOUT,    "dmPreviewMode",                                OneOf<0>},
-    {IDD_SETUP, IDC_SETUP_PRINTER_FIGURE, "dmPreviewMode",                                OneOf<1>},
+    {0,                  Applied,                   "dmFields dmPaperLength dmPaperWidth=any"},
+    {0,                  Confirmed,                 "dmFields dmPaperLength dmPaperWidth dmOverlayFile dmOverlayState=any"},
+    {IDD_SETUP,          Arrival,                   "dmDuplexOn dmDuplexBinding dmBookletPaper dmImageShiftX dmImageShiftY dmPreviewMode=0 dmNupCount=1 dmMediaIndex=0..4"},
+    {IDD_SETUP,          Arrival,                   NupOff},
+    {IDD_SETUP,          IDC_NUP,                   "dmNupOn=0..1 dmNupCount=1|2|4|6|9|16"},
+    {IDD_SETUP,          IDC_NUP,                   NupOff},
+    {IDD_SETUP,          IDC_BORDER_LINE,           "dmNupBorder=0..1"},
+    {IDD_SETUP,          IDC_WATERMARK,             "dmWatermarkOn=0..1 dmWatermark=any"},
+    {IDD_SETUP,          IDC_WATERMARK_FIRST_PAGE,  "dmWatermark=any"},
+    {IDD_SETUP,          IDC_EDIT_WATERMARK,        "dmWatermarkOn=0..1 dmWatermark=any"},
+    {IDD_SETUP,          IDC_DUPLEX,                "dmDuplexOn dmBookletRight dmNupOn=0..1 dmDuplexBinding=0|1|3 dmBookletPaper=booklet dmNupCount=1|2 dmNupBorder dmImageShiftX dmImageShiftY=0"},
+    {IDD_SETUP,          IDC_GUIDE_PAPER,           "dmGuidePaper=0..1"},
+    {IDD_SETUP,          IDC_PAPER_SOURCE,          "dmDefaultSource=1|2|4|7 dmMediaIndex=0..4 dmOutputPaper=1|9"},
+    {IDD_SETUP,          IDC_MEDIA_TYPE,            "dmMediaIndex=0..4 dmPaperSize=1|9|27|216 dmDuplexOn dmDuplexBinding dmBookletPaper=0"},
+    {IDD_SETUP,          IDC_MEDIA_TYPE,            Extents},
+    {IDD_SETUP,          IDC_OVERLAY,               "dmOverlayState=0..1 dmOverlayIndex=overlay dmOverlayFile=path"},
+    {IDD_SETUP,          IDC_OVERLAY_FIRST_PAGE,    "dmOverlayFirstPage=0..1"},
+    {IDD_SETUP,          IDC_EDIT_OVERLAY,          "dmOverlayState=0..2 dmOverlayIndex=overlay dmOverlayFile=path"},
+    {IDD_SETUP,          IDC_DEFAULT,               "dmMediaIndex dmBookletRight dmPreviewMode dmDuplexOn dmDuplexBinding dmBookletPaper=0 dmDefaultSource=7"},
+    {IDD_SETUP,          IDC_DEFAULT,               "dmWatermarkOn dmOverlayState dmOverlayIndex dmOverlayFirstPage=0 dmNupCount dmGuidePaper=1"},
+    {IDD_SETUP,          IDC_DEFAULT,               "dmOverlayFile=path dmWatermark=any dmPaperSize=1|9"},
+    {IDD_SETUP,          IDC_DEFAULT,               NupOff},
+    {IDD_SETUP,          IDC_DEFAULT,               Extents},
+    {IDD_SETUP,          IDC_SETUP_PAGE_LAYOUT,     "dmPreviewMode=0"},
+    {IDD_SETUP,          IDC_SETUP_PRINTER_FIGURE,  "dmPreviewMode=1"},
 
     // Asking for the paper's size puts that of the portrait sheet into the record.
-    {IDD_SETUP, IDC_DUPLEX,               PaperFields,                                    OfAPaper},
-    {IDD_SETUP, IDC_DUPLEX,               PaperExtents,                                   Extent},
-    {IDD_WATERMARK, Anywhere,             PaperFields,                                    OfAPaper},
-    {IDD_WATERMARK, Anywhere,             PaperExtents,                                   Extent},
-    {IDD_CUSTOM_PAPER, Anywhere,          PaperFields,                                    OfAPaper},
-    {IDD_CUSTOM_PAPER, Anywhere,          PaperExtents,                                   Extent},
+    {IDD_SETUP,          IDC_DUPLEX,                AnyPaper},
+    {IDD_WATERMARK,      Anywhere,                  AnyPaper},
+    {IDD_CUSTOM_PAPER,   Anywhere,                  AnyPaper},
 
-    {IDD_NUP_STYLE, IDOK,                 "dmNupVertical dmNupDescending",                In<0, 1>},
+    {IDD_NUP_STYLE,      IDOK,                      "dmNupVertical dmNupDescending=0..1"},
 
-    {IDD_PAPER, Arrival,                  PaperFields,                                    OfAPaper},
-    {IDD_PAPER, Arrival,                  PaperExtents,                                   Extent},
-    {IDD_PAPER, Arrival,                  "dmFitToPaper dmPreviewMode",                   OneOf<0>},
-    {IDD_PAPER, Arrival,                  "dmZoom",                                       OneOf<100>},
-    {IDD_PAPER, Arrival,                  "dmCopies",                                     OneOf<1>},
-    {IDD_PAPER, Arrival,                  "dmWatermark",                                  Anything},
-    {IDD_PAPER, Anywhere,                 "dmCollateMode dmProofPrint",                   OneOf<0>},
-    {IDD_PAPER, Anywhere,                 "dmFitToPaper",                                 OfTheScaling},
-    {IDD_PAPER, IDC_FIT_TO_PAPER,         "dmFitToPaper",                                 In<0, 2>},
-    {IDD_PAPER, IDC_SCALING,              "dmFitToPaper",                                 OneOf<2>},
-    {IDD_PAPER, IDC_DOCUMENT_SIZE,        "dmPaperSize dmBookletPaper",                   OfAPaper},
-    {IDD_PAPER, IDC_DOCUMENT_SIZE,        PaperExtents,                                   Extent},
-    {IDD_PAPER, IDC_EDIT_CUSTOM,          "dmPaperSize dmBookletPaper",                   OfAPaper},
-    {IDD_PAPER, IDC_EDIT_CUSTOM,          PaperExtents,                                   Extent},
-    {IDD_PAPER, IDC_EDIT_CUSTOM,          "dmCopies",                                     OneOf<1>},
-    {IDD_PAPER, IDC_OUTPUT_SIZE,          "dmOutputPaper",                                OneOf<1, 5, 7, 9, 11, 15, 214, 215, 222, 310>},
-    {IDD_PAPER, IDC_FIT_TO_PAPER,         "dmOutputPaper",                                OneOf<1, 5, 7, 9, 11, 15, 214, 215, 222, 310>},
-    {IDD_PAPER, IDC_FIT_TO_PAPER,         "dmZoom",                                       OneOf<100>},
-    {IDD_PAPER, IDC_SCALING,              "dmZoom",                                       In<20, 400>},
-    {IDD_PAPER, IDC_COPIES,               "dmCopies",                                     In<1, 999>},
-    {IDD_PAPER, IDC_COLLATED,             "dmCollateMode",                                OneOf<1>},
-    {IDD_PAPER, IDC_PROOF_PRINT,          "dmProofPrint",                                 In<0, 1>},
-    {IDD_PAPER, IDC_PORTRAIT,             "dmOrientation",                                OneOf<1>},
-    {IDD_PAPER, IDC_LANDSCAPE,            "dmOrientation",                                OneOf<2>},
-    {IDD_PAPER, IDC_ROTATED,              "dmImageRotated",                               In<0, 1>},
-    {IDD_PAPER, IDC_SHIFT_X,              "dmImageShiftX",                                In<-50, 50>},
-    {IDD_PAPER, IDC_SHIFT_Y,              "dmImageShiftY",                                In<-25, 25>},
-    {IDD_PAPER, IDC_SHIFT_OFF,            "dmImageShiftOn",                               OneOf<0>},
-    {IDD_PAPER, IDC_SHIFT_ON,             "dmImageShiftOn",                               OneOf<1>},
-    {IDD_PAPER, IDC_PAPER_PAGE_LAYOUT,    "dmPreviewMode",                                OneOf<0>},
-    {IDD_PAPER, IDC_PAPER_PRINTER_FIGURE, "dmPreviewMode",                                OneOf<1>},
-    {IDD_PAPER, IDC_DEFAULT,              "dmPaperSize dmBookletPaper",                   OfAPaper},
-    {IDD_PAPER, IDC_DEFAULT,              PaperExtents,                                   Extent},
-    {IDD_PAPER, IDC_DEFAULT,              "dmOrientation dmCopies",                       OneOf<1>},
-    {IDD_PAPER, IDC_DEFAULT,              "dmZoom",                                       OneOf<100>},
-    {IDD_PAPER, IDC_DEFAULT,              "dmOutputPaper",                                OneOf<1, 9>},
-    {IDD_PAPER, IDC_DEFAULT,              "dmFitToPaper dmPreviewMode dmImageShiftOn dmImageRotated dmImageShiftX dmImageShiftY", OneOf<0>},
+    {IDD_PAPER,          Arrival,                   AnyPaper},
+    {IDD_PAPER,          Arrival,                   "dmFitToPaper dmPreviewMode=0 dmZoom=100 dmCopies=1 dmWatermark=any"},
+    {IDD_PAPER,          Anywhere,                  "dmCollateMode dmProofPrint=0 dmFitToPaper=mode"},
+    {IDD_PAPER,          IDC_DOCUMENT_SIZE,         "dmBookletPaper=paper"},
+    {IDD_PAPER,          IDC_DOCUMENT_SIZE,         AnyPaper},
+    {IDD_PAPER,          IDC_EDIT_CUSTOM,           "dmBookletPaper=paper dmCopies=1"},
+    {IDD_PAPER,          IDC_EDIT_CUSTOM,           AnyPaper},
+    {IDD_PAPER,          IDC_OUTPUT_SIZE,           OutputPaper},
+    {IDD_PAPER,          IDC_FIT_TO_PAPER,          "dmFitToPaper=0..2 dmZoom=100"},
+    {IDD_PAPER,          IDC_FIT_TO_PAPER,          OutputPaper},
+    {IDD_PAPER,          IDC_SCALING,               "dmFitToPaper=2 dmZoom=20..400"},
+    {IDD_PAPER,          IDC_COPIES,                "dmCopies=1..999"},
+    {IDD_PAPER,          IDC_COLLATED,              "dmCollateMode=1"},
+    {IDD_PAPER,          IDC_PROOF_PRINT,           "dmProofPrint=0..1"},
+    {IDD_PAPER,          IDC_PORTRAIT,              "dmOrientation=1"},
+    {IDD_PAPER,          IDC_LANDSCAPE,             "dmOrientation=2"},
+    {IDD_PAPER,          IDC_ROTATED,               "dmImageRotated=0..1"},
+    {IDD_PAPER,          IDC_SHIFT_X,               "dmImageShiftX=-50..50"},
+    {IDD_PAPER,          IDC_SHIFT_Y,               "dmImageShiftY=-25..25"},
+    {IDD_PAPER,          IDC_SHIFT_OFF,             "dmImageShiftOn=0"},
+    {IDD_PAPER,          IDC_SHIFT_ON,              "dmImageShiftOn=1"},
+    {IDD_PAPER,          IDC_PAPER_PAGE_LAYOUT,     "dmPreviewMode=0"},
+    {IDD_PAPER,          IDC_PAPER_PRINTER_FIGURE,  "dmPreviewMode=1"},
+    {IDD_PAPER,          IDC_DEFAULT,               "dmFitToPaper dmPreviewMode dmImageShiftOn dmImageRotated dmImageShiftX dmImageShiftY=0"},
+    {IDD_PAPER,          IDC_DEFAULT,               "dmBookletPaper=paper dmOrientation dmCopies=1 dmZoom=100 dmOutputPaper=1|9"},
+    {IDD_PAPER,          IDC_DEFAULT,               AnyPaper},
 
-    {IDD_QUALITY, Arrival,                "dmAllRaster dmPrinterTrueType dmPreviewMode",  OneOf<0>},
-    {IDD_QUALITY, Arrival,                "dmGraphicsMode",                               In<0, 1>},
-    {IDD_QUALITY, Arrival,                "dmTextMode",                                   In<1, 2>},
-    {IDD_QUALITY, IDC_RESOLUTION,         "dmResolutionChoice",                           OneOf<600, 2, 1200>},
-    {IDD_QUALITY, IDC_RESOLUTION,         "dmResolution dmPrintQuality",                  OneOf<600, 1200>},
-    {IDD_QUALITY, IDC_TONER_SAVE_ON,      "dmTonerSave",                                  OneOf<1>},
-    {IDD_QUALITY, IDC_TONER_SAVE_OFF,     "dmTonerSave",                                  OneOf<0>},
-    {IDD_QUALITY, IDC_ALL_RASTER_ON,      "dmAllRaster",                                  OneOf<1>},
-    {IDD_QUALITY, IDC_ALL_RASTER_ON,      "dmPrinterTrueType",                            OneOf<0>},
-    {IDD_QUALITY, IDC_ALL_RASTER_OFF,     "dmAllRaster",                                  OneOf<0>},
-    {IDD_QUALITY, IDC_ALL_RASTER_OFF,     "dmPrinterTrueType",                            OneOf<1>},
-    {IDD_QUALITY, IDC_SMOOTHTONE,         "dmSmoothtone",                                 In<0, 3>},
-    {IDD_QUALITY, IDC_TONER_DENSITY,      "dmTonerDensity",                               In<0, 6>},
-    {IDD_QUALITY, IDC_PRINTER_TRUETYPE,   "dmPrinterTrueType",                            In<0, 1>},
-    {IDD_QUALITY, IDC_QUALITY_PAGE_LAYOUT,    "dmPreviewMode",                            OneOf<0>},
-    {IDD_QUALITY, IDC_QUALITY_PRINTER_FIGURE, "dmPreviewMode",                            OneOf<1>},
-    {IDD_QUALITY, IDC_DEFAULT,            "dmTonerSave dmAllRaster dmFixedResolution dmPreviewMode", OneOf<0>},
-    {IDD_QUALITY, IDC_DEFAULT,            "dmPrinterTrueType dmGraphicsMode",             OneOf<1>},
-    {IDD_QUALITY, IDC_DEFAULT,            "dmSmoothtone dmResolutionChoice dmTextMode",   OneOf<2>},
-    {IDD_QUALITY, IDC_DEFAULT,            "dmTonerDensity",                               OneOf<3>},
-    {IDD_QUALITY, IDC_DEFAULT,            "dmResolution dmPrintQuality",                  OneOf<600>},
+    {IDD_QUALITY,        Arrival,                   "dmAllRaster dmPrinterTrueType dmPreviewMode=0 dmGraphicsMode=0..1 dmTextMode=1..2"},
+    {IDD_QUALITY,        IDC_RESOLUTION,            "dmResolutionChoice=600|2|1200 dmResolution dmPrintQuality=600|1200"},
+    {IDD_QUALITY,        IDC_TONER_SAVE_ON,         "dmTonerSave=1"},
+    {IDD_QUALITY,        IDC_TONER_SAVE_OFF,        "dmTonerSave=0"},
+    {IDD_QUALITY,        IDC_ALL_RASTER_ON,         "dmAllRaster=1 dmPrinterTrueType=0"},
+    {IDD_QUALITY,        IDC_ALL_RASTER_OFF,        "dmAllRaster=0 dmPrinterTrueType=1"},
+    {IDD_QUALITY,        IDC_SMOOTHTONE,            "dmSmoothtone=0..3"},
+    {IDD_QUALITY,        IDC_TONER_DENSITY,         "dmTonerDensity=0..6"},
+    {IDD_QUALITY,        IDC_PRINTER_TRUETYPE,      "dmPrinterTrueType=0..1"},
+    {IDD_QUALITY,        IDC_QUALITY_PAGE_LAYOUT,   "dmPreviewMode=0"},
+    {IDD_QUALITY,        IDC_QUALITY_PRINTER_FIGURE,"dmPreviewMode=1"},
+    {IDD_QUALITY,        IDC_DEFAULT,               "dmTonerSave dmAllRaster dmFixedResolution dmPreviewMode=0 dmPrinterTrueType dmGraphicsMode=1"},
+    {IDD_QUALITY,        IDC_DEFAULT,               "dmSmoothtone dmResolutionChoice dmTextMode=2 dmTonerDensity=3 dmResolution dmPrintQuality=600"},
 
-    {IDD_DEVICE_OPTIONS, IDC_TOTAL_MEMORY, "dmTotalMemory",                               OneOf<16, 144>},
-    {IDD_DEVICE_OPTIONS, IDC_DEFAULT,     "dmTotalMemory",                                OneOf<16>},
-    {IDD_DEVICE_OPTIONS, IDC_DEFAULT,     "dmDeviceFlags",                                OneOf<0>},
-};
-
-// What a page writes into the watermark of the job; texts end within their fields.
-constexpr ChangeRow WatermarkChanges[] = {
-    {0, 0, "wmId",                              In<0, 30>},
-    {0, 0, "wmShading",                         In<5, 100>},
-    {0, 0, "wmSize wmSizeLow",                  In<8, 200>},
-    {0, 0, "wmPositionX wmPositionY",           In<-100, 100>},
-    {0, 0, "wmAngle",                           OfAnAngle},
-    {0, 0, "wmAngleMode",                       In<0, 3>},
-    {0, 0, "wmRemovable wmItalic wmBold wmPositionMode wmFirstPageOnly", In<0, 1>},
+    {IDD_DEVICE_OPTIONS, IDC_TOTAL_MEMORY,          "dmTotalMemory=16|144"},
+    {IDD_DEVICE_OPTIONS, IDC_DEFAULT,               "dmTotalMemory=16 dmDeviceFlags=0"},
 };
 // clang-format on
 
-bool Names(std::string_view fields, std::string_view field)
+// What a page writes into the watermark of the job; texts end within their fields.
+constexpr std::string_view WatermarkChanges =
+    "wmId=0..30 wmShading=5..100 wmSize wmSizeLow=8..200 wmPositionX wmPositionY=-100..100 wmAngle=angle "
+    "wmRemovable wmItalic wmBold wmPositionMode wmFirstPageOnly=0..1 wmAngleMode=0..3";
+
+// Where a word stands in a text, from there on.
+std::size_t FindWord(std::string_view text, std::string_view word, std::size_t from = 0)
 {
-    for (std::size_t at = fields.find(field); at != fields.npos; at = fields.find(field, at + 1)) {
-        const std::size_t end = at + field.size();
-        if ((at == 0 || fields[at - 1] == ' ') && (end == fields.size() || fields[end] == ' ')) return true;
+    for (std::size_t at = text.find(word, from); at != text.npos; at = text.find(word, at + 1)) {
+        const std::size_t end = at + word.size();
+        if ((at == 0 || text[at - 1] == ' ') && (end == text.size() || text[end] == ' ' || text[end] == '=')) return at;
+    }
+    return text.npos;
+}
+
+long TakeNumber(std::string_view& text)
+{
+    long number = 0;
+    text.remove_prefix(
+        static_cast<std::size_t>(std::from_chars(text.data(), text.data() + text.size(), number).ptr - text.data()));
+    return number;
+}
+
+bool IsOneOf(const View& view, std::string_view values, long value)
+{
+    for (const Word& word : Words)
+        if (values == word.name) return word.allowed(view, value);
+    for (; !values.empty(); values.remove_prefix(std::min<std::size_t>(values.size(), 1))) {
+        long greatest = TakeNumber(values);
+        const long least = greatest;
+        if (values.starts_with("..")) values.remove_prefix(2), greatest = TakeNumber(values);
+        if (Within(value, least, greatest)) return true;
+    }
+    return false;
+}
+
+bool Allows(const View& view, std::string_view changes, std::string_view field, long value)
+{
+    for (std::size_t at = FindWord(changes, field); at != changes.npos; at = FindWord(changes, field, at + 1)) {
+        const std::size_t values = changes.find('=', at) + 1;
+        if (IsOneOf(view, changes.substr(values, changes.find(' ', values) - values), value)) return true;
     }
     return false;
 }
@@ -254,9 +237,9 @@ std::string WrongWatermark(const View& view)
                 return std::string(field.name) + " has no end";
             continue;
         }
-        for (const ChangeRow& row : WatermarkChanges)
-            if (Names(row.fields, field.name) && !row.allowed(view, WatermarkNumber(now, field)))
-                return std::string(field.name) + " becomes " + std::to_string(WatermarkNumber(now, field));
+        if (FindWord(WatermarkChanges, field.name) != WatermarkChanges.npos &&
+            !Allows(view, WatermarkChanges, field.name, WatermarkNumber(now, field)))
+            return std::string(field.name) + " becomes " + std::to_string(WatermarkNumber(now, field));
     }
     return {};
 }
@@ -271,10 +254,10 @@ std::string WrongChanges(const View& view)
         const bool number = field.kind == FieldKind::Signed || field.kind == FieldKind::Unsigned;
         const long value = number ? static_cast<long>(GetField(view.record, field.name)) : 0;
         const auto matches = [&](const ChangeRow& row) {
-            if (!Names(row.fields, field.name)) return false;
             const bool arrives = (control == Arrival || control == Applied) && row.control == Arrival;
             const bool here = row.dialog == 0 || row.dialog == view.dialog || (row.dialog == dialogBefore && !arrives);
-            return here && (arrives || row.control == Anywhere || row.control == control) && row.allowed(view, value);
+            return here && (arrives || row.control == Anywhere || row.control == control) &&
+                   Allows(view, row.changes, field.name, value);
         };
         std::string wrong;
         if (!std::any_of(std::begin(Changes), std::end(Changes), matches))
@@ -395,7 +378,7 @@ std::string WrongStores(const Start& start, const platform::StoredValues& before
         if (old != before.end() && old->second == value) continue;
         const std::string utf8 = platform::ToUtf8(name);
         const auto writes = [&](const StoreRow& row) {
-            return Names(row.values, utf8) && row.dialog == dialogBefore && control == IDOK;
+            return FindWord(row.values, utf8) != row.values.npos && row.dialog == dialogBefore && control == IDOK;
         };
         if (!std::any_of(std::begin(Stores), std::end(Stores), writes))
             return utf8 + " is stored by control " + std::to_string(control) + " of dialog " +

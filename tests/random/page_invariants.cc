@@ -230,7 +230,7 @@ constexpr Exception PagesApart[] = {
     {"a paper comes in its media", [](V v) { return v.record.dmDefaultSource == 2 && v.record.dmMediaIndex == 0; }, "Tray2 takes the media back to plain paper and leaves the paper", true},
     {"duplex locked",   [](V v) { return v.record.dmDefaultSource == 2 && !(v.record.dmDeviceFlags & 128); }, "a Tray2 that is not there takes the media back as well; duplex opens with the next refresh"},
     {"paper rows",      [](V) { return SelectedSource == 2; }, "Default filters by media, and the list keeps the papers of Tray2 until the page comes to the front"},
-    {"the mode tells of scaling", [](V v) { return FitLocked(v) || v.before.dmNupOn || v.before.dmBookletPaper; }, "N-up and booklets take the mode and leave the scaling for the time after them"},
+    {"the mode tells of scaling", [](V v) { return FitLocked(v) || v.before.dmNupOn || v.before.dmBookletPaper; }, "N-up and booklets take the mode and leave the scaling until the Paper page comes up without them", true},
     {"source list",     [](V v) { return Duplex(v) && v.record.dmDefaultSource != 1 && v.Data(IDC_PAPER_SOURCE) == 1; }, "a refused source shows Tray1, whatever a record brought together with duplex"},
     {"N-up locked",     [](V v) { return v.before.dmBookletPaper != 0 && !v.Enabled(IDC_NUP); }, "a refused duplex takes the booklet that a record brought; N-up opens with the next refresh"},
     {"overlay list",    [](V v) { return v.record.dmOverlayIndex < 0 || v.record.dmOverlayIndex >= v.Count(IDC_OVERLAY); }, "the record brought an overlay that the printer does not have"},

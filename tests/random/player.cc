@@ -89,7 +89,7 @@ class Player : public platform::Desktop {
     int MessageBox(const platform::MessageBoxRequest& request) override
     {
         ++ledger_.boxes[at_];
-        if (device_) return IDOK;
+        if (unjudged_) return IDOK;
         boxes_.push_back(request.text);
         const std::string wrong = MessageWithoutReason(ViewOf(user::DialogOf(user::TopWindow())), request.text);
         if (!wrong.empty()) Fail(wrong + ", after: " + ScriptOf(now_, 0, 0));
@@ -130,7 +130,9 @@ class Player : public platform::Desktop {
     std::vector<std::u16string> boxes_;
     std::u16string newOverlay_;  // the path of the one that the next job makes
     bool beeped_ = false, applied_ = false;
-    bool device_ = false;  // the printer's own sheet is up, which has no record of a job
+    // Another sheet is or was up beside the one of the job: the printer's own, which has no record of a job, or a
+    // second one, which takes the record and the lists of the first. Then only what is left in the end is looked at.
+    bool unjudged_ = false;
     DriverDevMode last_{}, appliedRecord_{};
     platform::StoredValues lastStore_;
 };
@@ -157,7 +159,7 @@ void Player::Take(const Step& step, HWND top)
 void Player::Look()
 {
     const HWND top = user::TopWindow();
-    if (Failed() || device_) return;
+    if (Failed() || unjudged_) return;
     const platform::StoredValues store = start_.machine->store->Values(TestPrinter);
     std::string wrong = WrongStores(start_, lastStore_, store, dialog_, control_);
     lastStore_ = store;
@@ -180,7 +182,7 @@ void Player::Look()
 // Also when a dialog ends within a step of the one beneath.
 void Player::Run(HWND top)
 {
-    if (user::OpenWindows().size() == 1 && !device_) {
+    if (user::OpenWindows().size() == 1 && !unjudged_) {
         judge_ = {};
         now_ = {Action::Page, true, 0, 0, 0}, dialog_ = 0, control_ = Arrival, closed_ = 0;
         last_ = *CurrentSettings;
@@ -189,6 +191,10 @@ void Player::Run(HWND top)
     // Paints the page before it is looked at.
     user::PaintPending();
     Look();  // what the step has changed that brought the dialog up
+    if (start_.twoSheets && !unjudged_ && MoreSteps()) {
+        unjudged_ = true;
+        ShowSheet();
+    }
     while (!user::Ended(top) && !Failed() && MoreSteps())
         Take(given_ ? (*given_)[static_cast<std::size_t>(ledger_.count)] : DrawStep(random_, top), top);
     for (int tries = 0; !user::Ended(top); ++tries) {
@@ -213,7 +219,8 @@ void Player::ShowSheet()
     const LONG result = DrvDocumentProperties(owner, printer, name.data(), out, in, start_.mode);
     platform::spooler::Close(printer);
     if (owner) platform::services::DestroyOwnerWindow(owner);
-    if (Failed()) return;
+    if (start_.service && result != IDOK && result != IDCANCEL) Fail("the sheet answers " + std::to_string(result));
+    if (Failed() || unjudged_) return;
     if (!start_.service) {
         if (result >= 0) Fail("a sheet without its service");
         ledger_.count = MostSteps;  // there is nothing to take a step in
@@ -227,7 +234,6 @@ void Player::ShowSheet()
 void Player::Published(LONG result, const std::vector<BYTE>& output)
 {
     const bool untouched = std::all_of(output.begin(), output.end(), [](BYTE byte) { return byte == 0xEE; });
-    if (result != IDOK && result != IDCANCEL) return Fail("the sheet answers " + std::to_string(result));
     if (untouched) return result == IDOK || applied_ ? Fail("nothing is published") : void();
     if (result == IDCANCEL && !applied_) return Fail("a cancelled sheet publishes a record");
     const auto& published = *reinterpret_cast<const DriverDevMode*>(output.data());
@@ -243,7 +249,7 @@ void Player::Published(LONG result, const std::vector<BYTE>& output)
 
 void Player::ShowDeviceSheet()
 {
-    device_ = true;
+    unjudged_ = true;
     std::u16string name = TestPrinter;
     DEVICEPROPERTYHEADER header{};
     header.cbSize = sizeof header;
@@ -253,7 +259,7 @@ void Player::ShowDeviceSheet()
     DWORD result = 0;
     platform::services::RunCommonSheet(nullptr, DrvDevicePropertySheets, reinterpret_cast<LPARAM>(&header), &result);
     platform::spooler::Close(header.hPrinter);
-    device_ = false;
+    unjudged_ = false;
     if (DeviceSheetOpen || DeviceSettings) Fail("the device sheet is not over");
     const auto tray2 = start_.machine->store->KeyValue(platform::PrinterKeyPath(TestPrinter), u"tray2");
     const auto is = [&](char state) {
@@ -270,7 +276,10 @@ void Player::Play()
     std::vector<std::size_t> before;
     for (const Counter& counter : Counters) before.push_back(counter.count());
     if (random_.Chance(1, 10)) ShowDeviceSheet();
-    for (int sheet = 0; sheet < 4 && MoreSteps() && !Failed(); ++sheet) ShowSheet();
+    for (int sheet = 0; sheet < 4 && MoreSteps() && !Failed(); ++sheet) {
+        ShowSheet();
+        unjudged_ = false;
+    }
     for (std::size_t k = 0; k < std::size(Counters); ++k)
         if (Counters[k].count() != before[k])
             Fail(std::string(Counters[k].what) + " left: " + std::to_string(Counters[k].count()) + " after " +

@@ -220,6 +220,9 @@ Start MakeStart(Random& random)
         if (!what.empty()) start.story += given;
     if (!start.mayChange || start.mode & DM_NOPERMISSION) start.story += ", without rights";
 
+    start.twoSheets = random.Chance(1, 15);
+    if (start.twoSheets) start.story += ", two sheets at once";
+
     const int kind = random.Below(4);
     if (kind > 0) {
         start.asBuilt = false;

@@ -19,6 +19,7 @@ struct Start {
     DWORD mode = 0;           // DM_ flags of the call
     std::vector<BYTE> input;  // the caller's record, with the room that its sizes tell; empty: none
     bool asBuilt = true;      // the record is the model's own and the stores are sound: every rule holds at once
+    bool twoSheets = false;   // another one opens while the first one is up
     bool soundPapers = true;  // the stored sizes are as the module itself stores them
     std::string story;        // in words, for a report
 };
