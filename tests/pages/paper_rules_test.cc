@@ -18,7 +18,6 @@ constexpr char Booklet[] = " dmDuplexOn=1 dmDuplexBinding=1 dmBookletPaper=1 dmN
 constexpr char Scaled[] = "dmFitToPaper=1 dmZoom=150";
 constexpr char Fitted[] = "dmFitToPaper=2 dmOutputPaper=9";
 constexpr char Proof[] = "dmCopies=3 dmCollateMode=1 dmProofPrint=1";
-constexpr char ThreeCopies[] = "dmCopies=3";
 constexpr char ShiftOn[] = "dmImageShiftOn=1";
 
 TEST(PaperRules, TheSetupPageLimitsFitAndCopies)
@@ -28,22 +27,17 @@ TEST(PaperRules, TheSetupPageLimitsFitAndCopies)
         const char *fit, *copies;  // what the page shows and the record holds
     };
     const Row rows[] = {
-        {Scaled,      "",                                "-foS 150 | 1 150", "N 1 ru p- | 1 0 0"},
-        {Proof,       "",                                "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
-        {Scaled,      Nup,                               "-fos 150 | 0 150", "N 1 ru p- | 1 0 0"},
-        {Fitted,      Nup,                               "-fos 100 | 0 100", "N 1 ru p- | 1 0 0"},
-        {Proof,       Nup,                               "-fos 100 | 0 100", "N 3 Rc Px | 3 1 1"},
-        {Scaled,      LongEdge,                          "-foS 150 | 1 150", "N 1 ru p- | 1 0 0"},
-        {ThreeCopies, LongEdge,                          "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
-        {Proof,       LongEdge,                          "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
-        {Scaled,      Booklet,                           "-fos 150 | 0 150", "n 1 ru p- | 1 0 0"},
-        {Proof,       Booklet,                           "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
+        {Scaled, "",                                "-foS 150 | 1 150", "N 1 ru p- | 1 0 0"},
+        {Proof,  "",                                "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
+        {Scaled, Nup,                               "-fos 150 | 0 150", "N 1 ru p- | 1 0 0"},
+        {Proof,  LongEdge,                          "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
+        {Proof,  Booklet,                           "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
  // Duplex counts when it is on and has a binding or a booklet.
-        {Proof,       " dmDuplexBinding=1",              "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
-        {Proof,       " dmDuplexOn=1",                   "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
-        {Proof,       " dmDuplexOn=1 dmDuplexBinding=2", "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
-        {Proof,       " dmDuplexOn=1 dmBookletPaper=9",  "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
-        {Proof,       " dmBookletPaper=9",               "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
+        {Proof,  " dmDuplexBinding=1",              "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
+        {Proof,  " dmDuplexOn=1",                   "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
+        {Proof,  " dmDuplexOn=1 dmDuplexBinding=2", "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
+        {Proof,  " dmDuplexOn=1 dmBookletPaper=9",  "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
+        {Proof,  " dmBookletPaper=9",               "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
     };
     for (const Row& row : rows) {
         PaperSheet sheet(Fields(row.paper + std::string(row.setup)));
@@ -199,23 +193,6 @@ TEST(PaperRules, ArrowsStopAtTheirEnds)
         sheet.Type(one.field, one.high).Spin(one.arrows, true, 2);
         EXPECT_EQ(sheet.LineOf(one.field), one.greatest);
     }
-}
-
-TEST(PaperRules, ProofPrintComesWithCollationAndGoesWithTheLastCopy)
-{
-    PaperSheet sheet;
-    sheet.Type(IDC_COPIES, u"2");
-    EXPECT_EQ(sheet.Copies(), "N 2 Ru p- | 2 0 0");
-    sheet.Click(IDC_COLLATED);
-    EXPECT_EQ(sheet.Copies(), "N 2 Rc P- | 2 1 0");
-    sheet.Click(IDC_PROOF_PRINT).Click(IDC_UNCOLLATED);
-    EXPECT_EQ(sheet.Copies(), "N 2 Ru p- | 2 0 0");
-    sheet.Click(IDC_COLLATED).Click(IDC_PROOF_PRINT).Spin(IDC_COPIES_SPIN, true);
-    EXPECT_EQ(sheet.Copies(), "N 3 Rc Px | 3 1 1");
-    sheet.Type(IDC_COPIES, u"");
-    EXPECT_EQ(sheet.Copies(), "N  ru p- | 1 0 0");
-    sheet.Append(IDC_COPIES, u"4");
-    EXPECT_EQ(sheet.Copies(), "N 4 Ru p- | 4 0 0");
 }
 
 TEST(PaperRules, CopiesOfARecordAreLimitedAndOneIsUncollated)

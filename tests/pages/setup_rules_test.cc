@@ -16,29 +16,24 @@ using namespace testing_support;
 TEST(SetupRules, OddRecordsShowAsTheyCan)
 {
     constexpr char Booklet[] = "dmDefaultSource=1 dmDuplexOn=1 dmNupOn=1 dmNupBorder=1 dmBookletPaper=1 dmNupCount=2 ";
-    struct Row {
-        const char *booklet, *fields;
-        const char* duplex;
-        std::size_t bindings;
-        const char *enabled, *nup;
-        int copies;
-    };
-    for (const Row& row : {
-             Row{"",      "dmDefaultSource=1 dmMediaIndex=1 dmDuplexOn=1 dmDuplexBinding=1", "Off",                  5, "Nbs dg", "Off",  1},
-             {"",      "dmDefaultSource=1 dmDuplexOn=1 dmDuplexBinding=2",                "Short Edge Binding",   5, "Nbs DG", "Off",  1},
-             {"",      "dmNupOn=1 dmNupCount=3",                                          "Off",                  5, "NBS Dg", "",     1},
-             {"",      "dmZoom=99",                                                       "Off",                  3, "nbs Dg", "Off",  1},
-             {Booklet, "dmDefaultSource=7",                                               "Booklet Left Binding", 5, "nBs DG", "2-up", 1},
-             {Booklet, "dmCopies=3",                                                      "Booklet Left Binding", 5, "nBs DG", "2-up", 1},
-             {Booklet, "dmCopies=3 dmCollateMode=1",                                      "Booklet Left Binding", 5, "nBs DG", "2-up", 3},
-             {Booklet, "dmZoom=150",                                                      "",                     3, "nbs DG", "Off",  1},
+    // The record, its row of duplex and how many there are, what can be used, the row of N-up, and its copies.
+    for (const auto& [booklet, fields, duplex, bindings, enabled, nup, copies] : {
+             std::tuple{"",      "dmDefaultSource=1 dmMediaIndex=1 dmDuplexOn=1 dmDuplexBinding=1", "Off",                  5u, "Nbs dg",
+                        "Off",                                                                                                                    1},
+             {"",      "dmDefaultSource=1 dmDuplexOn=1 dmDuplexBinding=2",                "Short Edge Binding",   5u, "Nbs DG", "Off",  1},
+             {"",      "dmNupOn=1 dmNupCount=3",                                          "Off",                  5u, "NBS Dg", "",     1},
+             {"",      "dmZoom=99",                                                       "Off",                  3u, "nbs Dg", "Off",  1},
+             {Booklet, "dmDefaultSource=7",                                               "Booklet Left Binding", 5u, "nBs DG", "2-up", 1},
+             {Booklet, "dmCopies=3",                                                      "Booklet Left Binding", 5u, "nBs DG", "2-up", 1},
+             {Booklet, "dmCopies=3 dmCollateMode=1",                                      "Booklet Left Binding", 5u, "nBs DG", "2-up", 3},
+             {Booklet, "dmZoom=150",                                                      "",                     3u, "nbs DG", "Off",  1},
     }) {
-        SetupSheet sheet(Fields(std::string(row.booklet) + row.fields));
-        EXPECT_EQ(sheet.Row(IDC_DUPLEX), row.duplex) << row.fields;
-        EXPECT_EQ(sheet.Items(IDC_DUPLEX).size(), row.bindings) << row.fields;
-        EXPECT_EQ(sheet.EnabledLetters(), row.enabled) << row.fields;
-        EXPECT_EQ(sheet.Row(IDC_NUP), row.nup) << row.fields;
-        EXPECT_EQ(sheet.Settings().dmCopies, row.copies) << row.fields;
+        SetupSheet sheet(Fields(booklet + std::string(fields)));
+        EXPECT_EQ(sheet.Row(IDC_DUPLEX), duplex) << fields;
+        EXPECT_EQ(sheet.Items(IDC_DUPLEX).size(), bindings) << fields;
+        EXPECT_EQ(sheet.EnabledLetters(), enabled) << fields;
+        EXPECT_EQ(sheet.Row(IDC_NUP), nup) << fields;
+        EXPECT_EQ(sheet.Settings().dmCopies, copies) << fields;
         EXPECT_EQ(sheet.Changes(), 0);
     }
 }
