@@ -4,6 +4,7 @@
 #include "resources/control_numbers.h"
 #include "settings/list_rows.h"
 #include "settings/model_tables.h"
+#include "tests/random/changes.h"
 #include "tests/random/invariants.h"
 #include "tests/support/custom_papers.h"
 #include "tests/support/sheet_driver.h"
@@ -224,7 +225,7 @@ constexpr Exception PagesApart[] = {
     {"watermark list",  [](V v) { return v.record.dmWatermark.wmId < 1 || v.record.dmWatermark.wmId > WatermarkCount; }, "the record brought a watermark that the printer does not have"},
     {"N-up style locked", [](V v) { return v.before.dmBookletPaper != 0 && !v.Enabled(IDC_NUP_STYLE); }, "as N-up, where duplex takes a booklet away", true},
     {"watermark of the job", RowsKeepNumbers, "rows keep their numbers behind one that was deleted, until the list is loaded anew; a record that is brought up to date by number takes the row that has moved there"},
-    {"scaling",         [](V v) { return v.record.dmFitToPaper == 2 && !v.Enabled(IDC_SCALING); }, "a record that is both scaled and fitted shows its scaling, locked, until the field is left or the page comes up unscaled with no pages to share its sheets", true},
+    {"scaling",         [](V v) { return (v.touched == Arrival || v.touched == Applied) && v.before.dmZoom != 100 && v.record.dmZoom == 100; }, "scaling that a record brought together with Fit to Paper, or that N-up leaves behind, goes as the page comes to the front; the field keeps its text until it is left", true},
     {"smoothtone locked", [](V v) { return v.record.dmFixedResolution > 1 || v.record.dmFixedResolution < 0; }, "Default unlocks smoothtone and clears a fixed resolution of 1 alone"},
     {"edit custom locked", [](V v) { return v.record.dmDefaultSource == 2 && !(v.record.dmDeviceFlags & 128); }, "a Tray2 that is not there counts as Tray1 in front, until Default asks the record again"},
     {"a paper comes in its media", [](V v) { return v.record.dmDefaultSource == 2 && v.record.dmMediaIndex == 0; }, "Tray2 takes the media back to plain paper and leaves the paper", true},

@@ -133,7 +133,9 @@ class Player : public platform::Desktop {
     // Another sheet is or was up beside the one of the job: the printer's own, which has no record of a job, or a
     // second one, which takes the record and the lists of the first. Then only what is left in the end is looked at.
     bool unjudged_ = false;
-    DriverDevMode last_{}, appliedRecord_{};
+    DriverDevMode last_{};
+    // At the last Apply: before it, and when it had left the field and the page had come to the front again.
+    DriverDevMode appliedRecord_{}, laterRecord_{};
     platform::StoredValues lastStore_;
 };
 
@@ -150,7 +152,8 @@ void Player::Take(const Step& step, HWND top)
     at_ = at, now_ = step, dialog_ = dialog, control_ = outcome == user::Outcome::Done ? control : Elsewhere;
     if (step.action == Action::Apply && outcome == user::Outcome::Done) {
         applied_ = true;
-        appliedRecord_ = last_;  // before the page came to the front again
+        appliedRecord_ = last_;
+        laterRecord_ = *CurrentSettings;
     }
     Look();
     if (user::Ended(top) && control_ == IDOK) closed_ = dialog;
@@ -239,9 +242,11 @@ void Player::Published(LONG result, const std::vector<BYTE>& output)
     const auto& published = *reinterpret_cast<const DriverDevMode*>(output.data());
     if (published.dmSize != RecordPublicSize || published.dmDriverExtra != RecordPrivateSize) return;
     // What was chosen behind the last Apply goes with Cancel.
-    const DriverDevMode& chosen = result == IDOK ? last_ : appliedRecord_;
-    const View view{start_, nullptr, dialog_, published, chosen, false, false, Confirmed, dialog_};
-    if (const std::string wrong = WrongChanges(view); !wrong.empty()) Fail("published: " + wrong);
+    const auto wrong = [&](const DriverDevMode& chosen) {
+        return WrongChanges({start_, nullptr, dialog_, published, chosen, false, false, Confirmed, dialog_});
+    };
+    const std::string apart = wrong(result == IDOK ? last_ : appliedRecord_);
+    if (!apart.empty() && (result == IDOK || !wrong(laterRecord_).empty())) Fail("published: " + apart);
     if (result == IDOK && !newOverlay_.empty() &&
         (published.dmOverlayState != 2 || published.dmOverlayFile != newOverlay_))
         Fail("published: an overlay that is to be made is not named");
