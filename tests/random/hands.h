@@ -14,6 +14,9 @@ platform::user::Outcome Act(const Step& step, HWND top);
 // The control by which the rules know a step: see changes.h.
 int ControlOf(const Step& step, HWND top);
 
+// Lines of a script. boxes and files: how many of each the step has brought up.
+std::string ScriptOf(const Step& step, int boxes, int files);
+
 int TemplateOf(HWND dialog);
 
 }  // namespace random_use

@@ -98,8 +98,8 @@ class Player : public platform::Desktop {
     std::optional<std::u16string> PickFile(const platform::FileDialogRequest& request) override
     {
         ++ledger_.files[at_];
-        if (now_.file == 0 || !request.accept(Files[now_.file])) return std::nullopt;
-        return Files[now_.file];
+        if (now_.file == 0 || !request.accept(Files.at(now_.file))) return std::nullopt;
+        return Files.at(now_.file);
     }
     void Beep(UINT) override { beeped_ = true; }
 
@@ -111,8 +111,8 @@ class Player : public platform::Desktop {
     {
         const bool mayEdit = start_.mayChange && !(start_.mode & DM_NOPERMISSION);
         const bool fromShell = !platform::CurrentEnvironment().facts->OwnerModule().empty();
-        return {start_,    page,     TemplateOf(page), *CurrentSettings, last_,           mayEdit,
-                fromShell, control_, dialog_,          closed_,          Files[now_.file]};
+        return {start_,   page,    TemplateOf(page), *CurrentSettings,   last_, mayEdit, fromShell,
+                control_, dialog_, closed_,          Files.at(now_.file)};
     }
     void Take(const Step& step, HWND top);
     void Look();
@@ -150,7 +150,7 @@ void Player::Take(const Step& step, HWND top)
     const user::Outcome outcome = Act(step, top);
     // A step that was refused may have left a field, and nothing else.
     at_ = at, now_ = step, dialog_ = dialog, control_ = outcome == user::Outcome::Done ? control : Elsewhere;
-    if (step.action == Action::Apply && outcome == user::Outcome::Done) {
+    if (control_ == Applied && outcome == user::Outcome::Done) {
         applied_ = true;
         appliedRecord_ = last_;
         laterRecord_ = *CurrentSettings;

@@ -32,28 +32,13 @@ class Random {
 };
 
 // Plain bytes: steps are noted in memory that outlives the process that takes them.
-enum class Action : std::uint8_t {
-    Page,
-    Click,
-    Choose,
-    Type,
-    Append,
-    Paste,
-    Spin,
-    Row,
-    Focus,
-    Key,
-    Ok,
-    Cancel,
-    Apply,
-    Help
-};
+enum class Action : std::uint8_t { Page, Click, Choose, Type, Append, Paste, Spin, Row, Focus, Key, Button };
 struct Step {
-    Action action = Action::Ok;
+    Action action = Action::Page;
     bool ok = true;         // the answer to the boxes that come up in this step
     std::uint8_t file = 0;  // the answer to its file dialog, a row of Files; 0 cancels
     std::int16_t control = 0;
-    std::int16_t value = 0;  // page, row, a row of Texts or Keys, 1 for upwards
+    std::int16_t value = 0;  // a page, a row of a list, of Texts, of Keys or of Buttons, 1 for upwards
 };
 
 // What is put into fields.
@@ -77,10 +62,6 @@ inline const std::array Files = {
     std::u16string(u"/nowhere/a.oxl"),
     u"/etc/" + std::u16string(300, u'f') + u".oxl",
 };
-inline constexpr std::string_view Keys[] = {"TAB", "ENTER", "ESC", "F1"};
-
-// Lines of a script. boxes and files: how many of each the step has brought up.
-std::string ScriptOf(const Step& step, int boxes, int files);
 
 // All of the steps in one word, and back: to play them again.
 std::string WordOf(const std::vector<Step>& steps);
