@@ -12,17 +12,13 @@ class CustomPaperDialog : public CustomPaperRig {};
 
 TEST_F(CustomPaperDialog, ComesWithTheCountrysPaper)
 {
-    struct Row {
-        int country, unit;
-        std::string numbers, size;
-    };
-    for (const Row& row : {
-             Row{Germany,      0, ": 210 297",  "[210 x 297 mm]"         },
-             {UnitedStates, 1, ": 8 8 11 0", "[8 8/16 x 11 0/16 inch]"}
+    for (const auto& [country, unit, numbers, size] : {
+             std::tuple{Germany,      0, std::string(": 210 297"), "[210 x 297 mm]"         },
+             {UnitedStates, 1, ": 8 8 11 0",             "[8 8/16 x 11 0/16 inch]"}
     }) {
-        Open({}, row.country);
+        Open({}, country);
         EXPECT_EQ(Dialog().Template(), IDD_CUSTOM_PAPER);
-        EXPECT_EQ(Editor(), "No Paper Selected" + row.numbers);
+        EXPECT_EQ(Editor(), "No Paper Selected" + numbers);
         EXPECT_EQ(Usable(), "NO");
         EXPECT_EQ(Names(), "");
         Dialog().Click(IDC_CP_NEW).Click(IDC_CP_NEW).Row(IDC_CP_LIST, 0).Type(IDC_CP_NAME, u"Mine");
@@ -30,14 +26,14 @@ TEST_F(CustomPaperDialog, ComesWithTheCountrysPaper)
         EXPECT_EQ(Names(), "Mine/New Paper1/*New Paper0/") << "the first free number";
         Dialog().Row(IDC_CP_LIST, 0).Click(IDC_CP_DELETE).Row(IDC_CP_LIST, 0).Click(IDC_CP_DELETE);
         EXPECT_EQ(Names(), "*New Paper0/");
-        EXPECT_EQ(Size(), row.size);
+        EXPECT_EQ(Size(), size);
         EXPECT_EQ(Usable(), "NDlnuO");
-        EXPECT_EQ(Editor(), "New Paper0" + row.numbers);
+        EXPECT_EQ(Editor(), "New Paper0" + numbers);
         Dialog().Click(IDOK);
         EXPECT_EQ(result_, 1);
         ASSERT_EQ(Stored().size(), 1u);
         EXPECT_EQ(Stored()[0].cpCode, 257);
-        EXPECT_EQ(Stored()[0].cpUnit, row.unit);
+        EXPECT_EQ(Stored()[0].cpUnit, unit);
     }
 }
 

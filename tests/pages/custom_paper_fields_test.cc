@@ -56,32 +56,26 @@ TEST_F(CustomPaperFields, LimitsANumberAtOnceAndItsTextWhenTheFieldIsLeft)
     }
 }
 
-struct SpinRow {
-    CustomPaperEntry start;
-    int spin;
-    bool up;
-    std::string fields, size;
-};
-// clang-format off
-const SpinRow Spins[] = {
-    {Mm(760, 1500),      IDC_CP_WIDTH_MM_SPIN,          false, "A: 76 150",    "[76 x 150 mm]"},
-    {Mm(2160, 1500),     IDC_CP_WIDTH_MM_SPIN,          true,  "A: 216 150",   "[216 x 150 mm]"},
-    {Mm(1000, 1270),     IDC_CP_HEIGHT_MM_SPIN,         false, "A: 100 127",   "[100 x 127 mm]"},
-    {Mm(1000, 3560),     IDC_CP_HEIGHT_MM_SPIN,         true,  "A: 100 356",   "[100 x 356 mm]"},
-    {Inch(8, 8, 11, 0),  IDC_CP_WIDTH_INCH_SPIN,        true,  "A: 8 8 11 0",  "[8 8/16 x 11 0/16 inch]"},
-    {Inch(8, 8, 5, 1),   IDC_CP_HEIGHT_INCH_SPIN,       false, "A: 8 8 5 1",   "[8 8/16 x 5 1/16 inch]"},
-    {Inch(8, 8, 13, 15), IDC_CP_HEIGHT_INCH_SPIN,       true,  "A: 8 8 14 15", "[8 8/16 x 14 0/16 inch]"},
-    {Inch(8, 8, 11, 0),  IDC_CP_WIDTH_SIXTEENTHS_SPIN,  true,  "A: 8 9 11 0",  "[8 8/16 x 11 0/16 inch]"},
-    {Inch(8, 8, 11, 15), IDC_CP_HEIGHT_SIXTEENTHS_SPIN, true,  "A: 8 8 11 15", "[8 8/16 x 11 15/16 inch]"},
-};
-// clang-format on
-
 TEST_F(CustomPaperFields, CountsWithTheArrowsUpToTheirEnds)
 {
-    for (const SpinRow& row : Spins) {
-        Open({row.start}).Spin(row.spin, row.up);
-        EXPECT_EQ(Editor(), row.fields) << row.spin;
-        EXPECT_EQ(Size(), row.size) << row.spin;
+    constexpr bool Up = true, Down = false;
+    // clang-format off
+    const std::tuple<CustomPaperEntry, int, bool, const char*, const char*> rows[] = {
+        {Mm(760, 1500), IDC_CP_WIDTH_MM_SPIN, Down, "A: 76 150", "[76 x 150 mm]"},
+        {Mm(2160, 1500), IDC_CP_WIDTH_MM_SPIN, Up, "A: 216 150", "[216 x 150 mm]"},
+        {Mm(1000, 1270), IDC_CP_HEIGHT_MM_SPIN, Down, "A: 100 127", "[100 x 127 mm]"},
+        {Mm(1000, 3560), IDC_CP_HEIGHT_MM_SPIN, Up, "A: 100 356", "[100 x 356 mm]"},
+        {Inch(8, 8, 11, 0), IDC_CP_WIDTH_INCH_SPIN, Up, "A: 8 8 11 0", "[8 8/16 x 11 0/16 inch]"},
+        {Inch(8, 8, 5, 1), IDC_CP_HEIGHT_INCH_SPIN, Down, "A: 8 8 5 1", "[8 8/16 x 5 1/16 inch]"},
+        {Inch(8, 8, 13, 15), IDC_CP_HEIGHT_INCH_SPIN, Up, "A: 8 8 14 15", "[8 8/16 x 14 0/16 inch]"},
+        {Inch(8, 8, 11, 0), IDC_CP_WIDTH_SIXTEENTHS_SPIN, Up, "A: 8 9 11 0", "[8 8/16 x 11 0/16 inch]"},
+        {Inch(8, 8, 11, 15), IDC_CP_HEIGHT_SIXTEENTHS_SPIN, Up, "A: 8 8 11 15", "[8 8/16 x 11 15/16 inch]"},
+    };
+    // clang-format on
+    for (const auto& [start, spin, up, fields, size] : rows) {
+        Open({start}).Spin(spin, up);
+        EXPECT_EQ(Editor(), fields) << spin;
+        EXPECT_EQ(Size(), size) << spin;
     }
 }
 

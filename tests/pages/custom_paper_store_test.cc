@@ -211,22 +211,17 @@ TEST(CustomPaperUnits, SixteenthsRoundToTheNearestAndTiesGoUp)
 
 TEST(CustomPaperUnits, MillimetresAndInchesRound)
 {
-    const struct {
-        int tenths;
-        InchLength inches;
-        int back;
-    } rows[] = {
-        {760,  {300, 0},   760 },
-        {770,  {300, 1},   780 },
-        {2100, {800, 4},   2100},
-        {2160, {800, 8},   2160},
-        {2970, {1100, 11}, 2970},
-        {3550, {1400, 0},  3560},
-        {3560, {1400, 0},  3560},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(InchesFromTenths(row.tenths), row.inches) << row.tenths;
-        EXPECT_EQ(TenthsFromInches(row.inches), row.back) << row.tenths;
+    for (const auto& [tenths, inches, back] : {
+             std::tuple{760,  InchLength{300, 0},   760 },
+             {770,  InchLength{300, 1},   780 },
+             {2100, InchLength{800, 4},   2100},
+             {2160, InchLength{800, 8},   2160},
+             {2970, InchLength{1100, 11}, 2970},
+             {3550, InchLength{1400, 0},  3560},
+             {3560, InchLength{1400, 0},  3560},
+    }) {
+        EXPECT_EQ(InchesFromTenths(tenths), inches) << tenths;
+        EXPECT_EQ(TenthsFromInches(inches), back) << tenths;
     }
     EXPECT_EQ(TenthsFromInches({300, 9}), 910);
 }

@@ -2,6 +2,7 @@
 // measured in pixels at 96 dots per inch.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 
 #include "platform/kernel/modules.h"

@@ -1,12 +1,7 @@
 // The Paper page as a whole: what it shows, what it stores, its defaults, and what it tells the sheet.
-#include "pages/paper_page.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "pages/paper_combo.h"
-#include "platform/controls.h"
-#include "platform/user/window.h"
 #include "tests/support/paper_sheet.h"
 #include "tests/support/watermarks.h"
 
@@ -59,38 +54,29 @@ TEST(PaperPage, StoresACustomSizeByCodeAndExtentAndTakesItAnewInFront)
 
 TEST(PaperPage, DefaultRestoresEverythingInEveryCountryAndForEveryMedia)
 {
-    struct DefaultCase {
-        int country;
-        const char* media;
-        SHORT code, length, output;
-    };
-    const DefaultCase cases[] = {
-        {UnitedStates, "dmMediaIndex=0", 1,   3300, 1},
-        {UnitedStates, "dmMediaIndex=2", 27,  2598, 1},
-        {Germany,      "dmMediaIndex=0", 9,   3507, 9},
-        {Germany,      "dmMediaIndex=1", 9,   3507, 9},
-        {Germany,      "dmMediaIndex=3", 216, 1748, 9},
-    };
-    for (const DefaultCase& one : cases) {
-        SCOPED_TRACE(std::to_string(one.country) + one.media);
-        PaperSheet sheet(
-            Fields("dmPaperSize=258 dmCopies=3 dmCollateMode=1 dmProofPrint=1 dmOrientation=2 dmFitToPaper=2 "
-                   "dmOutputPaper=11 dmImageShiftOn=1 dmImageRotated=1 dmImageShiftX=5 dmImageShiftY=-5 " +
-                   std::string(one.media)),
-            FormAndCard, one.country);
+    constexpr char Busy[] =
+        "dmPaperSize=258 dmCopies=3 dmCollateMode=1 dmProofPrint=1 dmOrientation=2 dmFitToPaper=2 "
+        "dmOutputPaper=11 dmImageShiftOn=1 dmImageRotated=1 dmImageShiftX=5 dmImageShiftY=-5 dmMediaIndex=";
+    for (const auto& [country, media, code, length, output] : {
+             std::tuple{UnitedStates, "0", 1,   3300, 1},
+             {UnitedStates, "2", 27,  2598, 1},
+             {Germany,      "0", 9,   3507, 9},
+             {Germany,      "1", 9,   3507, 9},
+             {Germany,      "3", 216, 1748, 9}
+    }) {
+        SCOPED_TRACE(std::to_string(country) + " media " + media);
+        PaperSheet sheet(Fields(std::string(Busy) + media), FormAndCard, country);
         sheet.Click(IDC_PAPER_PRINTER_FIGURE).Click(IDC_DEFAULT);
-        EXPECT_EQ(sheet.Code(IDC_DOCUMENT_SIZE), one.code);
-        EXPECT_EQ(sheet.Code(IDC_OUTPUT_SIZE), one.output);
+        EXPECT_EQ(sheet.Code(IDC_DOCUMENT_SIZE), code);
+        EXPECT_EQ(sheet.Code(IDC_OUTPUT_SIZE), output);
         EXPECT_EQ(sheet.Fit(), "-FoS 100 | 0 100");
         EXPECT_EQ(sheet.Copies(), "N 1 ru p- | 1 0 0");
         EXPECT_EQ(sheet.Shift(), "off xy 0 0 | 0 0 0");
-        EXPECT_TRUE(sheet.Checked(IDC_PAPER_PAGE_LAYOUT));
         const DriverDevMode record = sheet.Ok();
-        EXPECT_EQ(record.dmPaperLength, one.length);
+        EXPECT_EQ(record.dmPaperLength, length);
+        EXPECT_EQ(record.dmOutputPaper, output);
         EXPECT_EQ(record.dmOrientation, 1);
-        EXPECT_EQ(record.dmOutputPaper, one.output);
-        EXPECT_EQ(record.dmImageRotated, 0);
-        EXPECT_EQ(record.dmPreviewMode, 0);
+        EXPECT_EQ(record.dmImageRotated + record.dmPreviewMode, 0);
     }
 }
 
@@ -136,32 +122,25 @@ TEST(PaperPage, TellsTheSheetOfWhatChangesAndDrawsWhatMayHaveChanged)
 
 TEST(PaperPage, ShowsCollationAndOrientationAsIcons)
 {
-    for (const bool other : {false, true}) {
-        PaperSheet sheet([=](DriverDevMode& record) {
-            record.dmCopies = 2;
-            record.dmCollateMode = other ? 1 : 0;
-            record.dmOrientation = other ? 2 : 1;
-        });
+    for (const auto& [fields, collation, orientation] : {
+             std::tuple{"dmCopies=2",                                 "9515", "9514"},
+             {"dmCopies=2 dmCollateMode=1 dmOrientation=2", "9512", "9513"}
+    }) {
+        PaperSheet sheet(Fields(fields));
         sheet.Drawn();
-        sheet.Click(IDC_PAPER_PAGE_LAYOUT);
-        std::vector<std::string> icons;
-        for (const std::string& line : sheet.Drawn())
-            if (line.find("DrawIcon") != std::string::npos) icons.push_back(line);
-        EXPECT_THAT(icons, ElementsAre(HasSubstr(other ? "9512" : "9515"), HasSubstr(other ? "9513" : "9514")));
+        auto lines = sheet.Click(IDC_PAPER_PAGE_LAYOUT).Drawn();
+        std::erase_if(lines, [](const std::string& line) { return line.find("DrawIcon") == line.npos; });
+        EXPECT_THAT(lines, ElementsAre(HasSubstr(collation), HasSubstr(orientation)));
     }
 }
 
 TEST(PaperPage, BringsTheJobsWatermarkUpToDate)
 {
+    StoredWatermark stored;
+    stored.name = stored.text = u"New";
     for (const DWORD on : {0u, 1u}) {
         PaperSheet sheet(Fields("wmId=1 dmWatermarkOn=" + std::to_string(on)), {}, UnitedStates, true,
-                         [](TestMachine& machine) {
-                             StoreWatermarks(machine,
-                                             {
-                                                 {u"Name", u"New"}
-                             },
-                                             TestPrinter);
-                         });
+                         [&](TestMachine& machine) { StoreWatermarks(machine, {stored}, TestPrinter); });
         EXPECT_EQ(std::u16string(sheet.Settings().dmWatermark.wmText), on ? u"New" : u"");
     }
 }
