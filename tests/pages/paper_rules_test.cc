@@ -22,57 +22,44 @@ constexpr char ShiftOn[] = "dmImageShiftOn=1";
 
 TEST(PaperRules, TheSetupPageLimitsFitAndCopies)
 {
-    struct Row {
-        const char *paper, *setup;
-        const char *fit, *copies;  // what the page shows and the record holds
-    };
-    const Row rows[] = {
-        {Scaled, "",                                "-foS 150 | 1 150", "N 1 ru p- | 1 0 0"},
-        {Proof,  "",                                "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
-        {Scaled, Nup,                               "-fos 150 | 0 150", "N 1 ru p- | 1 0 0"},
-        {Proof,  LongEdge,                          "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
-        {Proof,  Booklet,                           "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
+    // What the page shows and the record holds.
+    for (const auto& [paper, setup, fit, copies] : {
+             std::tuple{Scaled, "",                                "-foS 150 | 1 150", "N 1 ru p- | 1 0 0"},
+             {Proof,  "",                                "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
+             {Scaled, Nup,                               "-fos 150 | 0 150", "N 1 ru p- | 1 0 0"},
+             {Proof,  LongEdge,                          "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
+             {Proof,  Booklet,                           "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
  // Duplex counts when it is on and has a binding or a booklet.
-        {Proof,  " dmDuplexBinding=1",              "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
-        {Proof,  " dmDuplexOn=1",                   "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
-        {Proof,  " dmDuplexOn=1 dmDuplexBinding=2", "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
-        {Proof,  " dmDuplexOn=1 dmBookletPaper=9",  "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
-        {Proof,  " dmBookletPaper=9",               "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
-    };
-    for (const Row& row : rows) {
-        PaperSheet sheet(Fields(row.paper + std::string(row.setup)));
-        EXPECT_EQ(sheet.GoAwayAndComeBack().Fit(), row.fit) << row.paper << row.setup;
-        EXPECT_EQ(sheet.Copies(), row.copies) << row.paper << row.setup;
+             {Proof,  " dmDuplexBinding=1",              "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
+             {Proof,  " dmDuplexOn=1",                   "-FoS 100 | 0 100", "N 3 Rc Px | 3 1 1"},
+             {Proof,  " dmDuplexOn=1 dmDuplexBinding=2", "-FoS 100 | 0 100", "N 3 ru p- | 3 0 0"},
+             {Proof,  " dmDuplexOn=1 dmBookletPaper=9",  "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
+             {Proof,  " dmBookletPaper=9",               "-fos 100 | 0 100", "n 1 ru p- | 1 0 0"},
+    }) {
+        PaperSheet sheet(Fields(paper + std::string(setup)));
+        EXPECT_EQ(sheet.GoAwayAndComeBack().Fit(), fit) << paper << setup;
+        EXPECT_EQ(sheet.Copies(), copies) << paper << setup;
     }
 }
 
 TEST(PaperRules, FitAndScalingExcludeEachOther)
 {
-    const auto fit = [](PaperSheet& sheet) { sheet.Click(IDC_FIT_TO_PAPER); };
-    const auto scaleTo = [](const char16_t* text) {
-        return [text](PaperSheet& sheet) { sheet.Type(IDC_SCALING, text); };
-    };
-    struct Walk {
-        const char* start;
-        std::function<void(PaperSheet&)> step;
-        const char* line;
-    };
-    const Walk walks[] = {
-        {"",     fit,                                                                                    "xFOs 100 | 2 100"},
-        {"",     scaleTo(u"150"),                                                                        "-foS 150 | 1 150"},
-        {Scaled, scaleTo(u"100"),                                                                        "-FoS 100 | 0 100"},
-        {Fitted, fit,                                                                                    "-FoS 100 | 0 100"},
-        {Fitted, [](auto& sheet) { sheet.Choose(IDC_OUTPUT_SIZE, 2); },                                  "xFOs 100 | 2 100"},
-        {Nup,    [](auto& sheet) { sheet.Click(IDC_DEFAULT); },                                          "-fos 100 | 0 100"},
- // Unchecked with a scaling in the record, as a step of another page may leave it.
-        {Fitted, [&](auto& sheet) { fit(static_cast<PaperSheet&>(sheet.Change(Fields("dmZoom=80")))); },
-         "-FoS 100 | 1 80"                                                                                                 },
-    };
-    for (const Walk& walk : walks) {
-        PaperSheet sheet(Fields(walk.start));
-        walk.step(sheet);
-        EXPECT_EQ(sheet.Fit(), walk.line) << walk.start;
-    }
+    PaperSheet sheet;
+    sheet.Click(IDC_FIT_TO_PAPER);
+    EXPECT_EQ(sheet.Fit(), "xFOs 100 | 2 100");
+    sheet.Choose(IDC_OUTPUT_SIZE, 2);
+    EXPECT_EQ(sheet.Fit(), "xFOs 100 | 2 100");
+    sheet.Click(IDC_FIT_TO_PAPER);
+    EXPECT_EQ(sheet.Fit(), "-FoS 100 | 0 100");
+    sheet.Type(IDC_SCALING, u"150");
+    EXPECT_EQ(sheet.Fit(), "-foS 150 | 1 150");
+    sheet.Type(IDC_SCALING, u"100");
+    EXPECT_EQ(sheet.Fit(), "-FoS 100 | 0 100");
+    sheet.Click(IDC_FIT_TO_PAPER).Change(Fields("dmZoom=80")).Click(IDC_FIT_TO_PAPER);
+    EXPECT_EQ(sheet.Fit(), "-FoS 100 | 1 80") << "with a scaling that another page has left in the record";
+    PaperSheet nup(Fields(Nup));
+    nup.Click(IDC_DEFAULT);
+    EXPECT_EQ(nup.Fit(), "-fos 100 | 0 100");
 }
 
 TEST(PaperRules, ScalingComesBackAs100AfterPagesHaveSharedSheets)
@@ -140,36 +127,30 @@ TEST(PaperRules, NumbersAreTakenDigitByDigit)
 // Digits are all that the keyboard gives; the clipboard gives anything.
 TEST(PaperRules, LeavingAFieldPutsItRight)
 {
-    struct Left {
-        int field;
-        std::u16string text;
-        const char *inside, *after;
-    };
-    const Left cases[] = {
-        {IDC_SCALING, u"",      "-foS  | 1 20",          "-foS 20 | 1 20"       },
-        {IDC_SCALING, u"19",    "-foS 19 | 1 20",        "-foS 20 | 1 20"       },
-        {IDC_SCALING, u"abc",   "-foS abc | 1 20",       "-foS 20 | 1 20"       },
-        {IDC_SCALING, u"-50",   "-foS -50 | 1 20",       "-foS 20 | 1 20"       },
-        {IDC_SCALING, u"999",   "-foS 400 | 1 400",      "-foS 400 | 1 400"     },
-        {IDC_COPIES,  u"",      "N  ru p- | 1 0 0",      "N 1 ru p- | 1 0 0"    },
-        {IDC_COPIES,  u"0",     "N 0 ru p- | 1 0 0",     "N 1 ru p- | 1 0 0"    },
-        {IDC_COPIES,  u"12\n3", "N 12 Ru p- | 12 0 0",   "N 12 Ru p- | 12 0 0"  },
-        {IDC_COPIES,  u"99999", "N 999 Ru p- | 999 0 0", "N 999 Ru p- | 999 0 0"},
-        {IDC_SHIFT_X, u"",      "on XY  0 | 1 0 0",      "on XY 0 0 | 1 0 0"    },
-        {IDC_SHIFT_X, u"-07",   "on XY -07 0 | 1 -7 0",  "on XY -7 0 | 1 -7 0"  },
-        {IDC_SHIFT_X, u"51",    "on XY 0 0 | 1 0 0",     "on XY 0 0 | 1 0 0"    },
-        {IDC_SHIFT_X, u"-51",   "on XY 0 0 | 1 0 0",     "on XY 0 0 | 1 0 0"    },
-        {IDC_SHIFT_Y, u"26",    "on XY 0 0 | 1 0 0",     "on XY 0 0 | 1 0 0"    },
-        {IDC_SHIFT_Y, u"-26",   "on XY 0 0 | 1 0 0",     "on XY 0 0 | 1 0 0"    },
-        {IDC_SHIFT_Y, u" 5",    "on XY 0 0 | 1 0 0",     "on XY 0 0 | 1 0 0"    },
-    };
-    for (const Left& one : cases) {
-        SCOPED_TRACE(std::to_string(one.field) + " \"" + platform::ToUtf8(one.text) + '"');
+    for (const auto& [field, text, inside, after] : {
+             std::tuple{IDC_SCALING, u"",      "-foS  | 1 20",          "-foS 20 | 1 20"       },
+             {IDC_SCALING, u"19",    "-foS 19 | 1 20",        "-foS 20 | 1 20"       },
+             {IDC_SCALING, u"abc",   "-foS abc | 1 20",       "-foS 20 | 1 20"       },
+             {IDC_SCALING, u"-50",   "-foS -50 | 1 20",       "-foS 20 | 1 20"       },
+             {IDC_SCALING, u"999",   "-foS 400 | 1 400",      "-foS 400 | 1 400"     },
+             {IDC_COPIES,  u"",      "N  ru p- | 1 0 0",      "N 1 ru p- | 1 0 0"    },
+             {IDC_COPIES,  u"0",     "N 0 ru p- | 1 0 0",     "N 1 ru p- | 1 0 0"    },
+             {IDC_COPIES,  u"12\n3", "N 12 Ru p- | 12 0 0",   "N 12 Ru p- | 12 0 0"  },
+             {IDC_COPIES,  u"99999", "N 999 Ru p- | 999 0 0", "N 999 Ru p- | 999 0 0"},
+             {IDC_SHIFT_X, u"",      "on XY  0 | 1 0 0",      "on XY 0 0 | 1 0 0"    },
+             {IDC_SHIFT_X, u"-07",   "on XY -07 0 | 1 -7 0",  "on XY -7 0 | 1 -7 0"  },
+             {IDC_SHIFT_X, u"51",    "on XY 0 0 | 1 0 0",     "on XY 0 0 | 1 0 0"    },
+             {IDC_SHIFT_X, u"-51",   "on XY 0 0 | 1 0 0",     "on XY 0 0 | 1 0 0"    },
+             {IDC_SHIFT_Y, u"26",    "on XY 0 0 | 1 0 0",     "on XY 0 0 | 1 0 0"    },
+             {IDC_SHIFT_Y, u"-26",   "on XY 0 0 | 1 0 0",     "on XY 0 0 | 1 0 0"    },
+             {IDC_SHIFT_Y, u" 5",    "on XY 0 0 | 1 0 0",     "on XY 0 0 | 1 0 0"    },
+    }) {
+        SCOPED_TRACE(std::to_string(field) + " \"" + platform::ToUtf8(text) + '"');
         PaperSheet sheet(Fields(ShiftOn));
-        sheet.Paste(one.field, one.text);
-        EXPECT_EQ(sheet.LineOf(one.field), one.inside);
+        sheet.Paste(field, text);
+        EXPECT_EQ(sheet.LineOf(field), inside);
         sheet.Focus(IDC_LANDSCAPE);
-        EXPECT_EQ(sheet.LineOf(one.field), one.after);
+        EXPECT_EQ(sheet.LineOf(field), after);
     }
 }
 

