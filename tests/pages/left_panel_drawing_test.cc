@@ -13,15 +13,7 @@
 
 namespace {
 
-using testing::AllOf;
-using testing::Contains;
-using testing::Each;
-using testing::ElementsAre;
-using testing::ElementsAreArray;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
+using namespace testing;
 using testing_support::Fields;
 using testing_support::Sheet;
 

@@ -64,9 +64,8 @@ TEST(PageMessages, NotificationsRefreshTheSetupPageButForThoseOfItsEnd)
     Sheet sheet;
     sheet.Page(u"Setup").Change(Fields("dmZoom=50"));
     for (const auto& [code, bindings] : {
-             std::pair{PSN_KILLACTIVE,  5u},
-             {PSN_QUERYCANCEL, 5u},
-             {UINT{1234},      3u}
+             std::pair(PSN_KILLACTIVE, 5u), {PSN_QUERYCANCEL, 5u},
+               {UINT{1234},      3u}
     }) {
         NMHDR notification{nullptr, 0, code};
         sheet.Send(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));

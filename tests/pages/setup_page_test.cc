@@ -39,22 +39,6 @@ TEST(SetupPage, ShowsAFreshRecord)
     EXPECT_EQ(sheet.Changes(), 0);
 }
 
-TEST(SetupPage, NupStandsForItsCount)
-{
-    for (const auto& [count, position] : {
-             std::pair{4,  2 },
-             {16, 5 },
-             {0,  -1},
-             {3,  -1},
-             {-2, -1}
-    }) {
-        SetupSheet sheet(Fields("dmNupCount=" + std::to_string(count)));
-        EXPECT_EQ(sheet.Selection(IDC_NUP), position) << count;
-        EXPECT_TRUE(sheet.Enabled(IDC_NUP_STYLE)) << count;
-        EXPECT_EQ(sheet.Settings().dmNupCount, count);
-    }
-}
-
 TEST(SetupPage, ThePictureModeIsNoChange)
 {
     SetupSheet sheet;

@@ -182,26 +182,4 @@ TEST(SetupRules, ABookletIsLaidOutOnTheOutputPaper)
     EXPECT_EQ(sheet.Settings().dmBookletPaper, 9);
 }
 
-TEST(SetupRules, ShowWhatOtherPagesHaveChangedWhenThisPageComesBack)
-{
-    struct Row {
-        const char *before, *elsewhere, *difference;
-    };
-    for (const Row& row : {
-             Row{"Nup",        "dmFitToPaper=1 dmZoom=150",
-                 "nup=Off -nup -border -style duplex:3 dmFitToPaper=1 dmZoom=150 dmNupOn=0 dmNupCount=1 "
-                 "dmNupVertical=0 dmNupDescending=0 dmNupBorder=0"                                                 },
-             {"Scaled",     "dmFitToPaper=0 dmZoom=100",        "+nup duplex:5 dmFitToPaper=0 dmZoom=100"       },
-             {"Booklet",    "dmCopies=2",                       "duplex:3 duplex= dmCopies=2"                   },
- // The media is this page's own: what it has told last goes back into the record.
-             {"LongEdge",   "dmMediaIndex=1",                   ""                                              },
-             {"Tray2",      "dmDeviceFlags=0",                  "source:3 source=Auto media:5 dmDeviceFlags=0"  },
-             {"Tray2There", "dmFitToPaper=2 dmOutputPaper=215", "-nup duplex:3 dmFitToPaper=2 dmOutputPaper=215"},
-    }) {
-        SetupSheet sheet(In(row.before));
-        const auto elsewhere = [&] { sheet.ChangeElsewhere(Fields(row.elsewhere)); };
-        EXPECT_EQ(sheet.Difference(elsewhere), row.difference) << row.before << ", " << row.elsewhere;
-    }
-}
-
 }  // namespace
