@@ -64,8 +64,11 @@ TEST(DeviceOptionsPage, DefaultTakesTray2OutOfTheRecordAndTellsTheSheetEvenIfNot
 TEST(DeviceOptionsPage, KeepsItsOwnPictureAndComesUpWithTheFigure)
 {
     DeviceSheet sheet;
-    sheet.Click(IDC_DEVICE_PAGE_LAYOUT);
+    sheet.Click(IDC_DEVICE_PAGE_LAYOUT).Drawn();
     EXPECT_EQ(DevicePreviewMode, 0);
+    sheet.Click(IDC_DEVICE_PRINTER_FIGURE);
+    EXPECT_THAT(sheet.Drawn(), Contains(WithoutTray2));
+    sheet.Click(IDC_DEVICE_PAGE_LAYOUT);
     EXPECT_EQ(sheet.Settings().dmPreviewMode, 0);
     EXPECT_EQ(sheet.Changes(), 0);
     EXPECT_TRUE(sheet.Page(ElsewherePage).Page(DeviceOptions).Checked(IDC_DEVICE_PRINTER_FIGURE));
