@@ -290,6 +290,7 @@ const Invariant Dialogs[] = {
     {"overlay fields",          IDD_OVERLAY_EDIT, Always, [](V v) { return Pair(FieldsOfOverlay(v) != OverlayUnderEdit(OverlayIsNew != 0), 0); }},
     {"overlay fields taken",    IDD_OVERLAY_LIST, Always, [](V v) { return Pair(v.closed == IDD_OVERLAY_EDIT && OverlayUnderEdit() != FieldsOfOverlay(v), 0); }},
     {"overlays stored",         IDD_SETUP, Always, [](V v) { return Pair(StoredOverlaysApart(v), 0); }},
+    {"overlay to be made",      IDD_SETUP, Always, [](V v) { return Pair(v.closed == IDD_OVERLAY_LIST && OverlaySelected && OverlaySelected->ovPending == 1 && v.record.dmOverlayState != 2, 0); }},
     {"overlay list rows",       IDD_OVERLAY_LIST, Always, [](V v) { return Pair(OverlayListApart(v), 0); }},
     {"one new overlay",         IDD_OVERLAY_LIST, Always, [](V v) { return Pair(v.Enabled(IDC_OVL_NEW), !Pending(v)); }},
     {"overlay edit locked",     IDD_OVERLAY_LIST, Always, [](V v) { return Pair(v.Enabled(IDC_OVL_EDIT), !Pending(v) && v.Selection(IDC_OVL_LIST) != 0); }},
