@@ -16,7 +16,6 @@ constexpr char Booklet[] = " dmDuplexOn=1 dmDuplexBinding=1 dmBookletPaper=1 dmN
 
 // Choices of this page.
 constexpr char Scaled[] = "dmFitToPaper=1 dmZoom=150";
-constexpr char Fitted[] = "dmFitToPaper=2 dmOutputPaper=9";
 constexpr char Proof[] = "dmCopies=3 dmCollateMode=1 dmProofPrint=1";
 constexpr char ShiftOn[] = "dmImageShiftOn=1";
 
