@@ -124,6 +124,7 @@ TEST(WatermarkDialog, CenterClearsThePosition)
     sheet.Drawn();
     sheet.Click(IDC_WM_USER_POSITION);
     EXPECT_TRUE(sheet.Drawn().empty());
+    EXPECT_EQ(WatermarkRowAt(1)->wmPositionMode, 1);
 }
 
 TEST(WatermarkDialog, TextFaceAndStyleGoIntoTheRow)
@@ -202,7 +203,7 @@ TEST(WatermarkDialog, NewRowsCountTheirNames)
         {u"Watermark2", u"y"}
     });
     sheet.Click(IDC_WM_NEW);
-    EXPECT_EQ(sheet.List(), "<NONE> Watermark Watermark2 [Watermark1]");
+    EXPECT_EQ(sheet.List() + sheet.Usable(), "<NONE> Watermark Watermark2 [Watermark1]NDE");
     EXPECT_TRUE(sheet.HasFocus(IDC_WM_NAME));
     for (const int control : {IDC_WM_ANGLE, IDC_WM_ANGLE_LABEL, IDC_WM_VERTICAL, IDC_WM_HORIZONTAL})
         EXPECT_FALSE(sheet.Enabled(control)) << control;
