@@ -130,6 +130,7 @@ class Player : public platform::Desktop {
     std::vector<std::u16string> boxes_;
     std::u16string newOverlay_;  // the path of the one that the next job makes
     bool beeped_ = false, applied_ = false;
+    int appliedPage_ = 0;
     // Another sheet is or was up beside the one of the job: the printer's own, which has no record of a job, or a
     // second one, which takes the record and the lists of the first. Then only what is left in the end is looked at.
     bool unjudged_ = false;
@@ -152,6 +153,7 @@ void Player::Take(const Step& step, HWND top)
     at_ = at, now_ = step, dialog_ = dialog, control_ = outcome == user::Outcome::Done ? control : Elsewhere;
     if (control_ == Applied && outcome == user::Outcome::Done) {
         applied_ = true;
+        appliedPage_ = dialog;  // leaving its field may put the record right
         appliedRecord_ = last_;
         laterRecord_ = *CurrentSettings;
     }
@@ -243,7 +245,8 @@ void Player::Published(LONG result, const std::vector<BYTE>& output)
     if (published.dmSize != RecordPublicSize || published.dmDriverExtra != RecordPrivateSize) return;
     // What was chosen behind the last Apply goes with Cancel.
     const auto wrong = [&](const DriverDevMode& chosen) {
-        return WrongChanges({start_, nullptr, dialog_, published, chosen, false, false, Confirmed, dialog_});
+        const int page = result == IDOK ? dialog_ : appliedPage_;
+        return WrongChanges({start_, nullptr, page, published, chosen, false, false, Confirmed, page});
     };
     const std::string apart = wrong(result == IDOK ? last_ : appliedRecord_);
     if (!apart.empty() && (result == IDOK || !wrong(laterRecord_).empty())) Fail("published: " + apart);
