@@ -135,8 +135,7 @@ class Player : public platform::Desktop {
     // second one, which takes the record and the lists of the first. Then only what is left in the end is looked at.
     bool unjudged_ = false;
     DriverDevMode last_{};
-    // At the last Apply: before it, and when it had left the field and the page had come to the front again.
-    DriverDevMode appliedRecord_{}, laterRecord_{};
+    DriverDevMode appliedRecord_{};  // before the last Apply
     platform::StoredValues lastStore_;
 };
 
@@ -155,7 +154,6 @@ void Player::Take(const Step& step, HWND top)
         applied_ = true;
         appliedPage_ = dialog;  // leaving its field may put the record right
         appliedRecord_ = last_;
-        laterRecord_ = *CurrentSettings;
     }
     Look();
     if (user::Ended(top) && control_ == IDOK) closed_ = dialog;
@@ -244,12 +242,10 @@ void Player::Published(LONG result, const std::vector<BYTE>& output)
     const auto& published = *reinterpret_cast<const DriverDevMode*>(output.data());
     if (published.dmSize != RecordPublicSize || published.dmDriverExtra != RecordPrivateSize) return;
     // What was chosen behind the last Apply goes with Cancel.
-    const auto wrong = [&](const DriverDevMode& chosen) {
-        const int page = result == IDOK ? dialog_ : appliedPage_;
-        return WrongChanges({start_, nullptr, page, published, chosen, false, false, Confirmed, page});
-    };
-    const std::string apart = wrong(result == IDOK ? last_ : appliedRecord_);
-    if (!apart.empty() && (result == IDOK || !wrong(laterRecord_).empty())) Fail("published: " + apart);
+    const DriverDevMode& chosen = result == IDOK ? last_ : appliedRecord_;
+    const int page = result == IDOK ? dialog_ : appliedPage_;
+    const View view{start_, nullptr, page, published, chosen, false, false, Confirmed, page};
+    if (const std::string wrong = WrongChanges(view); !wrong.empty()) Fail("published: " + wrong);
     if (result == IDOK && !newOverlay_.empty() &&
         (published.dmOverlayState != 2 || published.dmOverlayFile != newOverlay_))
         Fail("published: an overlay that is to be made is not named");
