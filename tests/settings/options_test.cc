@@ -196,4 +196,14 @@ TEST_F(Options, ANewSourceFiltersThePapers)
     PaperRowCount = 0;
 }
 
+TEST_F(Options, Tray2CanBeSetAndNotCleared)
+{
+    record.dmDeviceFlags = 0x7F;
+    SetOption(Tray2Option, DWORD{0xFFFFFFFF});
+    EXPECT_EQ(record.dmDeviceFlags, 0xFFu);
+    EXPECT_EQ(GetOption<DWORD>(Tray2Option), 0x80u);
+    SetOption(Tray2Option, DWORD{0});
+    EXPECT_EQ(record.dmDeviceFlags, 0xFFu);
+}
+
 }  // namespace

@@ -154,6 +154,31 @@ TEST_F(DocumentSheet, KeepsItsRecordWhileAnotherOneIsOpen)
     EXPECT_EQ(second.Close(), 1);           // and the fixture sees that both are gone
 }
 
+TEST_F(DocumentSheet, AnswersWithoutAServiceToo)
+{
+    Call call(*this);
+    EXPECT_EQ(DrvDocumentPropertySheets(nullptr, reinterpret_cast<LPARAM>(&call.header)), 1);
+    EXPECT_EQ(output.dmDriverExtra, 1628);
+    EXPECT_EQ(call.header.cbOut, 1848u);
+    EXPECT_EQ(CurrentSettings, nullptr);
+}
+
+TEST_F(DocumentSheet, RefusesWhatIsNoHeaderOrContextOfIts)
+{
+    PROPSHEETUI_INFO info{};
+    EXPECT_EQ(DrvDocumentPropertySheets(&info, 1), -1);
+    EXPECT_EQ(DrvDocumentPropertySheets(nullptr, 0), -1);
+    Call call(*this);
+    EXPECT_EQ(call.Close(), -1);
+    call.Open();
+    EXPECT_EQ(call.Reason(4, nullptr), -1);
+    call.Context().self = nullptr;
+    EXPECT_EQ(call.Close(), -1);
+    EXPECT_EQ(DocumentSheetCount, 1);
+    call.Context().self = &call.Context();
+    call.Close();
+}
+
 class FixUp : public PrinterTest {
   protected:
     static void OpenTheWindow()
