@@ -9,6 +9,7 @@
 #include "tests/support/watermark_sheet.h"
 #include "watermark/overlay_list.h"
 #include "watermark/watermark_list.h"
+#include "watermark/watermark_values.h"
 
 namespace random_use {
 
@@ -191,11 +192,11 @@ constexpr int EditorControls = 12;
 long StoredWatermarksApart(V v)
 {
     if (v.closed != IDD_WATERMARK || !v.start.mayChange) return 0;
-    std::string names, texts, attributes, count = "0";
-    for (int k = 1; const WatermarkRecord* row = WatermarkRowAt(k); ++k) {
-        const auto lines = [&](const char16_t* value) {
-            return testing_support::StoredLines(*v.start.machine, value, testing_support::TestPrinter);
-        };
+    const int rows = WatermarkCount - CountWatermarksWithoutRoom();
+    std::string names = std::to_string(rows) + "/", texts = names, attributes;
+    for (int k = 1; k <= rows; ++k) {
+        const WatermarkRecord* row = WatermarkRowAt(k);
+        if (!row) return 1000;
         names += platform::ToUtf8(row->wmName) + "/";
         texts += platform::ToUtf8(row->wmText) + "/";
         for (const int number :
@@ -203,11 +204,12 @@ long StoredWatermarksApart(V v)
               row->wmPositionX + 0, row->wmItalic + 2 * row->wmBold, row->wmAngleMode + 0, row->wmAngle + 0})
             attributes += std::to_string(number) + "|";
         attributes += platform::ToUtf8(row->wmFaceName) + "/";
-        count = std::to_string(k) + "/";
-        if (lines(u"WatermarkTextName") == count + names)
-            return lines(u"WatermarkText") != count + texts ? 1 : lines(u"WatermarkAttributes") != attributes ? 2 : 0;
     }
-    return WatermarkCount == 0 ? 0 : 3;
+    const auto stored = [&](const char16_t* value) {
+        return testing_support::StoredLines(*v.start.machine, value, testing_support::TestPrinter);
+    };
+    return (stored(u"WatermarkTextName") != names) + (stored(u"WatermarkText") != texts) +
+           (stored(u"WatermarkAttributes") != attributes);
 }
 
 // The order of the pages: what the record asks for, and what the radio buttons say.
@@ -236,7 +238,7 @@ EditedOverlay OverlayUnderEdit(bool empty = false)
 {
     return empty || !OverlayEditing ? EditedOverlay() : EditedOverlay{OverlayEditing->ovName, OverlayEditing->ovPath};
 }
-// After OK of the list: the rows in memory are those that are stored, and a new one is what the job makes.
+// After OK of the list the rows in memory are those that are stored.
 long StoredOverlaysApart(V v)
 {
     if (v.closed != IDD_OVERLAY_LIST || !v.start.mayChange) return 0;
