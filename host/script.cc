@@ -285,9 +285,11 @@ const char ScriptHelp[] =
     "  dump                        print the dialog on top\n"
     "  record                      print the record that the sheet last published by Apply or OK\n"
     "  snapshot FILE               write the dialog on top as a PNG\n"
-    "Steps go to the dialog on top; one that a user could not do is refused, which is printed. A dialog that\n"
-    "is up at the script's end is cancelled. What happens is printed as JSON, one object a line: message,\n"
-    "fileDialog, help, beep, refused, dump, record, and end with what the module's entry answered.";
+    "Steps go to the dialog on top; one that a user could not do is refused, which is printed. A box without\n"
+    "an answer is cancelled, or gets OK where that is all it has; a file dialog without a path, and a dialog\n"
+    "that is up at the script's end, are cancelled. After Cancel the status is 1, also where Apply has published\n"
+    "before. What happens is printed as JSON, one object a line: message, fileDialog, help, beep, refused, dump,\n"
+    "record, and end with what the module's entry answered.";
 
 ScriptError::ScriptError(int line, const std::string& what)
     : std::runtime_error("line " + std::to_string(line) + " of the script: " + what)

@@ -63,7 +63,9 @@ void SheetOptions::AddTo(CLI::App& command)
         ->type_name("FILE")
         ->check(FileName());
     command.add_flag("--strict", strict, "End with status 3 at the first step of the script that is refused");
-    command.add_option("--trace", trace, "Write every drawing call of the module as a JSON line")
+    command
+        .add_option("--trace", trace,
+                    "Write the module's drawing calls as JSON lines: call, dc, on (control), args, result")
         ->type_name("FILE")
         ->check(FileName());
     command.footer(ScriptHelp);
