@@ -136,11 +136,11 @@ void Attempt::Begin() const
     if (mode_ == Mode::Once || mode_ == Mode::Later) faults.Add(function_, call_, mode_ == Mode::Later);
 }
 
-void Attempt::Note(int place)
+void Attempt::Note(std::initializer_list<int> places)
 {
     std::uint64_t sum = 0;
     for (const auto& [function, count] : platform::CurrentEnvironment().faults.Failures()) sum += count;
-    if (sum != noted_) places_.insert(place);
+    if (sum != noted_) places_.insert(places);
     noted_ = sum;
 }
 

@@ -32,8 +32,8 @@ class Attempt {
     bool Clean() const { return mode_ == Mode::Clean; }
     bool Single() const { return mode_ == Mode::Once; }
     std::string Name() const;
-    // To be called where something has been done: whatever has failed since then failed there.
-    void Note(int place);
+    // To be called where something has been done: whatever has failed since then failed in one of these places.
+    void Note(std::initializer_list<int> places);
     bool FailedAt(int place) const { return places_.contains(place); }
     // How often calls of these functions have failed.
     std::uint64_t Failed(std::initializer_list<const char*> functions) const;

@@ -200,13 +200,15 @@ class ScriptUser : public platform::Desktop {
     void Run(HWND top) override
     {
         const int here = ModalDialog(top);
-        attempt_.Note(here);  // on the way here
+        const auto place = [top] { return ModalDialog(user::DialogOf(top)); };  // the page in front, or the dialog
+        attempt_.Note({place()});                                               // on the way here
         while (!user::Ended(top) && next_ < std::size(Script)) {
             const Step& step = Script[next_];
             if (step.dialog == here) {
                 ++next_;
+                const int before = place();
                 const user::Outcome outcome = Take(step, top);
-                attempt_.Note(here);
+                attempt_.Note({before, place()});
                 if (attempt_.Clean()) {
                     EXPECT_EQ(outcome, user::Outcome::Done) << "step " << &step - Script;
                 }
@@ -278,13 +280,14 @@ constexpr std::initializer_list<const char*> Loaders = {"OpenPrinterW",       "G
                                                         "GlobalLock",         "LB_INSERTSTRING", "CB_INSERTSTRING",
                                                         "SendDlgItemMessageW"};
 
-// A list is loaded and saved by its dialog and by the sheet.
-void CheckList(const char* what, int dialog, const RowNames& names, const RowNames& whole, const Attempt& attempt)
+// A list is loaded and saved by its page and its dialog.
+void CheckList(const char* what, int page, int dialog, const RowNames& names, const RowNames& whole,
+               const Attempt& attempt)
 {
     if (attempt.Clean()) {
         EXPECT_EQ(names, whole) << what;
     }
-    if (attempt.Failed(Loaders) == 0 || (!attempt.FailedAt(dialog) && !attempt.FailedAt(Sheet))) {
+    if (attempt.Failed(Loaders) == 0 || (!attempt.FailedAt(dialog) && !attempt.FailedAt(page))) {
         EXPECT_EQ(std::count(names.begin(), names.end(), u"Kept"), 1) << what;
     }
 }
@@ -292,14 +295,14 @@ void CheckList(const char* what, int dialog, const RowNames& names, const RowNam
 void CheckStore(Machine& machine, const Attempt& attempt)
 {
     const bool mayDiffer = attempt.Failed({"SetPrinterDataW"}) > 0;
-    CheckList("watermarks", IDD_WATERMARK, WatermarkNamesStored(machine, mayDiffer), {u"Kept", u"Gone", u"Watermark"},
-              attempt);
+    CheckList("watermarks", IDD_SETUP, IDD_WATERMARK, WatermarkNamesStored(machine, mayDiffer),
+              {u"Kept", u"Gone", u"Watermark"}, attempt);
     // A size's name is held against what the list shows, which may no longer tell it.
     const bool mayRepeat = !attempt.Single() && attempt.Failed({"SendDlgItemMessageW"}) > 0;
-    CheckList("papers", IDD_CUSTOM_PAPER, PaperNames(machine, mayDiffer, mayRepeat), {u"Gone2", u"Kept", u"New Paper0"},
-              attempt);
-    CheckList("overlays", IDD_OVERLAY_LIST, OverlayNames(machine, mayDiffer), {u"Kept", u"Bill", u"Form Overlay-3-"},
-              attempt);
+    CheckList("papers", IDD_PAPER, IDD_CUSTOM_PAPER, PaperNames(machine, mayDiffer, mayRepeat),
+              {u"Gone2", u"Kept", u"New Paper0"}, attempt);
+    CheckList("overlays", IDD_SETUP, IDD_OVERLAY_LIST, OverlayNames(machine, mayDiffer),
+              {u"Kept", u"Bill", u"Form Overlay-3-"}, attempt);
     EXPECT_EQ(machine.store->Value(TestPrinter, u"PrinterData")->bytes, (platform::Bytes{0, 4, 8, 0, 1, 0, 0, 0}));
     EXPECT_EQ(machine.store->Values(TestPrinter).size(), 9u);
     EXPECT_TRUE(machine.store->DefaultRecord(TestPrinter).empty());

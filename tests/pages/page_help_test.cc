@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <map>
 #include <set>
 #include <utility>
 #include <vector>
@@ -64,10 +65,11 @@ const Topics SetupHelp = {
     {5112, {IDC_OVERLAY_GROUP, IDC_OVERLAY, IDC_OVERLAY_FIRST_PAGE, IDC_EDIT_OVERLAY}},
 };
 
-const Topics CustomPaperHelp = {{1221, {IDC_CP_NEW}}, {1222, {IDC_CP_HEIGHT_LABEL}}};
-const Topics WatermarkHelp = {{1151, {IDC_WM_PREVIEW, IDC_WM_FRAME}}, {1152, {IDC_WM_ANGLE_RANGE, IDCANCEL}}};
-const Topics OverlayListHelp = {{5113, {IDC_OVL_DELETE}}};
-const Topics OverlayEditHelp = {{5113, {IDC_OVL_PATH}}};
+const Topics CustomPaperHelp = {
+    {1221, {IDC_CP_NAME_HEADER, IDC_CP_SIZE_HEADER, IDC_CP_LIST, IDC_CP_NEW, IDC_CP_DELETE}},
+    {0, {IDOK, IDCANCEL, IDC_HELP}},
+};
+const Topics WatermarkHelp = {{1151, {IDC_WM_PREVIEW, IDC_WM_FRAME}}};
 
 // clang-format on
 
@@ -77,18 +79,21 @@ struct Place {
     int button, second;
     DWORD context;
     Topics topics;
+    DWORD others = 0;  // what every other control of the dialog asks for
 };
+// clang-format off
 const Place Places[] = {
-    {u"Setup",                  0,                  0,           1101, SetupHelp      },
-    {u"Setup",                  IDC_NUP_STYLE,      0,           1141, {}             },
-    {u"Setup",                  IDC_EDIT_WATERMARK, 0,           1103, WatermarkHelp  },
-    {u"Setup",                  IDC_EDIT_OVERLAY,   0,           5113, OverlayListHelp},
-    {u"Setup",                  IDC_EDIT_OVERLAY,   IDC_OVL_NEW, 5113, OverlayEditHelp},
-    {u"Paper",                  0,                  0,           1201, PaperHelp      },
-    {u"Paper",                  IDC_EDIT_CUSTOM,    0,           1202, CustomPaperHelp},
-    {u"Quality",                0,                  0,           1301, QualityHelp    },
-    {u"Device Options Setting", 0,                  0,           1401, DeviceHelp     },
+    {u"Setup",                  0,                  0,                1101, SetupHelp},
+    {u"Setup",                  IDC_NUP_STYLE,      0,                1141, {}},
+    {u"Setup",                  IDC_EDIT_WATERMARK, 0,                1103, WatermarkHelp, 1152},
+    {u"Setup",                  IDC_EDIT_OVERLAY,   0,                5113, {}, 5113},
+    {u"Setup",                  IDC_EDIT_OVERLAY,   IDC_OVL_NEW,      5113, {}, 5113},
+    {u"Paper",                  0,                  0,                1201, PaperHelp},
+    {u"Paper",                  IDC_EDIT_CUSTOM,    0,                1202, CustomPaperHelp, 1222},
+    {u"Quality",                0,                  0,                1301, QualityHelp},
+    {u"Device Options Setting", 0,                  0,                1401, DeviceHelp},
 };
+// clang-format on
 
 std::set<DWORD> TopicsOfTheFile()
 {
@@ -115,17 +120,23 @@ TEST(Help, EveryPageDialogAndControlHasItsTopic)
         EXPECT_EQ(whole.command, place.button ? whole.command : HELP_CONTEXT);
         EXPECT_EQ(whole.context, place.context);
         EXPECT_TRUE(whole.file.ends_with(u"\\3\\4820drv.HLP") && whole.file.size() > 14);
-        for (const auto& [context, controls] : place.topics)
-            for (const int control : controls) {
-                sheet.HelpOn(control);
-                EXPECT_EQ(sheet.HelpSeenSoFar().back(), (HelpSeen{control, whole.file, HELP_WM_HELP, context}));
-            }
-        sheet.Try([](HWND dialog) {
+        std::map<int, DWORD> expected;
+        sheet.Try([&](HWND dialog) {
             const std::vector<HWND> children = platform::user::Find(dialog)->children;
-            for (const HWND child : children)
-                if (platform::user::Find(child)->id > 0) platform::user::ContextHelp(child);
+            for (const HWND child : children) {
+                const auto* control = platform::user::Find(child);
+                if (control->id <= 0) continue;
+                if (place.others && control->visible) expected[control->id] = place.others;
+                platform::user::ContextHelp(child);
+            }
             return platform::user::Outcome::Done;
         });
+        for (const auto& [context, controls] : place.topics)
+            for (const int control : controls) expected[control] = context;
+        for (const auto& [control, context] : expected) {
+            sheet.HelpOn(control);
+            EXPECT_EQ(sheet.HelpSeenSoFar().back(), (HelpSeen{control, whole.file, HELP_WM_HELP, context}));
+        }
         for (const DWORD context : sheet.HelpContexts()) asked.insert(context);
     }
     asked.erase(0);
