@@ -131,9 +131,10 @@ TEST(Processes, ThatAreKilledAtRandomLeaveTheStoreWhole)
             children.emplace_back(run.Start(work.line, work.input, std::to_string(i)), work.mostStatus);
         }
         std::shuffle(children.begin(), children.end(), random);
-        for (const auto& [child, most] : children) {
+        // One of them may end its work, however slow the machine is.
+        for (std::size_t i = 1; i < children.size(); ++i) {
             ::usleep(random() % 40'000);
-            ::kill(child, SIGKILL);
+            ::kill(children[i].first, SIGKILL);
         }
         for (const auto& [child, most] : children) {
             int status = 0;
