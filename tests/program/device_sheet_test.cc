@@ -8,16 +8,17 @@ using testing::HasSubstr;
 
 namespace {
 
-constexpr char Confirmed[] = "{\"end\": {\"result\": 1}}\n", Dismissed[] = "{\"end\": {\"result\": 0}}\n";
-constexpr char One[] = "{\"tray2\": {\"type\": \"REG_BINARY\", \"hex\": \"31000000\"}}\n";
-constexpr char Zero[] = "{\"tray2\": {\"type\": \"REG_BINARY\", \"hex\": \"30000000\"}}\n";
+const std::string Confirmed = "{\"end\": {\"result\": 1}}\n", Dismissed = "{\"end\": {\"result\": 0}}\n";
+const std::string One = "{\"tray2\": {\"type\": \"REG_BINARY\", \"hex\": \"31000000\"}}\n";
 const std::string Sheet = "device-sheet NAME --platform country=1 --script - ";
 
-TEST(DeviceSheetCommand, TellsOkFromCancelAndWritesTray2ForBoth)
+using DeviceSheetCommand = ProgramTest;
+
+TEST_F(DeviceSheetCommand, TellsOkFromCancelAndWritesTray2ForBoth)
 {
-    Program run;
     EXPECT_EQ(run(Sheet, "cancel"), (Result{1, Dismissed, ""}));
-    EXPECT_EQ(run("printer registry NAME"), Done(Zero));
+    EXPECT_EQ(run("printer registry NAME"), Done("{\"tray2\": {\"type\": \"REG_BINARY\", \"hex\": \"30000000\"}}\n"));
+    EXPECT_EQ(run(Sheet + "--no-permission", "ok"), Done(Confirmed));
     EXPECT_EQ(run("printer data NAME"), Done("{}\n"));
     run("printer registry NAME tray2 --hex 31000000");
     EXPECT_EQ(run(Sheet, "ok"), Done(Confirmed));
@@ -25,11 +26,12 @@ TEST(DeviceSheetCommand, TellsOkFromCancelAndWritesTray2ForBoth)
     EXPECT_EQ(run("printer data NAME"), Done("{\"PrinterData\": {\"type\": \"REG_BINARY\", \"hex\": "
                                              "\"0004080000000000\"}, "
                                              "\"PrinterDataSize\": {\"type\": \"REG_DWORD\", \"value\": 8}}\n"));
+    run("sheet NAME --script - -o r", "ok");
+    EXPECT_THAT(run("record show r").out, HasSubstr("\"dmDeviceFlags\": 128")) << "what a job begins with";
 }
 
-TEST(DeviceSheetCommand, PlaysTheOptionAndAbout)
+TEST_F(DeviceSheetCommand, PlaysTheOptionAndAbout)
 {
-    Program run;
     EXPECT_EQ(run(Sheet + "--strict", "choose 99 0 # no list\n").status, 3);
     const Result played =
         run(Sheet + "--strict", "click 100\nanswer ok\nrow 99 0\ndump\npage \"About\"\ndump\nrecord\nok");
@@ -43,16 +45,8 @@ TEST(DeviceSheetCommand, PlaysTheOptionAndAbout)
                                   HasSubstr("{\"record\": null}")));
 }
 
-TEST(DeviceSheetCommand, StoresNothingWithoutPermission)
+TEST_F(DeviceSheetCommand, TestsTheRightsThroughPrinterProperties)
 {
-    Program run;
-    EXPECT_EQ(run(Sheet + "--no-permission", "ok"), Done(Confirmed));
-    EXPECT_EQ(run("printer data NAME"), Done("{}\n"));
-}
-
-TEST(DeviceSheetCommand, TestsTheRightsThroughPrinterProperties)
-{
-    Program run;
     EXPECT_EQ(run(Sheet + "--entry printer-properties", "cancel"), (Result{1, Dismissed, ""}));
     EXPECT_EQ(run("printer data NAME"), Done("{\"Permission\": {\"type\": \"REG_DWORD\", \"value\": 1}}\n"));
     EXPECT_EQ(run("printer registry NAME"), Done("{}\n"));
@@ -61,29 +55,14 @@ TEST(DeviceSheetCommand, TestsTheRightsThroughPrinterProperties)
     EXPECT_EQ(run("printer data R"), Done("{}\n"));
 }
 
-TEST(DeviceSheetCommand, SaysWhyNoSheetCameUp)
+TEST_F(DeviceSheetCommand, SaysWhyNoSheetCameUp)
 {
-    Program run;
     EXPECT_EQ(run(Sheet + "--platform missing=compstui.dll --entry printer-properties", "ok"),
               (Result{3, Confirmed, "qd480: the sheet could not be shown: PrinterProperties answered 1\n"}));
     EXPECT_EQ(run(Sheet + "--platform fail=HeapCreate", "ok"),
               (Result{3, "{\"end\": {\"result\": -1}}\n",
                       "qd480: the sheet could not be shown: DrvDevicePropertySheets answered -1\n"}));
     EXPECT_EQ(run(Sheet + "--entry printer-properties --no-permission").status, 2);
-}
-
-// What the device sheet stores is what the record of a job begins with, until its own Default takes it out.
-TEST(DeviceSheetCommand, ReachesTheDocumentSheetThroughTheRegistry)
-{
-    Program run;
-    run("printer registry NAME tray2 --hex 31000000");
-    run(Sheet, "cancel");
-    const std::string page = "page \"Device Options Setting\"\n";
-    for (const auto& [script, flags] : {std::pair(page, "128"), std::pair(page + "click IDC_DEFAULT\n", "0")}) {
-        run("sheet NAME --script - --strict -o r", script + "ok");
-        EXPECT_THAT(run("record show r").out, HasSubstr(std::string("\"dmDeviceFlags\": ") + flags));
-    }
-    EXPECT_EQ(run("printer registry NAME"), Done(One));
 }
 
 }  // namespace

@@ -3,7 +3,9 @@
 
 namespace {
 
-TEST(DocumentEvent, AnswersAndSaysWhetherItStored)
+using DocumentEvent = ProgramTest;
+
+TEST_F(DocumentEvent, AnswersAndSaysWhetherItStored)
 {
     const std::string word(16, '0'), three = word + word + word;
     const std::tuple<std::string, int, bool> rows[] = {
@@ -21,41 +23,41 @@ TEST(DocumentEvent, AnswersAndSaysWhetherItStored)
         {"-- -65531",                            1, false},
     };
     for (const auto& [words, result, stored] : rows)
-        EXPECT_EQ(
-            Program()("document-event NAME " + words),
-            Done("{\"result\": " + std::to_string(result) + ", \"stored\": " + (stored ? "true" : "false") + "}\n"))
+        EXPECT_EQ(run("document-event NAME " + words), Done("{\"result\": " + std::to_string(result) +
+                                                            ", \"stored\": " + (stored ? "true" : "false") + "}\n"))
             << words;
 }
 
-// What the events 1 and 3 do to a record.
-TEST(DocumentEvent, MakesTheRecordReadyInPlace)
+TEST_F(DocumentEvent, LeavesTheRecordAsTheEventMadeIt)
 {
-    Program run;
     run("document-properties NAME --mode 2 -o r");
     run("record set r dmPrintQuality=-3 dmResolution=0 dmPaperSize=1 dmWatermarkOn=1 dmWatermark.wmAngleMode=2 "
         "dmWatermark.wmFaceName=Arial -o r");
-    for (const char* code : {"1", "3"}) {
+    const std::string ready = "{\"dmPrintQuality\": [-3, 600], \"dmWatermark.wmAngle\": [0, 53]}\n";
+    for (const auto& [code, changes] : {
+             std::pair("1", ready), {"3",                       ready },
+               {"1 --information-context", "{}\n"}
+    }) {
         run(std::string("document-event NAME --record r -o s --platform fonts=builtin ") + code);
-        EXPECT_EQ(run("record diff r s").out, "{\"dmPrintQuality\": [-3, 600], \"dmWatermark.wmAngle\": [0, 53]}\n");
+        EXPECT_EQ(run("record diff r s").out, changes) << code;
     }
-    run("document-event NAME 1 --record r -o s --information-context");
-    EXPECT_EQ(run("record diff r s"), Done("{}\n"));
 }
 
-TEST(DocumentEvent, StandsAnyRecord)
+TEST_F(DocumentEvent, StandsAnyRecord)
 {
     for (const std::string& record : {std::string(), std::string(1848, '\xFF')})
         for (const char* code : {"1", "3", "7"})
-            EXPECT_EQ(Program()(std::string("document-event NAME --record - ") + code, record).status, 0) << code;
+            EXPECT_EQ(run(std::string("document-event NAME --record - ") + code, record).status, 0) << code;
 }
 
-TEST(DocumentEvent, RefusesWhatMakesNoInput)
+TEST_F(DocumentEvent, RefusesWhatMakesNoInput)
 {
-    EXPECT_EQ(Program()("document-event NAME 1 --in 0"),
-              (Result{2, "", "qd480: --in takes pairs of hexadecimal digits\n"}));
-    EXPECT_EQ(Program()("document-event NAME 3 --information-context"),
-              (Result{2, "", "qd480: --information-context goes with event 1 and without --in\n"}));
-    EXPECT_EQ(Program()("document-event NAME five").status, 2);
+    ExpectRefused(run, 2, "document-event NAME ",
+                  {
+                      {"1 --in 0",                "--in takes pairs of hexadecimal digits\n"                  },
+                      {"3 --information-context", "--information-context goes with event 1 and without --in\n"},
+                      {"five",                    ""                                                          },
+    });
 }
 
 }  // namespace

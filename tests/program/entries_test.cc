@@ -3,33 +3,26 @@
 
 namespace {
 
-TEST(Entries, ACapabilityStandsUnderItsNameOrItsNumber)
+using Entries = ProgramTest;
+
+// The last one has more papers than can be counted: 27 and 65509 are 0 in the 16 bits that count the names.
+TEST_F(Entries, ACapabilityStandsUnderItsNameOrItsNumber)
 {
-    EXPECT_EQ(Program()("--platform country=49 capabilities NAME --only DC_MEDIAREADY --only 31 --only 19"),
+    EXPECT_EQ(run("--platform country=49 capabilities NAME --only DC_MEDIAREADY --only 31 --only 19"),
               Done("{\"DC_MEDIAREADY\": {\"code\": 29, \"answer\": 1, \"withoutOutput\": 3, \"output\": [\"A4\"]}, "
                    "\"DC_PRINTRATEPPM\": {\"code\": 31, \"answer\": 20, \"withoutOutput\": 20}, "
                    "\"19\": {\"code\": 19, \"answer\": -1, \"withoutOutput\": -1}}\n"));
-}
-
-// 27 and 65509 papers are 0 in the 16 bits that count the names.
-TEST(Entries, MorePapersThanCanBeCountedAreNotListed)
-{
-    Program run;
+    EXPECT_EQ(run("capabilities NAME --only DC_BINNAMES --platform fail=GlobalAlloc:1"),
+              Done("{\"DC_BINNAMES\": {\"code\": 12, \"answer\": 4, \"withoutOutput\": -1, \"output\": "
+                   "[\"Auto\", \"Tray1\", \"Tray2\", \"Manual Feed\"]}}\n"));
     run("printer data NAME CustomPaperDataSize --dword 3668504");
     run("printer data NAME CustomPaperData --hex 00");
     EXPECT_EQ(run("capabilities NAME --only DC_PAPERNAMES"),
               Done("{\"DC_PAPERNAMES\": {\"code\": 16, \"answer\": 0, \"withoutOutput\": 0, \"output\": []}}\n"));
 }
 
-TEST(Entries, ACapabilityThatFailsWithoutOutputMayBeAnsweredWithOne)
-{
-    EXPECT_EQ(Program()("capabilities NAME --only DC_BINNAMES --platform fail=GlobalAlloc:1"),
-              Done("{\"DC_BINNAMES\": {\"code\": 12, \"answer\": 4, \"withoutOutput\": -1, \"output\": "
-                   "[\"Auto\", \"Tray1\", \"Tray2\", \"Manual Feed\"]}}\n"));
-}
-
 // The printer, too, is the entry's to find.
-TEST(Entries, AConversionTellsTheEntrysAnswerAndLeavesTheWholeBuffer)
+TEST_F(Entries, AConversionTellsTheEntrysAnswerAndLeavesTheWholeBuffer)
 {
     const std::pair<const char*, const char*> rows[] = {
         {"NAME --mode 4 --room 2000 -o default",                 "true, \"lastError\": 122, \"needed\": 1848"  },
@@ -40,7 +33,6 @@ TEST(Entries, AConversionTellsTheEntrysAnswerAndLeavesTheWholeBuffer)
         {"Nowhere --mode 4 --room 1848",                         "false, \"lastError\": 1801, \"needed\": 1848"},
         {"NAME --mode 4 --room 0x738 --no-output -o zeros",      "false, \"lastError\": 122, \"needed\": 1848" },
     };
-    Program run;
     for (const auto& [words, answer] : rows)
         EXPECT_EQ(run(std::string("convert ") + words), Done(std::string("{\"result\": ") + answer + "}\n")) << words;
     EXPECT_EQ(run.Contents("default").size(), 2000u);
@@ -51,23 +43,22 @@ TEST(Entries, AConversionTellsTheEntrysAnswerAndLeavesTheWholeBuffer)
               Done("{\"result\": 0, \"message\": \"Memory allocation failed\", \"needed\": 25}\n"));
 }
 
-TEST(Entries, NumbersAndFilesThatMakeNoInputAreRefused)
+TEST_F(Entries, NumbersAndFilesThatMakeNoInputAreRefused)
 {
-    for (const char* line : {
-             "convert NAME --mode 2 --room 16777217",
-             "convert NAME --mode 2 --room 300 --in ''",
-             "convert NAME --mode 2 --room 300 --in - --template -",
-             "can-print NAME ''",
-             "event NAME 5th",
-             "upgrade NAME --level -1",
-             "capabilities NAME --only +2",
-         })
-        EXPECT_EQ(Program()(line).status, 2) << line;
+    ExpectRefused(run, 2, "",
+                  {
+                      {"convert NAME --mode 2 --room 16777217",                ""},
+                      {"convert NAME --mode 2 --room 300 --in ''",             ""},
+                      {"convert NAME --mode 2 --room 300 --in - --template -", ""},
+                      {"can-print NAME ''",                                    ""},
+                      {"event NAME 5th",                                       ""},
+                      {"upgrade NAME --level -1",                              ""},
+                      {"capabilities NAME --only +2",                          ""},
+    });
 }
 
-TEST(Entries, AnUpgradeWritesTheBlockAndWantsSizes)
+TEST_F(Entries, AnUpgradeWritesTheBlockAndWantsSizes)
 {
-    Program run;
     run("printer data NAME PrinterData --hex 20030400FFFFFFFF");
     run("printer data NAME PrinterDataSize --dword 8");
     run("printer data NAME CustomPaperDataSize --dword 30");
@@ -78,9 +69,8 @@ TEST(Entries, AnUpgradeWritesTheBlockAndWantsSizes)
     EXPECT_EQ(run("upgrade NAME --level 2"), Done("{\"result\": false, \"lastError\": 87}\n"));
 }
 
-TEST(Entries, AnEventNeedsNoPrinterButARefreshTheHelpers)
+TEST_F(Entries, AnEventNeedsNoPrinterButARefreshTheHelpers)
 {
-    Program run;
     EXPECT_EQ(run("event Nowhere 3"), Done("{\"result\": true}\n"));
     EXPECT_EQ(run("--platform missing=spoolss.dll event NAME 5"), Done("{\"result\": false}\n"));
 }

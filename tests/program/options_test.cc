@@ -5,35 +5,28 @@
 
 using testing::AllOf;
 using testing::HasSubstr;
-using testing::StartsWith;
 
 namespace {
 
-void ExpectRefused(const std::string& line, const std::string& message)
+using Options = ProgramTest;
+
+TEST_F(Options, ThatAreWrongAreToldWithStatusTwo)
 {
-    const Result run = Program()(line);
-    EXPECT_EQ(run.status, 2) << line;
-    EXPECT_EQ(run.out, "") << line;
-    EXPECT_THAT(run.err, StartsWith("qd480: " + message));
+    ExpectRefused(run, 2, "",
+                  {
+                      {"",                        "A subcommand is required"                         },
+                      {"prnter",                  "there is no command \"prnter\""                   },
+                      {"record shw",              "there is no command \"shw\""                      },
+                      {"record show ''",          "FILE: a file is wanted"                           },
+                      {"printer list --colour",   "The following argument was not expected: --colour"},
+                      {"printer list x",          "The following argument was not expected: x"       },
+                      {"printer show",            "NAME is required"                                 },
+                      {"--store '' printer list", "--store: a file is wanted"                        },
+                      {"printer show \xff",       "the printer's name is not UTF-8"                  },
+    });
 }
 
-TEST(Options, ThatAreWrongAreToldWithStatusTwo)
-{
-    const std::pair<const char*, const char*> rows[] = {
-        {"",                        "A subcommand is required"                         },
-        {"prnter",                  "there is no command \"prnter\""                   },
-        {"record shw",              "there is no command \"shw\""                      },
-        {"record show ''",          "FILE: a file is wanted"                           },
-        {"printer list --colour",   "The following argument was not expected: --colour"},
-        {"printer list x",          "The following argument was not expected: x"       },
-        {"printer show",            "NAME is required"                                 },
-        {"--store '' printer list", "--store: a file is wanted"                        },
-        {"printer show \xff",       "the printer's name is not UTF-8"                  },
-    };
-    for (const auto& [line, message] : rows) ExpectRefused(line, message);
-}
-
-TEST(Options, OfThePlatformThatAreWrongAreToldByTheirKeys)
+TEST_F(Options, OfThePlatformThatAreWrongAreToldByTheirKeys)
 {
     const std::pair<std::string, const char*> rows[] = {
         {"country",                  "KEY=VALUE is wanted"                                   },
@@ -56,12 +49,14 @@ TEST(Options, OfThePlatformThatAreWrongAreToldByTheirKeys)
         {"fail=GetPrinterW:1x",      ""                                                      },
     };
     for (const auto& [value, message] : rows)
-        ExpectRefused("--platform '" + value + "' printer list", "--platform " + value + ": " + message);
+        ExpectRefused(run, 2, "printer list --platform ",
+                      {
+                          {"'" + value + "'", "--platform " + value + ": " + message}
+        });
 }
 
-TEST(Options, StandBeforeAndBehindTheCommand)
+TEST_F(Options, StandBeforeAndBehindTheCommand)
 {
-    Program run;
     EXPECT_EQ(run("--store a printer add A"), Done());
     EXPECT_EQ(run("printer --store=a add B"), Done());
     EXPECT_EQ(run("printer show A --store a --platform country=49").status, 0);
@@ -71,26 +66,22 @@ TEST(Options, StandBeforeAndBehindTheCommand)
     EXPECT_TRUE(std::filesystem::exists(run.Path("qd480/printers.db")));  // the default store
 }
 
-TEST(Options, HelpTellsEverythingAndNeedsNothing)
+TEST_F(Options, HelpTellsEverythingAndNeedsNothing)
 {
-    Program run;
     const Result help = run("--help");
     EXPECT_EQ(help.status, 0);
     for (const char* word :
-         {"printer", "record", "document-properties", "--store", "--platform", "country", "fail", "status", "N-up"}) {
+         {"printer", "record", "document-properties", "--store", "--platform", "country", "fail", "status", "N-up"})
         EXPECT_THAT(help.out, HasSubstr(word));
-    }
     EXPECT_THAT(run("printer data --help").out, AllOf(HasSubstr("--dword"), HasSubstr("--store")));
     EXPECT_THAT(run("sheet --help").out, AllOf(HasSubstr("spin CONTROL up|down [N]"), HasSubstr("answer ok|cancel")));
     EXPECT_FALSE(std::filesystem::exists(run.Path("qd480")));
 }
 
-TEST(Options, AStoreThatIsRefusedIsNamed)
+TEST_F(Options, AStoreThatIsRefusedIsNamed)
 {
-    Program run;
     run.Put("letter", "Dear Sir or Madam,\n");
-    EXPECT_EQ(run("--store letter printer list"),
-              (Result{3, "", "qd480: letter is no printers' store: it is no SQLite file\n"}));
+    EXPECT_EQ(run("--store letter printer list"), Failed("letter is no printers' store: it is no SQLite file"));
 }
 
 }  // namespace

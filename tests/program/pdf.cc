@@ -5,25 +5,18 @@
 
 namespace {
 
-std::string Written(QPDF& pdf, void (*setUp)(QPDFWriter&, const std::string&, bool), const std::string& password,
-                    bool mayPrint)
+std::string Text(const std::shared_ptr<Buffer>& buffer)
 {
-    QPDFWriter writer(pdf);
-    writer.setOutputMemory();
-    setUp(writer, password, mayPrint);
-    writer.write();
-    const auto buffer = writer.getBufferSharedPointer();
     return {reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize()};
 }
 
 void AddNote(QPDF& pdf, QPDFObjectHandle page, int flags)
 {
     QPDFObjectHandle look = pdf.newStream("BT /F1 12 Tf 9 9 Td (Note) Tj ET");
-    look.getDict().replaceKey("/Subtype", QPDFObjectHandle::newName("/Form"));
-    look.getDict().replaceKey("/BBox", QPDFObjectHandle::parse("[0 0 99 99]"));
+    look.replaceDict(QPDFObjectHandle::parse("<< /Subtype /Form /BBox [0 0 99 99] >>"));
     look.getDict().replaceKey("/Resources", page.getKey("/Resources"));
-    QPDFObjectHandle note = QPDFObjectHandle::parse("<< /Subtype /Stamp /Rect [0 0 99 99] /AP << >> >>");
-    note.replaceKey("/F", QPDFObjectHandle::newInteger(flags));
+    QPDFObjectHandle note =
+        QPDFObjectHandle::parse("<< /Subtype /Stamp /Rect [0 0 99 99] /AP << >> /F " + std::to_string(flags) + " >>");
     note.getKey("/AP").replaceKey("/N", look);
     page.replaceKey("/Annots", QPDFObjectHandle::newArray({pdf.makeIndirectObject(note)}));
 }
@@ -45,21 +38,11 @@ std::string MakePdf(const std::vector<PdfPage>& pages)
         if (row.noteFlags >= 0) AddNote(pdf, page, row.noteFlags);
         pdf.addPage(pdf.makeIndirectObject(page), false);
     }
-    return Written(
-        pdf, [](QPDFWriter& writer, const std::string&, bool) { writer.setStaticID(true); }, "", true);
-}
-
-std::string Encrypted(const std::string& bytes, const std::string& password, bool mayPrint)
-{
-    QPDF pdf;
-    pdf.processMemoryFile("plain", bytes.data(), bytes.size());
-    return Written(
-        pdf,
-        [](QPDFWriter& writer, const std::string& user, bool print) {
-            writer.setR6EncryptionParameters(user.c_str(), "owner", true, true, true, true, true, true,
-                                             print ? qpdf_r3p_full : qpdf_r3p_none, true);
-        },
-        password, mayPrint);
+    QPDFWriter writer(pdf);
+    writer.setOutputMemory();
+    writer.setStaticID(true);
+    writer.write();
+    return Text(writer.getBufferSharedPointer());
 }
 
 Pdf::Pdf(const std::string& bytes) : bytes_(bytes)
@@ -72,9 +55,7 @@ Pdf::Pdf(const std::string& bytes) : bytes_(bytes)
 std::string Pdf::Contents(std::size_t page)
 {
     QPDFObjectHandle contents = pages_.at(page).getKey("/Contents");
-    if (!contents.isStream()) return "";
-    const auto buffer = contents.getStreamData();
-    return {reinterpret_cast<const char*>(buffer->getBuffer()), buffer->getSize()};
+    return contents.isStream() ? Text(contents.getStreamData()) : "";
 }
 
 QPDFObjectHandle Pdf::Object(std::size_t page, const std::string& name)

@@ -14,7 +14,6 @@ struct PdfPage {
 };
 
 std::string MakePdf(const std::vector<PdfPage>& pages);
-std::string Encrypted(const std::string& pdf, const std::string& password, bool mayPrint = true);
 
 // A finished PDF, which must be without a fault.
 class Pdf {

@@ -1,8 +1,6 @@
 // qd480 print
 #include <gmock/gmock.h>
 
-#include <algorithm>
-
 #include "tests/program/pdf.h"
 #include "tests/program/program.h"
 
@@ -13,46 +11,38 @@ using testing::Not;
 
 namespace {
 
-Result Print(const Program& run, const std::string& words)
-{
-    return run(
-        "print NAME -o out.pdf --platform country=1 --platform user=anna --platform language=0409 "
-        "--platform time=2005-12-31T17:45:00 " +
-        words);
-}
-
-Result PrintPages(const Program& run, const std::vector<PdfPage>& pages, const std::string& words = "")
-{
-    run.Put("in.pdf", MakePdf(pages));
-    return Print(run, "in.pdf " + words);
-}
-
-// The default record with these fields changed, as the file r.
-void PutRecord(const Program& run, const std::string& fields)
-{
-    run("document-properties NAME --mode 2 -o r --platform country=1");
-    ASSERT_EQ(run("record set r -o r " + fields), Done());
-}
+class Print : public ProgramTest {
+  protected:
+    Result Job(const std::string& words) const
+    {
+        return run(
+            "print NAME -o out.pdf --platform country=1 --platform user=anna --platform language=0409 "
+            "--platform time=2005-12-31T17:45:00 " +
+            words);
+    }
+    Result JobOf(const std::vector<PdfPage>& pages, const std::string& words = "") const
+    {
+        run.Put("in.pdf", MakePdf(pages));
+        return Job("in.pdf " + words);
+    }
+    // The default record with these fields changed, as the file r.
+    void PutRecord(const std::string& fields) const
+    {
+        run("document-properties NAME --mode 2 -o r --platform country=1");
+        ASSERT_EQ(run("record set r -o r " + fields), Done());
+    }
+    Pdf Out() const { return Pdf(run.Contents("out.pdf")); }
+    // What a command of the machine prints of a file, which stands in its words as FILE.
+    std::string Told(std::string command, const std::string& file = "out.pdf") const
+    {
+        return OutputOf(command.replace(command.find("FILE"), 4, run.Path(file).string()));
+    }
+};
 
 const std::string Watermark =
     "dmWatermarkOn=1 dmWatermark.wmText=DRAFT dmWatermark.wmFaceName=Arial dmWatermark.wmSize=72 ";
 
-// What is there under names that begin as the output's.
-std::vector<std::string> Outputs(const Program& run)
-{
-    std::vector<std::string> names = run.Names();
-    names.erase(std::remove_if(names.begin(), names.end(), [](const auto& name) { return name.find("out") != 0; }),
-                names.end());
-    return names;
-}
-
-std::string TextOf(const Program& run, int page)
-{
-    const std::string number = std::to_string(page);
-    return OutputOf("pdftotext -f " + number + " -l " + number + " " + run.Path("out.pdf").string() + " -");
-}
-
-TEST(Print, CentresThePageInWhatThePrinterReaches)
+TEST_F(Print, CentresThePageInWhatThePrinterReaches)
 {
     const std::pair<PdfPage, const char*> rows[] = {
         {{"0 0 200 300"},                               "q 1 0 0 1 206 246 cm /Page Do Q\n"                   },
@@ -67,11 +57,10 @@ TEST(Print, CentresThePageInWhatThePrinterReaches)
         {{"0 0 100 100", "/UserUnit 2"},                "q 2 0 0 2 206 296 cm /Page Do Q\n"                   },
         {{"0 0 100 100", "", {}},                       ""                                                    },
     };
-    Program run;
     std::vector<PdfPage> pages;
     for (const auto& row : rows) pages.push_back(row.first);
-    ASSERT_EQ(PrintPages(run, pages), Done());
-    Pdf out(run.Contents("out.pdf"));
+    ASSERT_EQ(JobOf(pages), Done());
+    Pdf out = Out();
     for (std::size_t page = 0; page < pages.size(); ++page) {
         EXPECT_EQ(out.Box(page), "[ 0 0 612 792 ]");
         EXPECT_EQ(out.Contents(page), rows[page].second) << pages[page].box << ' ' << pages[page].more;
@@ -80,27 +69,23 @@ TEST(Print, CentresThePageInWhatThePrinterReaches)
 }
 
 // Contents may be cut anywhere, notes are for the screen or for paper, and a password may be needed for changes alone.
-TEST(Print, TakesOfPagesWhatIsForPaper)
+TEST_F(Print, TakesOfPagesWhatIsForPaper)
 {
-    constexpr char Box[] = "0 0 612 792", Body[] = "BT /F1 9 Tf (Body) Tj ET\n";
     constexpr int ForScreen = 0, ForPaper = 4;
-    const std::vector<std::string> cut = {"BT /F1 12 Tf 72", "72 Td (Joined) Tj", "ET"};
-    const std::vector<PdfPage> pages = {
-        {Box, "",     cut      },
-        { Box, "", {Body}, ForScreen},
-        { Box, "", {Body},  ForPaper}
-    };
-    Program run;
-    run.Put("in.pdf", Encrypted(MakePdf(pages), ""));
-    ASSERT_EQ(Print(run, "in.pdf"), Done());
-    EXPECT_THAT(TextOf(run, 1), HasSubstr("Joined"));
-    EXPECT_THAT(TextOf(run, 2), AllOf(HasSubstr("Body"), Not(HasSubstr("Note"))));
-    EXPECT_THAT(TextOf(run, 3), AllOf(HasSubstr("Body"), HasSubstr("Note")));
+    std::vector<PdfPage> pages(3);
+    pages[0].contents = {"BT /F1 12 Tf 72", "72 Td (Joined) Tj", "ET"};
+    pages[1].noteFlags = ForScreen;
+    pages[2].noteFlags = ForPaper;
+    run.Put("open.pdf", MakePdf(pages));
+    Told("qpdf --encrypt '' owner 256 -- FILE " + run.Path("in.pdf").string(), "open.pdf");
+    ASSERT_EQ(Job("in.pdf"), Done());
+    EXPECT_THAT(Told("pdftotext -l 1 FILE -"), HasSubstr("Joined"));
+    EXPECT_THAT(Told("pdftotext -f 2 -l 2 FILE -"), AllOf(HasSubstr("Body"), Not(HasSubstr("Note"))));
+    EXPECT_THAT(Told("pdftotext -f 3 FILE -"), AllOf(HasSubstr("Body"), HasSubstr("Note")));
 }
 
-TEST(Print, TakesThePaperOfTheRecord)
+TEST_F(Print, TakesThePaperOfTheRecord)
 {
-    Program run;
     // 100 x 200 mm under 257 and 300, then 8 8/16 x 5 inches under 300: of two with the same code the last one.
     const std::string millimetres = "D007E803" + std::string(100, '0'),
                       inches = "F4012003000008000100" + std::string(88, '0');
@@ -119,9 +104,9 @@ TEST(Print, TakesThePaperOfTheRecord)
         {"dmPaperSize=250",                                                 "[ 0 0 612 792 ]"      },
     };
     for (const auto& [fields, box] : rows) {
-        PutRecord(run, fields);
-        ASSERT_EQ(Print(run, "--record r"), Done());
-        EXPECT_EQ(Pdf(run.Contents("out.pdf")).Box(0), box) << fields;
+        PutRecord(fields);
+        ASSERT_EQ(Job("--record r"), Done());
+        EXPECT_EQ(Out().Box(0), box) << fields;
     }
 }
 
@@ -140,10 +125,9 @@ constexpr char BarePage[] =
     "{\"escape\": 5001, \"size\": 0, \"text\": \"\"}\n"
     "{\"event\": 7, \"result\": 1}\n";
 
-TEST(Print, RunsTheEventsOfARealJob)
+TEST_F(Print, RunsTheEventsOfARealJob)
 {
-    Program run;
-    ASSERT_EQ(Print(run, "--pages 2 --reset-at 2 --events e"), Done());
+    ASSERT_EQ(Job("--pages 2 --reset-at 2 --events e"), Done());
     EXPECT_EQ(run.Contents("e"), std::string(Header) + BarePage +
                                      "{\"event\": 3, \"result\": 1}\n"
                                      "{\"event\": 4, \"result\": 1}\n" +
@@ -152,81 +136,59 @@ TEST(Print, RunsTheEventsOfARealJob)
                                      "{\"event\": 10, \"result\": 0}\n");
 }
 
-TEST(Print, MarksTheWatermarkForTheRenderingSide)
+// Size 72 is 300 dots high and, by the fixed metrics, 5 * 150 wide; the printable area begins 12 points in.
+TEST_F(Print, MarksTheWatermarkAndPutsItWhereTheModuleDraws)
 {
-    Program run;
-    PutRecord(run, Watermark);
-    ASSERT_EQ(Print(run, "--record r --events e --trace t"), Done());
+    PutRecord(Watermark + "dmPrintQuality=300 dmWatermark.wmAngleMode=0");
+    ASSERT_EQ(Job("--record r --platform fonts=builtin --events e --trace t"), Done());
     EXPECT_THAT(run.Contents("e"), HasSubstr("{\"escape\": 5001, \"size\": 0, \"text\": \"\"}\n"
                                              "{\"escape\": -1465341784, \"size\": 4, \"text\": \"¨¨¨¨\"}\n"
                                              "{\"escape\": -1465341784, \"size\": 4, \"text\": \"\"}\n"
                                              "{\"event\": 7, \"result\": 1}\n"));
     EXPECT_THAT(run.Contents("t"), HasSubstr("\"on\": \"job\", \"args\": [-1465341784, 4, \"a8a8a8a8\", 0, null], "
                                              "\"result\": 1}\n{\"call\": \"ExtTextOutW\", "));
+    EXPECT_THAT(run.Contents("t"), HasSubstr("\"args\": [825, 1450, 0, null, \"DRAFT\", 5, null]"));
+    EXPECT_THAT(Told("pdftotext -bbox FILE -"), HasSubstr("<word xMin=\"210.000000\" yMin=\"3"));
 }
 
-TEST(Print, StampsAllPagesWithOneObject)
+TEST_F(Print, StampsAllPagesWithOneObjectOfTextAndItsFont)
 {
-    Program run;
-    PutRecord(run, Watermark);
-    ASSERT_EQ(PrintPages(run, {{}, {}, {}, {}}, "--record r"), Done());
-    Pdf out(run.Contents("out.pdf"));
+    PutRecord(Watermark);
+    ASSERT_EQ(JobOf({{}, {}, {}, {}}, "--record r"), Done());
+    Pdf out = Out();
     for (std::size_t page = 0; page < 4; ++page) {
         EXPECT_EQ(out.Contents(page), "q 0.960784 0 0 0.960784 12 15.529412 cm /Page Do Q\nq /Stamp Do Q\n");
         EXPECT_EQ(out.Object(page, "/Stamp").getObjGen(), out.Object(0, "/Stamp").getObjGen());
     }
     EXPECT_NE(out.Object(0, "/Page").getObjGen(), out.Object(1, "/Page").getObjGen());
-}
-
-TEST(Print, DrawsTheWatermarkAsTextWithItsFont)
-{
-    Program run;
-    PutRecord(run, Watermark);
-    PrintPages(run, {{}}, "--record r");
-    const std::string out = run.Path("out.pdf").string();
-    EXPECT_THAT(OutputOf("qpdf --check " + out), HasSubstr("No syntax or stream encoding errors found"));
-    EXPECT_THAT(TextOf(run, 1), AllOf(HasSubstr("DRAFT"), HasSubstr("Body")));
-    EXPECT_THAT(OutputOf("pdffonts " + out), HasSubstr("LiberationSans                       CID TrueType      "
-                                                       "Identity-H       yes"));
-    EXPECT_EQ(OutputOf("pdfimages -list " + out + " | tail -n +3"), "");
-}
-
-// Size 72 is 300 dots high and, by the fixed metrics, 5 * 150 wide; the printable area begins 12 points in.
-TEST(Print, PutsTheWatermarkWhereTheModuleDraws)
-{
-    Program run;
-    PutRecord(run, Watermark + "dmPrintQuality=300 dmWatermark.wmAngleMode=0");
-    Print(run, "--record r --platform fonts=builtin --trace t");
-    EXPECT_THAT(run.Contents("t"), HasSubstr("\"args\": [825, 1450, 0, null, \"DRAFT\", 5, null]"));
-    EXPECT_THAT(OutputOf("pdftotext -bbox " + run.Path("out.pdf").string() + " -"),
-                HasSubstr("<word xMin=\"210.000000\" yMin=\"3"));
+    EXPECT_THAT(Told("qpdf --check FILE"), HasSubstr("No syntax or stream encoding errors found"));
+    EXPECT_THAT(Told("pdftotext -l 1 FILE -"), AllOf(HasSubstr("DRAFT"), HasSubstr("Body")));
+    EXPECT_THAT(Told("pdffonts FILE"), HasSubstr("LiberationSans                       CID TrueType      "
+                                                 "Identity-H       yes"));
+    EXPECT_EQ(Told("pdfimages -list FILE | tail -n +3"), "");
 }
 
 // The sixth escape asks for the first page's settings.
-TEST(Print, LeavesAPageUnstampedWhoseSettingsAreNotToBeHad)
+TEST_F(Print, LeavesAPageUnstampedWhoseSettingsAreNotToBeHad)
 {
-    Program run;
-    PutRecord(run, Watermark);
-    EXPECT_EQ(Print(run, "--pages 2 --record r --platform fail=ExtEscape:6").status, 0);
-    Pdf out(run.Contents("out.pdf"));
+    PutRecord(Watermark);
+    EXPECT_EQ(Job("--pages 2 --record r --platform fail=ExtEscape:6").status, 0);
+    Pdf out = Out();
     EXPECT_EQ(out.Contents(0), "");
     EXPECT_EQ(out.Contents(1), "q /Stamp Do Q\n");
 }
 
-TEST(Print, HandsOutAnUncheckedRecordAsItIs)
+TEST_F(Print, HandsOutAnUncheckedRecordAsItIs)
 {
-    Program run;
-    PutRecord(run, Watermark + "dmPrintQuality=-3 dmResolution=0 dmWatermark.wmAngleMode=2");
-    std::string hex;
-    for (const unsigned char byte : run.Contents("r"))
-        hex += {"0123456789abcdef"[byte >> 4], "0123456789abcdef"[byte & 15]};
-    const std::string settings = "[5001, 0, null, 1848], \"result\": \"" + hex + '"';
-    ASSERT_EQ(Print(run, "--record r --unchecked --trace t"), Done());
+    PutRecord(Watermark + "dmPrintQuality=-3 dmResolution=0 dmWatermark.wmAngleMode=2");
+    const std::string settings =
+        "[5001, 0, null, 1848], \"result\": \"" + Told("od -An -v -tx1 FILE | tr -d ' \n'", "r") + '"';
+    ASSERT_EQ(Job("--record r --unchecked --trace t"), Done());
     EXPECT_THAT(run.Contents("t"), HasSubstr(settings));
-    ASSERT_EQ(Print(run, "--record r --trace t"), Done());
+    ASSERT_EQ(Job("--record r --trace t"), Done());
     EXPECT_THAT(run.Contents("t"), Not(HasSubstr(settings)));
     run.Put("r", "short");
-    EXPECT_EQ(Print(run, "--record r --unchecked"), Done());
+    EXPECT_EQ(Job("--record r --unchecked"), Done());
 }
 
 std::string Damaged(std::string pdf, const std::string& old, const std::string& now)
@@ -234,107 +196,88 @@ std::string Damaged(std::string pdf, const std::string& old, const std::string& 
     return pdf.replace(pdf.find(old), old.size(), now);
 }
 
-TEST(Print, RefusedInputsLeaveAnOldOutputAsItWas)
+TEST_F(Print, RefusedInputsLeaveAnOldOutputAsItWas)
 {
     const std::string one = MakePdf({{}}), two = MakePdf({{}, {}});
-    const std::string locked = Encrypted(one, "secret"), unprintable = Encrypted(one, "", false),
-                      begun = two.substr(0, 500), noEnd = one.substr(0, one.size() - 40),
-                      badPage = Damaged(one, "/Type /Page ", "/Type (Pa"),
-                      badStream = Damaged(two, "stream\nx\x9c", "stream\nxx"), none = MakePdf({}),
-                      flat = MakePdf({{}, {"0 0 0 700"}});
+    run.Put("one.pdf", one);
+    const std::string locked = Told("qpdf --encrypt secret owner 256 -- FILE -", "one.pdf"),
+                      unprintable = Told("qpdf --encrypt '' owner 256 --print=none -- FILE -", "one.pdf");
     const std::pair<std::string, const char*> rows[] = {
-        {locked,            "password"                   },
-        {unprintable,       "lets nobody print"          },
-        {"",                "it is empty"                },
-        {"no PDF at all\n", "damaged"                    },
-        {begun,             "damaged"                    },
-        {noEnd,             "damaged"                    },
-        {badPage,           "damaged"                    },
-        {badStream,         "contents of page"           },
-        {none,              "no pages"                   },
-        {flat,              "page 2 has no possible size"},
+        {locked,            "password"         },
+        {unprintable,       "lets nobody print"},
+        {"",                "it is empty"      },
+        {"no PDF at all\n", "damaged"          },
+        {two.substr(0,      500),                "damaged"},
+        {one.substr(0,                 one.size() - 40),                         "damaged"},
+        {Damaged(one,        "/Type /Page ",   "/Type (Pa"), "damaged"},
+        {Damaged(two,"stream\nx\x9c", "stream\nxx"), "contents of page"},
+        {MakePdf({}),                 "no pages"                         },
+        {MakePdf({{}, {"0 0 0 700"}}),    "page 2 has no possible size"    },
     };
+    run.Put("out.pdf", "old");
     for (const auto& [input, why] : rows) {
-        Program run;
         run.Put("in.pdf", input);
-        run.Put("out.pdf", "old");
-        const Result result = Print(run, "in.pdf");
+        const Result result = Job("in.pdf");
         EXPECT_EQ(result.status, 3) << why;
         EXPECT_THAT(result.err, AllOf(HasSubstr("in.pdf: "), HasSubstr(why)));
         EXPECT_EQ(run.Contents("out.pdf"), "old") << why;
-        EXPECT_THAT(Outputs(run), ElementsAre("out.pdf"));
     }
+    EXPECT_THAT(run.Names(), ElementsAre(".err", ".in", ".out", "in.pdf", "one.pdf", "out.pdf", "qd480"));
 }
 
-TEST(Print, LeavesNoOutputWhenItFails)
+TEST_F(Print, LeavesNoOutputWhenItFails)
 {
-    Program run;
-    EXPECT_EQ(Print(run, "none.pdf"), (Result{3, "", "qd480: cannot read none.pdf: No such file or directory\n"}));
-    EXPECT_EQ(Print(run, "--platform fail=GetPrinterW:1+").status, 3);
-    EXPECT_THAT(Outputs(run), ElementsAre());
-    EXPECT_EQ(run("print NAME -o /dev/full"), (Result{3, "", "qd480: cannot write /dev/full: Input/output error\n"}));
+    EXPECT_EQ(Job("none.pdf"), Failed("cannot read none.pdf: No such file or directory"));
+    EXPECT_EQ(Job("--platform fail=GetPrinterW:1+").status, 3);
+    EXPECT_EQ(run("print NAME -o /dev/full"), Failed("cannot write /dev/full: Input/output error"));
+    EXPECT_THAT(run.Names(), ElementsAre(".err", ".in", ".out", "qd480"));
 }
 
-TEST(Print, MayPutTheOutputInTheInputsPlace)
+TEST_F(Print, MayPutTheOutputInTheInputsPlaceOrOnStandardOutput)
 {
-    Program run;
     run.Put("out.pdf", MakePdf({{}, {}}));
-    EXPECT_EQ(Print(run, "out.pdf"), Done());
-    EXPECT_EQ(Pdf(run.Contents("out.pdf")).Count(), 2u);
+    EXPECT_EQ(Job("out.pdf"), Done());
+    EXPECT_EQ(Out().Count(), 2u);
+    const Result result = run("print NAME - -o -", run.Contents("out.pdf"));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(Pdf(result.out).Count(), 2u);
 }
 
-TEST(Print, WritesOverNoneOfItsOtherFiles)
+TEST_F(Print, WritesOverNoneOfItsOtherFiles)
 {
-    Program run;
     run.Put("in.pdf", MakePdf({{}}));
-    PutRecord(run, "dmCopies=2");
+    PutRecord("dmCopies=2");
     const std::string in = run.Contents("in.pdf"), record = run.Contents("r");
-    ASSERT_TRUE(std::filesystem::exists(run.Path("qd480/printers.db")));
-    for (const char* words : {
-             "-o out.pdf in.pdf --events ./in.pdf",
-             "-o out.pdf in.pdf --trace in.pdf",
-             "-o out.pdf --record r --events r",
-             "-o r --record r",
-             "-o out.pdf --events e --trace e",
-             "-o out.pdf --events out.pdf",
-             "-o out.pdf --trace out.pdf",
-             "-o out.pdf --trace qd480/printers.db",
-             "-o out.pdf --events qd480/printers.db",
-             "-o qd480/printers.db",
-         }) {
-        const Result result = run(std::string("print NAME ") + words);
-        EXPECT_EQ(result.status, 2) << words;
-        EXPECT_THAT(result.err, HasSubstr("cannot be one file"));
-    }
+    ExpectRefused(run, 2, "print NAME -o ",
+                  {
+                      {"out.pdf in.pdf --events ./in.pdf",   "./in.pdf: --events and the input cannot be one file\n"},
+                      {"out.pdf in.pdf --trace in.pdf",      "in.pdf: --trace and the input cannot be one file\n"   },
+                      {"out.pdf --record r --events r",      "r: --events and --record cannot be one file\n"        },
+                      {"r --record r",                       "r: -o and --record cannot be one file\n"              },
+                      {"out.pdf --events e --trace e",       "e: --trace and --events cannot be one file\n"         },
+                      {"out.pdf --events out.pdf",           "out.pdf: --events and -o cannot be one file\n"        },
+                      {"out.pdf --trace out.pdf",            "out.pdf: --trace and -o cannot be one file\n"         },
+                      {"out.pdf --trace qd480/printers.db",  "qd480/printers.db: --trace and "                      },
+                      {"out.pdf --events qd480/printers.db", "qd480/printers.db: --events and "                     },
+                      {"qd480/printers.db",                  "qd480/printers.db: -o and "                           },
+    });
     EXPECT_EQ(run.Contents("in.pdf"), in);
     EXPECT_EQ(run.Contents("r"), record);
-    EXPECT_EQ(Print(run, "--events /dev/null --trace /dev/null"), Done());
+    EXPECT_EQ(Job("--events /dev/null --trace /dev/null"), Done());
 }
 
-TEST(Print, GoesThroughStandardInputAndOutput)
+TEST_F(Print, RefusesWhatDoesNotGoTogether)
 {
-    const Result result = Program()("print NAME - -o -", MakePdf({{}, {}, {}}));
-    EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(Pdf(result.out).Count(), 3u);
-}
-
-TEST(Print, RefusesWhatDoesNotGoTogether)
-{
-    const std::pair<const char*, const char*> rows[] = {
-        {"in.pdf --pages 2",    "--pages goes without an input" },
-        {"--pages 0",           "--pages"                       },
-        {"--unchecked",         "--unchecked goes with --record"},
-        {"in.pdf --reset-at 2", "--reset-at 2 comes after"      },
-        {"- --record -",        "standard input cannot be both" },
-    };
-    Program run;
     run.Put("in.pdf", MakePdf({{}}));
-    for (const auto& [words, message] : rows) {
-        const Result result = Print(run, words);
-        EXPECT_EQ(result.status, 2) << message;
-        EXPECT_THAT(result.err, HasSubstr(message));
-        EXPECT_THAT(Outputs(run), ElementsAre());
-    }
+    ExpectRefused(run, 2, "print NAME -o out.pdf ",
+                  {
+                      {"in.pdf --pages 2",    "--pages goes without an input" },
+                      {"--pages 0",           "--pages"                       },
+                      {"--unchecked",         "--unchecked goes with --record"},
+                      {"in.pdf --reset-at 2", "--reset-at 2 comes after"      },
+                      {"- --record -",        "standard input cannot be both" },
+    });
+    EXPECT_FALSE(std::filesystem::exists(run.Path("out.pdf")));
 }
 
 }  // namespace

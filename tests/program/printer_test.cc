@@ -3,35 +3,28 @@
 
 namespace {
 
+const std::string First = "Ordana Quillet 4820E";
 std::string Shown(const std::string& name, const std::string& driver, const std::string& more)
 {
     return "{\"name\": \"" + name + "\", \"driverName\": \"" + driver + "\", \"mayChange\": " + more + "}";
 }
-const std::string First = "Ordana Quillet 4820E";
 
-TEST(Printer, TheFirstOneIsThere)
-{
-    Program run;
-    const std::string first = Shown(First, First, "true, \"values\": {}, \"recordLength\": 0");
-    EXPECT_EQ(run("printer list"), Done("[" + first + "]\n"));
-    EXPECT_EQ(run("printer show NAME"), Done(first + "\n"));
-}
+using Printer = ProgramTest;
 
-TEST(Printer, AreAddedAndRemoved)
+TEST_F(Printer, AreAddedAndRemoved)
 {
-    Program run;
+    EXPECT_EQ(run("printer list"),
+              Done("[" + Shown(First, First, "true, \"values\": {}, \"recordLength\": 0") + "]\n"));
     EXPECT_EQ(run("printer add 'Büro \"2\"' --driver-name Treiber --read-only"), Done());
     EXPECT_EQ(run("printer show 'Büro \"2\"'"),
               Done(Shown("Büro \\\"2\\\"", "Treiber", "false, \"values\": {}, \"recordLength\": 0") + "\n"));
-    EXPECT_EQ(run("printer add NAME"), (Result{3, "", "qd480: there is a printer \"" + First + "\" already\n"}));
+    EXPECT_EQ(run("printer add NAME"), Failed("there is a printer \"" + First + "\" already"));
     EXPECT_EQ(run("printer remove NAME"), Done());
-    EXPECT_EQ(run("printer remove NAME"),
-              (Result{3, "", "qd480: there is no printer \"" + First + "\" in the store\n"}));
+    EXPECT_EQ(run("printer remove NAME"), Failed("there is no printer \"" + First + "\" in the store"));
 }
 
-TEST(Printer, DataIsSetShownAndDeleted)
+TEST_F(Printer, DataIsSetShownAndDeleted)
 {
-    Program run;
     EXPECT_EQ(run("printer data NAME"), Done("{}\n"));
     EXPECT_EQ(run("printer data NAME PrinterDataSize --dword 4294967295"), Done());
     EXPECT_EQ(run("printer data NAME PrinterData --hex 0004080003000000"), Done());
@@ -45,35 +38,27 @@ TEST(Printer, DataIsSetShownAndDeleted)
     EXPECT_EQ(run("printer data NAME PrinterDataSize"), Done("{" + size));
     EXPECT_EQ(run("printer data NAME PrinterData --delete"), Done());
     EXPECT_EQ(run("printer data NAME PrinterData"),
-              (Result{3, "", "qd480: the printer \"" + First + "\" has no value \"PrinterData\"\n"}));
-    EXPECT_EQ(run("printer show NAME"),
-              Done(Shown(First, First,
-                         "true, \"values\": {\"None\": {\"type\": \"REG_BINARY\", \"length\": 0}, "
-                         "\"PrinterDataSize\": {\"type\": \"REG_DWORD\", \"length\": 4}}, \"recordLength\": 0") +
-                   "\n"));
+              Failed("the printer \"" + First + "\" has no value \"PrinterData\""));
+    const std::string shown =
+        "true, \"values\": {\"None\": {\"type\": \"REG_BINARY\", \"length\": 0}, "
+        "\"PrinterDataSize\": {\"type\": \"REG_DWORD\", \"length\": 4}}, \"recordLength\": 0";
+    EXPECT_EQ(run("printer show NAME"), Done(Shown(First, First, shown) + "\n"));
 }
 
-TEST(Printer, RegistryStandsApartFromData)
+// Reading only binds the module, not the commands.
+TEST_F(Printer, RegistryStandsApartFromData)
 {
-    Program run;
-    EXPECT_EQ(run("printer registry NAME tray2 --hex 01"), Done());
-    EXPECT_EQ(run("printer registry NAME"), Done("{\"tray2\": {\"type\": \"REG_BINARY\", \"hex\": \"01\"}}\n"));
-    EXPECT_EQ(run("printer data NAME"), Done("{}\n"));
-    EXPECT_EQ(run("printer registry NAME tray2 --delete"), Done());
-    EXPECT_EQ(run("printer registry NAME"), Done("{}\n"));
-}
-
-TEST(Printer, ReadOnlyBindsTheModuleAndNotTheCommands)
-{
-    Program run;
     run("printer add R --read-only");
+    EXPECT_EQ(run("printer registry R tray2 --hex 01"), Done());
+    EXPECT_EQ(run("printer registry R"), Done("{\"tray2\": {\"type\": \"REG_BINARY\", \"hex\": \"01\"}}\n"));
+    EXPECT_EQ(run("printer data R"), Done("{}\n"));
     EXPECT_EQ(run("printer data R V --hex 00"), Done());
-    EXPECT_EQ(run("printer registry R V --hex 00"), Done());
+    EXPECT_EQ(run("printer registry R tray2 --delete"), Done());
+    EXPECT_EQ(run("printer registry R"), Done("{}\n"));
 }
 
-TEST(Printer, RecordIsSetWrittenOutAndCleared)
+TEST_F(Printer, RecordIsSetWrittenOutAndCleared)
 {
-    Program run;
     const std::string bytes("any\0bytes", 9);
     run.Put("r", bytes);
     EXPECT_EQ(run("printer record NAME --set r"), Done());
@@ -86,22 +71,21 @@ TEST(Printer, RecordIsSetWrittenOutAndCleared)
     EXPECT_EQ(run("printer record NAME"), Done("typed"));
 }
 
-TEST(Printer, WhatDoesNotGoTogetherIsWrongUsage)
+TEST_F(Printer, WhatDoesNotGoTogetherIsWrongUsage)
 {
-    Program run;
-    for (const char* words : {
-             "data NAME V --dword 1 --hex 00",
-             "data NAME V --dword 1 --delete",
-             "data NAME --dword 1",
-             "data NAME V --dword 4294967296",
-             "data NAME V --dword -1",
-             "data NAME V --hex 0",
-             "data NAME V --hex 0g",
-             "registry NAME V --dword 1",
-             "record NAME --clear --set r",
-             "add ''",
-         })
-        EXPECT_EQ(run(std::string("printer ") + words).status, 2) << words;
+    ExpectRefused(run, 2, "printer ",
+                  {
+                      {"data NAME V --dword 1 --hex 00", ""},
+                      {"data NAME V --dword 1 --delete", ""},
+                      {"data NAME --dword 1",            ""},
+                      {"data NAME V --dword 4294967296", ""},
+                      {"data NAME V --dword -1",         ""},
+                      {"data NAME V --hex 0",            ""},
+                      {"data NAME V --hex 0g",           ""},
+                      {"registry NAME V --dword 1",      ""},
+                      {"record NAME --clear --set r",    ""},
+                      {"add ''",                         ""},
+    });
     EXPECT_EQ(run("printer data NAME"), Done("{}\n"));
 }
 

@@ -30,6 +30,16 @@ void PrintTo(const Result& run, std::ostream* stream)
     *stream << "status " << run.status << "\nout: " << run.out << "err: " << run.err;
 }
 
+void ExpectRefused(const Program& run, int status, const std::string& command, const std::vector<Refusal>& rows,
+                   const std::string& input)
+{
+    for (const auto& [words, why] : rows) {
+        const Result result = run(command + words, input);
+        EXPECT_EQ(result, (Result{status, "", result.err})) << words;
+        EXPECT_EQ(result.err.substr(0, why.size() + 7), "qd480: " + why) << words;
+    }
+}
+
 Result Program::operator()(const std::string& line, const std::string& input) const
 {
     const pid_t child = Start(line, input, "");

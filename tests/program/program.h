@@ -35,5 +35,18 @@ class Program {
     TemporaryFolder folder_;
 };
 
-// What a run that has done its work looks like.
+// What a run that has done its work looks like, and one that only says why it could not.
 inline Result Done(const std::string& out = "") { return {0, out, ""}; }
+inline Result Failed(const std::string& why) { return {3, "", "qd480: " + why + "\n"}; }
+
+// Expects of each line, its words behind the command, that it ends with this status and says nothing but why: what
+// stands on standard error begins with the row's text.
+struct Refusal {
+    std::string words, why;
+};
+void ExpectRefused(const Program& run, int status, const std::string& command, const std::vector<Refusal>& rows,
+                   const std::string& input = "");
+
+struct ProgramTest : testing::Test {
+    Program run;
+};

@@ -8,9 +8,10 @@ using testing::HasSubstr;
 
 namespace {
 
-TEST(RecordCommand, MakesShowsAndChangesRecords)
+using RecordCommand = ProgramTest;
+
+TEST_F(RecordCommand, MakesShowsAndChangesRecords)
 {
-    Program run;
     run.Put("r.json", R"({"dmSize": 220, "dmZoom": 100, "dmWatermark": {"wmText": "DRAFT"}})");
     EXPECT_EQ(run("record make r.json -o r"), Done());
     EXPECT_EQ(run.Contents("r").size(), 1848u);
@@ -18,75 +19,63 @@ TEST(RecordCommand, MakesShowsAndChangesRecords)
     EXPECT_EQ(run("record diff r s"),
               (Result{1, "{\"dmZoom\": [100, 150], \"dmWatermark.wmText\": [\"DRAFT\", \"\"]}\n", ""}));
     EXPECT_EQ(run("record diff r r"), Done("{}\n"));
+    std::string hidden = run.Contents("r");
+    hidden[740] = 1;
+    EXPECT_EQ(run("record diff r -", hidden),
+              (Result{1, "{}\n", "qd480: the records differ from byte 740 on, where no field shows it\n"}));
 }
 
-TEST(RecordCommand, GoesThroughStandardInputAndOutput)
+TEST_F(RecordCommand, GoesThroughStandardInputAndOutput)
 {
-    Program run;
     EXPECT_EQ(run("record show -", "short"), Done("{}\n"));
-    const std::string record(80, '\0');
-    std::string changed = record;
+    std::string record(80, '\0'), changed = record;
     changed[74] = '\x12';
     EXPECT_EQ(run("record set - dmFields=0x120000", record), Done(changed));
 }
 
-TEST(RecordCommand, TellsBytesThatNoFieldShows)
+TEST_F(RecordCommand, RefusesWhatDoesNotFit)
 {
-    Program run;
-    std::string record(1848, '\0');
-    run.Put("a", record);
-    record[740] = 1;
-    run.Put("b", record);
-    EXPECT_EQ(run("record diff a b"),
-              (Result{1, "{}\n", "qd480: the records differ from byte 740 on, where no field shows it\n"}));
-}
-
-TEST(RecordCommand, RefusesWhatDoesNotFit)
-{
-    Program run;
     run.Put("r", std::string(1848, '\0'));
     const std::string name(32, 'n');
-    const std::pair<std::string, std::string> rows[] = {
-        {"dmZom=1",            "there is no field \"dmZom\" in the record"                                },
-        {"dmZoom",             "\"dmZoom\": FIELD=VALUE is wanted"                                        },
-        {"dmZoom=32768",       "dmZoom=32768: dmZoom takes a number from -32768 to 32767"                 },
-        {"dmNupOn=-1",         "dmNupOn=-1: dmNupOn takes a number from 0 to 255"                         },
-        {"dmWatermark=1",      "dmWatermark has fields of its own; name one, as dmWatermark.wmText"       },
-        {"dmFormName=" + name, "dmFormName=" + name + ": dmFormName takes a text of at most 31 characters"},
-    };
-    for (const auto& [assignment, message] : rows)
-        EXPECT_EQ(run("record set r -o s " + assignment), (Result{2, "", "qd480: " + message + "\n"}));
+    ExpectRefused(
+        run, 2, "record set r -o s ",
+        {
+            {"dmZom=1",            "there is no field \"dmZom\" in the record\n"                                },
+            {"dmZoom",             "\"dmZoom\": FIELD=VALUE is wanted\n"                                        },
+            {"dmZoom=32768",       "dmZoom=32768: dmZoom takes a number from -32768 to 32767\n"                 },
+            {"dmNupOn=-1",         "dmNupOn=-1: dmNupOn takes a number from 0 to 255\n"                         },
+            {"dmWatermark=1",      "dmWatermark has fields of its own; name one, as dmWatermark.wmText\n"       },
+            {"dmFormName=" + name, "dmFormName=" + name + ": dmFormName takes a text of at most 31 characters\n"},
+    });
     EXPECT_FALSE(std::filesystem::exists(run.Path("s")));
 }
 
-TEST(RecordCommand, NamesTheFileThatItCannotUse)
+TEST_F(RecordCommand, NamesTheFileThatItCannotUse)
 {
-    Program run;
     run.Put("bad", "{\"dmZoom\": }");
     run.Put("unfit", "{\"dmZoom\": 1.5}");
     run.Put("twice", "{\"dmZoom\": 1, \"dmWatermark\": {\"wmId\": 1, \"wmId\": 2}}");
     run.Put("short", "short");
     run.Put("r", std::string(80, '\0'));
-    const std::pair<const char*, const char*> rows[] = {
-        {"set r dmFields=1 -o none/s",    "cannot write none/s: No such file or directory\n"              },
-        {"set r dmFields=1 -o /dev/full", "cannot write /dev/full: No space left on device\n"             },
-        {"show none",                     "cannot read none: No such file or directory\n"                 },
-        {"make bad",                      "bad is no JSON: parse error at line 1, column 12"              },
-        {"make unfit",                    "unfit: the field dmZoom takes a number from -32768 to 32767\n" },
-        {"make twice",                    "twice: the field wmId is given twice\n"                        },
-        {"set short dmZoom=1",            "short: the record of 5 bytes does not reach the field dmZoom\n"},
-    };
-    for (const auto& [words, message] : rows) {
-        const Result result = run(std::string("record ") + words);
-        EXPECT_EQ(result.status, 3) << words;
-        EXPECT_EQ(result.out, "") << words;
-        EXPECT_THAT(result.err, testing::StartsWith(std::string("qd480: ") + message));
-    }
+    ExpectRefused(run, 3, "record ",
+                  {
+                      {"set r dmFields=1 -o none/s",    "cannot write none/s: No such file or directory\n"              },
+                      {"set r dmFields=1 -o /dev/full", "cannot write /dev/full: No space left on device\n"             },
+                      {"show none",                     "cannot read none: No such file or directory\n"                 },
+                      {"make bad",                      "bad is no JSON: parse error at line 1, column 12"              },
+                      {"make unfit",                    "unfit: the field dmZoom takes a number from -32768 to 32767\n" },
+                      {"make twice",                    "twice: the field wmId is given twice\n"                        },
+                      {"set short dmZoom=1",            "short: the record of 5 bytes does not reach the field dmZoom\n"},
+    });
 }
 
-TEST(DocumentProperties, AnswersTheDefaultRecord)
+using DocumentProperties = ProgramTest;
+
+TEST_F(DocumentProperties, AnswersTheDefaultRecordOrItsSize)
 {
-    Program run;
+    EXPECT_EQ(run("document-properties NAME --mode 2"), Done("{\"result\": 1848}\n"));
+    EXPECT_EQ(run("document-properties NAME --mode 0 -o r"), Done("{\"result\": 1848}\n"));
+    EXPECT_EQ(run.Contents("r"), "");
     EXPECT_EQ(run("document-properties NAME --mode 2 -o r --platform country=1"), Done("{\"result\": 1}\n"));
     EXPECT_EQ(run.Contents("r").size(), 1848u);
     EXPECT_THAT(run("record show r").out,
@@ -94,17 +83,8 @@ TEST(DocumentProperties, AnswersTheDefaultRecord)
                       HasSubstr("\"dmPaperSize\": 1, "), HasSubstr("\"dmZoom\": 100, ")));
 }
 
-TEST(DocumentProperties, AsksForTheSizeWithoutAnOutputOrAMode)
+TEST_F(DocumentProperties, LayTheCallersRecordOverThePrinters)
 {
-    Program run;
-    EXPECT_EQ(run("document-properties NAME --mode 2"), Done("{\"result\": 1848}\n"));
-    EXPECT_EQ(run("document-properties NAME --mode 0 -o r"), Done("{\"result\": 1848}\n"));
-    EXPECT_EQ(run.Contents("r"), "");
-}
-
-TEST(DocumentProperties, LayTheCallersRecordOverThePrinters)
-{
-    Program run;
     run("document-properties NAME --mode 2 -o r");
     run("record set r dmZoom=150 dmCopies=3 -o stored");
     run("record set r dmZoom=180 -o mine");
@@ -115,21 +95,21 @@ TEST(DocumentProperties, LayTheCallersRecordOverThePrinters)
     EXPECT_EQ(run("record diff r answer").out, "{\"dmZoom\": [100, 180]}\n");
 }
 
-TEST(DocumentProperties, TakeRecordsThatPromiseMoreThanTheyHave)
+TEST_F(DocumentProperties, TakeRecordsThatPromiseMoreThanTheyHave)
 {
-    Program run;
     std::string liar(72, '\0');
     liar.replace(64, 8, "\x01\x04\x28\x01\xff\xff\xff\xff");
     for (const std::string& record : {liar, std::string("x")})
         EXPECT_EQ(run("document-properties NAME --mode 2 --in - -o answer", record).status, 0);
 }
 
-TEST(DocumentProperties, ShowNoWindow)
+TEST_F(DocumentProperties, ShowNoWindow)
 {
-    EXPECT_EQ(Program()("document-properties NAME --mode 6 -o r"),
-              (Result{2, "", "qd480: --mode 6 asks for a window (4); that is qd480 sheet\n"}));
-    EXPECT_EQ(Program()("document-properties None --mode 2"),
-              (Result{3, "", "qd480: there is no printer \"None\" in the store\n"}));
+    ExpectRefused(run, 2, "document-properties NAME ",
+                  {
+                      {"--mode 6 -o r", "--mode 6 asks for a window (4); that is qd480 sheet\n"}
+    });
+    EXPECT_EQ(run("document-properties None --mode 2"), Failed("there is no printer \"None\" in the store"));
 }
 
 }  // namespace

@@ -12,47 +12,41 @@ namespace {
 const std::string Sheet = "sheet NAME --platform country=1 --script - ";
 const std::string Change = "page \"Quality\"\nchoose IDC_RESOLUTION \"600 x 600\"\n";
 
-TEST(SheetCommand, TellsOkFromCancelAndWritesWhatOkPublished)
+using SheetCommand = ProgramTest;
+
+TEST_F(SheetCommand, TellsOkFromCancelAndWritesWhatOkPublished)
 {
     for (const auto& [entry, answer] : {
              std::pair("document-properties", "2"), {"advanced", "0"},
                {"sheets",   "0"}
     }) {
-        Program run;
-        const std::string sheet = Sheet + "-o r --entry " + entry;
+        const std::string file = entry, sheet = Sheet + "-o " + file + " --entry " + entry;
         const Result cancelled{1, std::string("{\"end\": {\"result\": ") + answer + "}}\n", ""};
         EXPECT_EQ(run(sheet, Change + "cancel"), cancelled);
         EXPECT_EQ(run(sheet, ""), cancelled);
-        EXPECT_FALSE(std::filesystem::exists(run.Path("r")));
+        EXPECT_FALSE(std::filesystem::exists(run.Path(file)));
         EXPECT_EQ(run(sheet, Change + "ok"), Done("{\"end\": {\"result\": 1}}\n"));
-        EXPECT_EQ(run.Contents("r").size(), 1848u);
-        EXPECT_THAT(run("record show r").out, HasSubstr("\"dmResolutionChoice\": 600"));
+        EXPECT_EQ(run.Contents(file).size(), 1848u);
+        EXPECT_THAT(run("record show " + file).out, HasSubstr("\"dmResolutionChoice\": 600"));
     }
 }
 
-TEST(SheetCommand, KeepsWhatApplyPublishedAfterCancel)
+TEST_F(SheetCommand, KeepsWhatApplyPublishedAndStoresTheDefaultAfterOkAlone)
 {
-    Program run;
-    const Result result = run(Sheet + "-o r", Change + "apply\nrecord\ncancel");
+    const Result result = run(Sheet + "-o r --store-default", Change + "apply\nrecord\ncancel");
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.out, StartsWith("{\"record\": {\"dmDeviceName\": \"Ordana Quillet 4820E\""));
     EXPECT_EQ(run.Contents("r").size(), 1848u);
-}
-
-TEST(SheetCommand, StoresTheDefaultAfterOkAlone)
-{
-    Program run;
-    run(Sheet + "--store-default", Change + "apply\ncancel");
     EXPECT_EQ(run("printer record NAME"), Done());
-    run(Sheet + "--store-default -o r", Change + "ok");
+    run(Sheet + "-o r --store-default", Change + "ok");
     EXPECT_EQ(run("printer record NAME"), Done(run.Contents("r")));
 }
 
-TEST(SheetCommand, OpensOnTheSetupPageAndPublishesABooklet)
+TEST_F(SheetCommand, DumpsAndRecordsWhatTheUserHasChosen)
 {
-    const Result result = Program()(Sheet + "--strict",
-                                    "choose IDC_PAPER_SOURCE \"Tray1\"\nchoose IDC_DUPLEX \"Booklet Left Binding\"\n"
-                                    "choose IDC_WATERMARK \"CONFIDENTIAL\"\ndump\nok\nrecord\n");
+    const Result result = run(Sheet + "--strict",
+                              "choose IDC_PAPER_SOURCE \"Tray1\"\nchoose IDC_DUPLEX \"Booklet Left Binding\"\n"
+                              "choose IDC_WATERMARK \"CONFIDENTIAL\"\ndump\nok\nrecord\n");
     EXPECT_EQ(result.status, 0) << result.err;
     for (const char* part :
          {"{\"dump\": {\"template\": 1001, \"title\": \"Setup\"", "\"applyEnabled\": true, \"changes\": 3",
@@ -61,18 +55,9 @@ TEST(SheetCommand, OpensOnTheSetupPageAndPublishesABooklet)
         EXPECT_THAT(result.out, HasSubstr(part));
 }
 
-TEST(SheetCommand, TellsARefusedChoice)
+// 5 8/16 by 9 1/16 inches.
+TEST_F(SheetCommand, MakesACustomSizeAndFindsItAgain)
 {
-    EXPECT_EQ(Program()(Sheet, "choose IDC_DUPLEX \"Long Edge Binding\"\nok\n").out,
-              "{\"message\": {\"caption\": \"Warning\", \"text\": \"Selected paper source can't work with duplex "
-              "printing.\\nOnly Tray1 is supported.\", \"style\": 48, \"answer\": \"ok\"}}\n"
-              "{\"end\": {\"result\": 1}}\n");
-}
-
-// 5 8/16 by 9 1/16 inches; typing is limited at once, and put right when a field is left.
-TEST(SheetCommand, MakesACustomSizeAndFindsItAgain)
-{
-    Program run;
     const std::string page = "page \"Paper\"\n",
                       make =
                           "click IDC_EDIT_CUSTOM\nclick IDC_CP_NEW\ntype IDC_CP_NAME \"Invitation\"\n"
@@ -83,18 +68,12 @@ TEST(SheetCommand, MakesACustomSizeAndFindsItAgain)
     EXPECT_THAT(run("record show r").out, AllOf(HasSubstr("\"dmPaperSize\": 257"), HasSubstr("\"dmPaperWidth\": 1650"),
                                                 HasSubstr("\"dmPaperLength\": 2718")));
     EXPECT_THAT(run("capabilities NAME --only DC_PAPERNAMES").out, HasSubstr("Invitation"));
-
-    // Where the list has gone, the record keeps its code.
-    run("printer data NAME CustomPaperDataSize --delete");
-    EXPECT_THAT(run(Sheet + "--in r -o s", page + "dump\nok").out, HasSubstr("\"text\": \"Letter (8.5 x 11 inch)\""));
-    EXPECT_THAT(run("record show s").out, HasSubstr("\"dmPaperSize\": 257"));
     EXPECT_EQ(run(Sheet + "--strict --no-permission", page + "click IDC_EDIT_CUSTOM\nok").status, 3);
 }
 
 // An input of the public part alone gets the private part too when there is room for it.
-TEST(SheetCommand, TheRoomDecidesWhatAShortRecordBecomes)
+TEST_F(SheetCommand, TheRoomDecidesWhatAShortRecordBecomes)
 {
-    Program run;
     run(Sheet + "-o r", Change + "ok");
     run(Sheet + "--in r -o s", "ok");
     EXPECT_EQ(run("record diff r s"), Done("{}\n"));
@@ -107,86 +86,66 @@ TEST(SheetCommand, TheRoomDecidesWhatAShortRecordBecomes)
     }
 }
 
-TEST(SheetCommand, StandsAnyInput)
+TEST_F(SheetCommand, StandsAnyInput)
 {
-    Program run;
     for (const std::string& input : {std::string(), std::string(72, '\xFF'), std::string(200000, '\x7F')}) {
         run.Put("any", input);
         EXPECT_EQ(run(Sheet + "--in any -o r", "ok").status, 0) << input.size();
     }
 }
 
-TEST(SheetCommand, EndsWithStatus3WhenStrictAndRefused)
+TEST_F(SheetCommand, EndsWithStatus3WhenStrictAndRefused)
 {
-    const Result result = Program()(Sheet + "--strict", "dump # first\nclick 4711\nok");
+    const Result result = run(Sheet + "--strict --trace t", "dump # first\nclick 4711\nok");
     EXPECT_EQ(result.status, 3);
     EXPECT_THAT(result.out, HasSubstr("{\"refused\": {\"line\": 2, \"control\": 4711, \"reason\": \"absent\"}}\n"));
     EXPECT_EQ(result.err, "qd480: line 2 of the script was refused: control 4711 is absent\n");
+    EXPECT_THAT(run.Contents("t"), HasSubstr("{\"call\": \"GetDC\", \"dc\": ")) << "the trace of what has been";
 }
 
-TEST(SheetCommand, TracesEveryDrawingCall)
+TEST_F(SheetCommand, SaysWhyNoSheetCameUp)
 {
-    Program run;
-    EXPECT_EQ(run(Sheet + "--trace t", "page \"Quality\"\nok").status, 0);
-    EXPECT_THAT(run.Contents("t"), HasSubstr("{\"call\": \"GetDC\", \"dc\": "));
-}
-
-TEST(SheetCommand, SaysWhyNoSheetCameUp)
-{
-    EXPECT_EQ(Program()(Sheet + "--platform missing=compstui.dll", "ok"),
+    EXPECT_EQ(run(Sheet + "--platform missing=compstui.dll", "ok"),
               (Result{3, "{\"end\": {\"result\": -1}}\n",
                       "qd480: the sheet could not be shown: DrvDocumentProperties answered -1\n"}));
-    EXPECT_EQ(Program()("sheet Other --script -"),
-              (Result{3, "", "qd480: there is no printer \"Other\" in the store\n"}));
-}
-
-TEST(SheetCommand, RefusesWhatDoesNotGoTogether)
-{
-    const std::pair<const char*, const char*> rows[] = {
-        {"--room 5",                         "--room goes with --entry sheets"                          },
-        {"--entry advanced --no-permission", "--no-permission does not go with"                         },
-        {"--entry other",                    "--entry"                                                  },
-        {"--in -",                           "standard input cannot be both"                            },
-        {"-o -",                             "standard output cannot take"                              },
-        {"",                                 "standard input: line 2 of the script: \"jump\" is no step"},
-    };
-    for (const auto& [words, message] : rows) {
-        const Result result = Program()(Sheet + words, "ok\njump");
-        EXPECT_EQ(result.status, 2) << message;
-        EXPECT_EQ(result.out, "");
-        EXPECT_THAT(result.err, HasSubstr(message));
-    }
-}
-
-TEST(SheetCommand, TellsWhereItCannotWrite)
-{
+    EXPECT_EQ(run("sheet Other --script -"), Failed("there is no printer \"Other\" in the store"));
     // The record's place before the user has any work with it, a picture's when it is taken.
-    EXPECT_EQ(Program()(Sheet + "-o no/r", "ok"),
-              (Result{3, "", "qd480: cannot write no/r: No such file or directory\n"}));
-    const Result full = Program()(Sheet, "snapshot /dev/full\nok");
-    EXPECT_EQ(full.status, 3);
-    EXPECT_EQ(full.err, "qd480: cannot write /dev/full: No space left on device\n");
+    EXPECT_EQ(run(Sheet + "-o no/r", "ok"), Failed("cannot write no/r: No such file or directory"));
+    EXPECT_EQ(run(Sheet, "snapshot /dev/full\nok").err, "qd480: cannot write /dev/full: No space left on device\n");
 }
 
-TEST(SheetCommand, NeedsAScriptWhereThereIsNoDisplay)
+TEST_F(SheetCommand, RefusesWhatDoesNotGoTogether)
 {
-    struct DisplayRow {
-        const char *display, *platform;
-        int status;
+    ExpectRefused(run, 2, Sheet,
+                  {
+                      {"--room 5",                         "--room goes with --entry sheets"                          },
+                      {"--entry advanced --no-permission", "--no-permission does not go with"                         },
+                      {"--entry other",                    "--entry"                                                  },
+                      {"--in -",                           "standard input cannot be both"                            },
+                      {"-o -",                             "standard output cannot take"                              },
+                      {"",                                 "standard input: line 2 of the script: \"jump\" is no step"},
+    },
+                  "ok\njump");
+}
+
+TEST_F(SheetCommand, NeedsAScriptWhereThereIsNoDisplay)
+{
+    const std::tuple<const char*, const char*, int> rows[] = {
+        {"",        "",          2},
+        {"",        "offscreen", 2},
+        {":nosuch", "",          3},
     };
-    Program run;
-    for (const DisplayRow& row : {
-             DisplayRow{"",        "",          2},
-             {"",        "offscreen", 2},
-             {":nosuch", "",          3}
-    }) {
-        run.display = row.display;
-        run.qtPlatform = row.platform;
+    for (const auto& [display, platform, status] : rows) {
+        run.display = display;
+        run.qtPlatform = platform;
         const Result result = run("sheet NAME");
-        EXPECT_EQ(result.status, row.status) << row.display << row.platform;
+        EXPECT_EQ(result.status, status) << display << platform;
         EXPECT_THAT(result.err, HasSubstr("--script"));
     }
-    EXPECT_THAT(run("sheet NAME --strict").err, HasSubstr("--strict goes with --script FILE"));
+    ExpectRefused(run, 2, "sheet NAME --strict",
+                  {
+                      {"", "--strict goes with --script FILE"}
+    });
 }
 
 }  // namespace
