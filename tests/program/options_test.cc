@@ -1,6 +1,4 @@
 // The command line: what is accepted where, and how the program ends.
-#include <gmock/gmock.h>
-
 #include "tests/program/program.h"
 
 using testing::AllOf;
@@ -12,25 +10,25 @@ using Options = ProgramTest;
 
 TEST_F(Options, ThatAreWrongAreToldWithStatusTwo)
 {
-    ExpectRefused(run, 2, "",
-                  {
-                      {"",                        "A subcommand is required"                         },
-                      {"prnter",                  "there is no command \"prnter\""                   },
-                      {"record shw",              "there is no command \"shw\""                      },
-                      {"record show ''",          "FILE: a file is wanted"                           },
-                      {"printer list --colour",   "The following argument was not expected: --colour"},
-                      {"printer list x",          "The following argument was not expected: x"       },
-                      {"printer show",            "NAME is required"                                 },
-                      {"--store '' printer list", "--store: a file is wanted"                        },
-                      {"printer show \xff",       "the printer's name is not UTF-8"                  },
-    });
+    const std::vector<Refusal> rows = {
+        {"",                        "A subcommand is required"                         },
+        {"prnter",                  R"(there is no command "prnter")"                  },
+        {"record shw",              R"(there is no command "shw")"                     },
+        {"record show ''",          "FILE: a file is wanted"                           },
+        {"printer list --colour",   "The following argument was not expected: --colour"},
+        {"printer list x",          "The following argument was not expected: x"       },
+        {"printer show",            "NAME is required"                                 },
+        {"--store '' printer list", "--store: a file is wanted"                        },
+        {"printer show \xff",       "the printer's name is not UTF-8"                  },
+    };
+    ExpectRefused(run, 2, "", rows);
 }
 
 TEST_F(Options, OfThePlatformThatAreWrongAreToldByTheirKeys)
 {
     const std::pair<std::string, const char*> rows[] = {
         {"country",                  "KEY=VALUE is wanted"                                   },
-        {"contry=1",                 "no key \"contry\"; there are country,"                 },
+        {"contry=1",                 R"(no key "contry"; there are country,)"                },
         {"country=DE",               "country wants a telephone country code from 1 to 99999"},
         {"country=0",                ""                                                      },
         {"language=409",             "language wants four hexadecimal digits"                },
@@ -43,7 +41,7 @@ TEST_F(Options, OfThePlatformThatAreWrongAreToldByTheirKeys)
         {"os=2.5.1.2600",            "os wants PLATFORM.MAJOR.MINOR"                         },
         {"os=2.5.1.2600.65536",      ""                                                      },
         {"fonts=mine",               "fonts wants system or builtin"                         },
-        {"fail=GetPrinterX",         "the platform layer has no function \"GetPrinterX\""    },
+        {"fail=GetPrinterX",         R"(the platform layer has no function "GetPrinterX")"   },
         {"fail=malloc",              "the platform layer has no"                             },
         {"fail=GetPrinterW:0",       "fail wants FUNCTION,"                                  },
         {"fail=GetPrinterW:1x",      ""                                                      },

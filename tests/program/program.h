@@ -1,6 +1,7 @@
 // Runs qd480 as a process of its own, in a folder of its own with a store of its own.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <sys/types.h>
 
 #include "tests/store/temporary.h"
@@ -35,8 +36,9 @@ class Program {
     TemporaryFolder folder_;
 };
 
-// What a run that has done its work looks like, and one that only says why it could not.
+// What a run that has done its work looks like, one that answers a line, and one that only says why it could not.
 inline Result Done(const std::string& out = "") { return {0, out, ""}; }
+inline Result Answered(const std::string& line) { return Done(line + "\n"); }
 inline Result Failed(const std::string& why) { return {3, "", "qd480: " + why + "\n"}; }
 
 // Expects of each line, its words behind the command, that it ends with this status and says nothing but why: what
@@ -44,7 +46,7 @@ inline Result Failed(const std::string& why) { return {3, "", "qd480: " + why + 
 struct Refusal {
     std::string words, why;
 };
-void ExpectRefused(const Program& run, int status, const std::string& command, const std::vector<Refusal>& rows,
+void ExpectRefused(const Program& run, int status, const std::string& command, const std::vector<Refusal>& rows = {{}},
                    const std::string& input = "");
 
 struct ProgramTest : testing::Test {

@@ -1,6 +1,4 @@
-// qd480 sheet, played by scripts.
-#include <gmock/gmock.h>
-
+// qd480 sheet and device-sheet, played by scripts.
 #include "tests/program/program.h"
 
 using testing::AllOf;
@@ -21,13 +19,13 @@ TEST_F(SheetCommand, TellsOkFromCancelAndWritesWhatOkPublished)
                {"sheets",   "0"}
     }) {
         const std::string file = entry, sheet = Sheet + "-o " + file + " --entry " + entry;
-        const Result cancelled{1, std::string("{\"end\": {\"result\": ") + answer + "}}\n", ""};
+        const Result cancelled{1, std::string(R"({"end": {"result": )") + answer + "}}\n", ""};
         EXPECT_EQ(run(sheet, Change + "cancel"), cancelled);
         EXPECT_EQ(run(sheet, ""), cancelled);
         EXPECT_FALSE(std::filesystem::exists(run.Path(file)));
-        EXPECT_EQ(run(sheet, Change + "ok"), Done("{\"end\": {\"result\": 1}}\n"));
+        EXPECT_EQ(run(sheet, Change + "ok"), Answered(R"({"end": {"result": 1}})"));
         EXPECT_EQ(run.Contents(file).size(), 1848u);
-        EXPECT_THAT(run("record show " + file).out, HasSubstr("\"dmResolutionChoice\": 600"));
+        EXPECT_THAT(run("record show " + file).out, HasSubstr(R"("dmResolutionChoice": 600)"));
     }
 }
 
@@ -35,7 +33,7 @@ TEST_F(SheetCommand, KeepsWhatApplyPublishedAndStoresTheDefaultAfterOkAlone)
 {
     const Result result = run(Sheet + "-o r --store-default", Change + "apply\nrecord\ncancel");
     EXPECT_EQ(result.status, 1);
-    EXPECT_THAT(result.out, StartsWith("{\"record\": {\"dmDeviceName\": \"Ordana Quillet 4820E\""));
+    EXPECT_THAT(result.out, StartsWith(R"({"record": {"dmDeviceName": "Ordana Quillet 4820E")"));
     EXPECT_EQ(run.Contents("r").size(), 1848u);
     EXPECT_EQ(run("printer record NAME"), Done());
     run(Sheet + "-o r --store-default", Change + "ok");
@@ -48,27 +46,10 @@ TEST_F(SheetCommand, DumpsAndRecordsWhatTheUserHasChosen)
                               "choose IDC_PAPER_SOURCE \"Tray1\"\nchoose IDC_DUPLEX \"Booklet Left Binding\"\n"
                               "choose IDC_WATERMARK \"CONFIDENTIAL\"\ndump\nok\nrecord\n");
     EXPECT_EQ(result.status, 0) << result.err;
-    for (const char* part :
-         {"{\"dump\": {\"template\": 1001, \"title\": \"Setup\"", "\"applyEnabled\": true, \"changes\": 3",
-          "\"dmDefaultSource\": 1,", "\"dmDuplexOn\": 1,", "\"dmBookletPaper\": 1,",
-          "\"dmNupOn\": 1, \"dmNupCount\": 2,", "\"wmText\": \"CONFIDENTIAL\""})
+    for (const char* part : {R"({"dump": {"template": 1001, "title": "Setup")", R"("applyEnabled": true, "changes": 3)",
+                             R"("dmDefaultSource": 1,)", R"("dmDuplexOn": 1,)", R"("dmBookletPaper": 1,)",
+                             R"("dmNupOn": 1, "dmNupCount": 2,)", R"("wmText": "CONFIDENTIAL")"})
         EXPECT_THAT(result.out, HasSubstr(part));
-}
-
-// 5 8/16 by 9 1/16 inches.
-TEST_F(SheetCommand, MakesACustomSizeAndFindsItAgain)
-{
-    const std::string page = "page \"Paper\"\n",
-                      make =
-                          "click IDC_EDIT_CUSTOM\nclick IDC_CP_NEW\ntype IDC_CP_NAME \"Invitation\"\n"
-                          "type IDC_CP_WIDTH_INCH \"5\"\ntype IDC_CP_WIDTH_SIXTEENTHS \"8\"\n"
-                          "type IDC_CP_HEIGHT_INCH \"9\"\ntype IDC_CP_HEIGHT_SIXTEENTHS \"1\"\nok\nok\n";
-    EXPECT_EQ(run(Sheet + "--strict --store-default", page + make).status, 0);
-    EXPECT_THAT(run(Sheet + "-o r", page + "dump\nok").out, HasSubstr("\"text\": \"Invitation (5.50x9.06 inch)\""));
-    EXPECT_THAT(run("record show r").out, AllOf(HasSubstr("\"dmPaperSize\": 257"), HasSubstr("\"dmPaperWidth\": 1650"),
-                                                HasSubstr("\"dmPaperLength\": 2718")));
-    EXPECT_THAT(run("capabilities NAME --only DC_PAPERNAMES").out, HasSubstr("Invitation"));
-    EXPECT_EQ(run(Sheet + "--strict --no-permission", page + "click IDC_EDIT_CUSTOM\nok").status, 3);
 }
 
 // An input of the public part alone gets the private part too when there is room for it.
@@ -76,7 +57,7 @@ TEST_F(SheetCommand, TheRoomDecidesWhatAShortRecordBecomes)
 {
     run(Sheet + "-o r", Change + "ok");
     run(Sheet + "--in r -o s", "ok");
-    EXPECT_EQ(run("record diff r s"), Done("{}\n"));
+    EXPECT_EQ(run("record diff r s"), Answered("{}"));
     run("record set r dmDriverExtra=0 -o short");
     for (const auto& [room, published] : {
              std::pair("1847", 220u), {"1848", 1848u}
@@ -100,7 +81,8 @@ TEST_F(SheetCommand, EndsWithStatus3WhenStrictAndRefused)
     EXPECT_EQ(result.status, 3);
     EXPECT_THAT(result.out, HasSubstr("{\"refused\": {\"line\": 2, \"control\": 4711, \"reason\": \"absent\"}}\n"));
     EXPECT_EQ(result.err, "qd480: line 2 of the script was refused: control 4711 is absent\n");
-    EXPECT_THAT(run.Contents("t"), HasSubstr("{\"call\": \"GetDC\", \"dc\": ")) << "the trace of what has been";
+    EXPECT_THAT(run.Contents("t"), HasSubstr(R"({"call": "GetDC", "dc": )")) << "the trace of what has been";
+    EXPECT_EQ(run(Sheet + "--strict --no-permission", "page \"Paper\"\nclick IDC_EDIT_CUSTOM\nok").status, 3);
 }
 
 TEST_F(SheetCommand, SaysWhyNoSheetCameUp)
@@ -108,7 +90,7 @@ TEST_F(SheetCommand, SaysWhyNoSheetCameUp)
     EXPECT_EQ(run(Sheet + "--platform missing=compstui.dll", "ok"),
               (Result{3, "{\"end\": {\"result\": -1}}\n",
                       "qd480: the sheet could not be shown: DrvDocumentProperties answered -1\n"}));
-    EXPECT_EQ(run("sheet Other --script -"), Failed("there is no printer \"Other\" in the store"));
+    EXPECT_EQ(run("sheet Other --script -"), Failed(R"(there is no printer "Other" in the store)"));
     // The record's place before the user has any work with it, a picture's when it is taken.
     EXPECT_EQ(run(Sheet + "-o no/r", "ok"), Failed("cannot write no/r: No such file or directory"));
     EXPECT_EQ(run(Sheet, "snapshot /dev/full\nok").err, "qd480: cannot write /dev/full: No space left on device\n");
@@ -116,16 +98,15 @@ TEST_F(SheetCommand, SaysWhyNoSheetCameUp)
 
 TEST_F(SheetCommand, RefusesWhatDoesNotGoTogether)
 {
-    ExpectRefused(run, 2, Sheet,
-                  {
-                      {"--room 5",                         "--room goes with --entry sheets"                          },
-                      {"--entry advanced --no-permission", "--no-permission does not go with"                         },
-                      {"--entry other",                    "--entry"                                                  },
-                      {"--in -",                           "standard input cannot be both"                            },
-                      {"-o -",                             "standard output cannot take"                              },
-                      {"",                                 "standard input: line 2 of the script: \"jump\" is no step"},
-    },
-                  "ok\njump");
+    const std::vector<Refusal> rows = {
+        {"--room 5",                         "--room goes with --entry sheets"                           },
+        {"--entry advanced --no-permission", "--no-permission does not go with"                          },
+        {"--entry other",                    "--entry"                                                   },
+        {"--in -",                           "standard input cannot be both"                             },
+        {"-o -",                             "standard output cannot take"                               },
+        {"",                                 R"(standard input: line 2 of the script: "jump" is no step)"},
+    };
+    ExpectRefused(run, 2, Sheet, rows, "ok\njump");
 }
 
 TEST_F(SheetCommand, NeedsAScriptWhereThereIsNoDisplay)
@@ -146,6 +127,65 @@ TEST_F(SheetCommand, NeedsAScriptWhereThereIsNoDisplay)
                   {
                       {"", "--strict goes with --script FILE"}
     });
+}
+
+const std::string Confirmed = R"({"end": {"result": 1}})"
+                              "\n",
+                  Dismissed = R"({"end": {"result": 0}})"
+                              "\n";
+const std::string DeviceSheet = "device-sheet NAME --platform country=1 --script - ";
+
+using DeviceSheetCommand = ProgramTest;
+
+TEST_F(DeviceSheetCommand, TellsOkFromCancelAndWritesTray2ForBoth)
+{
+    EXPECT_EQ(run(DeviceSheet, "cancel"), (Result{1, Dismissed, ""}));
+    EXPECT_EQ(run("printer registry NAME"), Answered(R"({"tray2": {"type": "REG_BINARY", "hex": "30000000"}})"));
+    EXPECT_EQ(run(DeviceSheet + "--no-permission", "ok"), Done(Confirmed));
+    EXPECT_EQ(run("printer data NAME"), Answered("{}"));
+    run("printer registry NAME tray2 --hex 31000000");
+    EXPECT_EQ(run(DeviceSheet, "ok"), Done(Confirmed));
+    EXPECT_EQ(run("printer registry NAME"), Answered(R"({"tray2": {"type": "REG_BINARY", "hex": "31000000"}})"));
+    EXPECT_EQ(run("printer data NAME"),
+              Answered(R"({"PrinterData": {"type": "REG_BINARY", "hex": "0004080000000000"}, )"
+                       R"("PrinterDataSize": {"type": "REG_DWORD", "value": 8}})"));
+    run("sheet NAME --script - -o r", "ok");
+    EXPECT_THAT(run("record show r").out, HasSubstr(R"("dmDeviceFlags": 128)")) << "what a job begins with";
+}
+
+TEST_F(DeviceSheetCommand, PlaysTheOptionAndAbout)
+{
+    EXPECT_EQ(run(DeviceSheet + "--strict", "choose 99 0 # no list\n").status, 3);
+    const Result played =
+        run(DeviceSheet + "--strict", "click 100\nanswer ok\nrow 99 0\ndump\npage \"About\"\ndump\nrecord\nok");
+    EXPECT_EQ(played.status, 0) << played.err;
+    EXPECT_THAT(
+        played.out,
+        AllOf(HasSubstr(R"({"message": {"caption": "Halftone Color Adjustment")"),
+              HasSubstr(R"("rows": [["Ordana Quillet 4820E"], ["Halftone Color Adjustment"]], "selection": 0})"),
+              HasSubstr(R"({"dump": {"template": 1288, "title": "About")"),
+              HasSubstr(R"({"id": 1, "class": "Button", "text": "&OK", "enabled": false, "visible": false})"),
+              HasSubstr(R"({"record": null})")));
+}
+
+TEST_F(DeviceSheetCommand, TestsTheRightsThroughPrinterProperties)
+{
+    EXPECT_EQ(run(DeviceSheet + "--entry printer-properties", "cancel"), (Result{1, Dismissed, ""}));
+    EXPECT_EQ(run("printer data NAME"), Answered(R"({"Permission": {"type": "REG_DWORD", "value": 1}})"));
+    EXPECT_EQ(run("printer registry NAME"), Answered("{}"));
+    run("printer add R --read-only");
+    EXPECT_EQ(run("device-sheet R --script - --entry printer-properties", "ok"), Done(Confirmed));
+    EXPECT_EQ(run("printer data R"), Answered("{}"));
+}
+
+TEST_F(DeviceSheetCommand, SaysWhyNoSheetCameUp)
+{
+    EXPECT_EQ(run(DeviceSheet + "--platform missing=compstui.dll --entry printer-properties", "ok"),
+              (Result{3, Confirmed, "qd480: the sheet could not be shown: PrinterProperties answered 1\n"}));
+    EXPECT_EQ(run(DeviceSheet + "--platform fail=HeapCreate", "ok"),
+              (Result{3, "{\"end\": {\"result\": -1}}\n",
+                      "qd480: the sheet could not be shown: DrvDevicePropertySheets answered -1\n"}));
+    EXPECT_EQ(run(DeviceSheet + "--entry printer-properties --no-permission").status, 2);
 }
 
 }  // namespace
