@@ -164,7 +164,7 @@ constexpr ChangeRow Changes[] = {
 // What a page writes into the watermark of the job; texts end within their fields.
 constexpr std::string_view WatermarkChanges =
     "wmId=0..30 wmShading=5..100 wmSize wmSizeLow=8..200 wmPositionX wmPositionY=-100..100 wmAngle=angle "
-    "wmRemovable wmItalic wmBold wmPositionMode wmFirstPageOnly=0..1 wmAngleMode=0..3";
+    "wmRemovable wmItalic wmBold wmPositionMode wmFirstPageOnly=0..1 wmAngleMode=0..3 wmListHandle=any";
 
 // Where a word stands in a text, from there on.
 std::size_t FindWord(std::string_view text, std::string_view word, std::size_t from = 0)
@@ -237,8 +237,7 @@ std::string WrongWatermark(const View& view)
                 return std::string(field.name) + " has no end";
             continue;
         }
-        if (FindWord(WatermarkChanges, field.name) != WatermarkChanges.npos &&
-            !Allows(view, WatermarkChanges, field.name, WatermarkNumber(now, field)))
+        if (!Allows(view, WatermarkChanges, field.name, WatermarkNumber(now, field)))
             return std::string(field.name) + " becomes " + std::to_string(WatermarkNumber(now, field));
     }
     return {};
@@ -344,6 +343,7 @@ bool NameIsTaken(V v)
         if (row != WatermarkIndex && is(row)) return true;
     return false;
 }
+bool NameIsRefused(V v) { return NameIsBlank(v) || NameIsTaken(v); }
 bool NoPath(V v) { return v.Text(IDC_OVL_PATH).empty(); }
 bool NewRow(V) { return OverlayIsNew != 0; }
 bool LongFile(V v) { return v.file.size() >= 260; }
@@ -360,6 +360,7 @@ constexpr Message Messages[] = {
     {u"The watermark name is already registered.\nOverwrite it?",  IDD_WATERMARK,    NameIsTaken, StillUp},
     {u"The specific file is not found in this directory.",         IDD_OVERLAY_EDIT, NoPath,      StillUp},
     {u"The path you entered, '",                                   IDD_OVERLAY_EDIT, LongFile,    StillUp},
+    {u"\a",                                                        IDD_WATERMARK,    NameIsRefused, Told}, // a beep, as the field is left
     {u"The printer has no room to store all watermarks.",          IDD_WATERMARK,    NoRoom,      Told},
     {u"Close the open dialogs with OK and print the form",         IDD_OVERLAY_EDIT, NewRow,      Told},
     {u"/",                                                         IDD_OVERLAY_EDIT, AnyFile,     Told},
@@ -373,6 +374,8 @@ std::string WrongStores(const Start& start, const platform::StoredValues& before
 {
     if (before == after) return {};
     if (!start.mayChange) return "what is stored changes without the right to it";
+    for (const auto& [name, value] : before)
+        if (!after.contains(name)) return platform::ToUtf8(name) + " is no longer stored";
     for (const auto& [name, value] : after) {
         const auto old = before.find(name);
         if (old != before.end() && old->second == value) continue;

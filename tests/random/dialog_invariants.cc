@@ -1,10 +1,12 @@
 #include <algorithm>
+#include <cstring>
 #include <set>
 
 #include "pages/custom_paper_work_list.h"
 #include "pages/watermark_dialog_fields.h"
 #include "resources/control_numbers.h"
 #include "tests/random/invariants.h"
+#include "tests/support/custom_papers.h"
 #include "tests/support/overlays.h"
 #include "tests/support/watermark_sheet.h"
 #include "watermark/overlay_list.h"
@@ -48,10 +50,42 @@ std::string SizeText(const CustomPaperEntry& entry)
                inches(entry.cpHeight, entry.cpHeightSixteenths) + " inch]";
     return "[" + std::to_string(entry.cpWidth / 10) + " x " + std::to_string(entry.cpHeight / 10) + " mm]";
 }
+// The sizes as the dialog last had them.
+struct ListedPapers {
+    std::vector<CustomPaperEntry> rows;
+    bool typing = false;  // into a number, which is put right when it is left
+};
+const ListedPapers& PapersOfTheDialog(V v)
+{
+    static ListedPapers listed;
+    if (v.dialog != IDD_CUSTOM_PAPER) return listed;
+    listed.rows.clear();
+    for (int k = 0; k < WorkListCount(); ++k) listed.rows.push_back(*WorkListEntryAt(k));
+    listed.typing = v.Typing(IDC_CP_WIDTH_INCH) || v.Typing(IDC_CP_HEIGHT_INCH);
+    return listed;
+}
+// After OK they are what the printer has, byte for byte, with codes that count up.
+long SavedPapersApart(V v)
+{
+    if (v.closed != IDD_CUSTOM_PAPER || !v.start.soundPapers) return 0;
+    const ListedPapers& listed = PapersOfTheDialog(v);
+    const std::vector<CustomPaperEntry> stored =
+        testing_support::PapersOf(*v.start.machine, testing_support::TestPrinter);
+    if (stored.size() != listed.rows.size()) return 1000;
+    long apart = 0;
+    for (std::size_t k = 0; k < stored.size(); ++k) {
+        CustomPaperEntry row = listed.rows[k];
+        row.cpCode = static_cast<SHORT>(257 + k);
+        if (listed.typing)
+            row.cpWidthSixteenths = stored[k].cpWidthSixteenths, row.cpHeightSixteenths = stored[k].cpHeightSixteenths;
+        apart += std::memcmp(&row, &stored[k], sizeof row) != 0;
+    }
+    return apart;
+}
 long PaperRowsApart(V v)
 {
     const auto& rows = Papers(v).rows;
-    int apart = static_cast<int>(rows.size()) != WorkListCount();
+    int apart = rows.size() != PapersOfTheDialog(v).rows.size();
     for (std::size_t k = 0; k < rows.size(); ++k) {
         const CustomPaperEntry* entry = WorkListEntryAt(static_cast<int>(k));
         if (!entry || rows[k].cells.size() < 2) return 1000;
@@ -101,17 +135,26 @@ long PaperFieldsApart(V v)
     e->cpUnit == 1 ? look(inches) : look(millimetres);
     return typing ? 0 : apart;  // whole inches bring their sixteenths along when they are left
 }
+constexpr int Millimetres[] = {IDC_CP_WIDTH_MM, IDC_CP_WIDTH_MM_SPIN, IDC_CP_HEIGHT_MM, IDC_CP_HEIGHT_MM_SPIN};
+constexpr int Inches[] = {IDC_CP_WIDTH_INCH,        IDC_CP_WIDTH_INCH_SPIN,       IDC_CP_WIDTH_SIXTEENTHS,
+                          IDC_CP_HEIGHT_INCH,       IDC_CP_HEIGHT_INCH_SPIN,      IDC_CP_WIDTH_SIXTEENTHS_SPIN,
+                          IDC_CP_HEIGHT_SIXTEENTHS, IDC_CP_HEIGHT_SIXTEENTHS_SPIN};
 long WrongUnitControls(V v)
 {
-    constexpr int Millimetres[] = {IDC_CP_WIDTH_MM, IDC_CP_WIDTH_MM_SPIN, IDC_CP_HEIGHT_MM, IDC_CP_HEIGHT_MM_SPIN};
-    constexpr int Inches[] = {IDC_CP_WIDTH_INCH,       IDC_CP_WIDTH_INCH_SPIN,  IDC_CP_HEIGHT_INCH,
-                              IDC_CP_HEIGHT_INCH_SPIN, IDC_CP_WIDTH_SIXTEENTHS, IDC_CP_HEIGHT_SIXTEENTHS};
     const bool inches = v.Checked(IDC_CP_UNIT_INCH);
     int wrong = v.Checked(IDC_CP_UNIT_MM) == inches;
     for (const int control : Millimetres) wrong += v.Visible(control) == inches;
     for (const int control : Inches) wrong += v.Visible(control) != inches;
     return wrong;
 }
+
+long OpenSizeControls(V v)
+{
+    const auto open = [&](int control) { return v.Enabled(control) && v.Visible(control); };
+    return std::ranges::count_if(Millimetres, open) + std::ranges::count_if(Inches, open) + open(IDC_CP_DELETE) +
+           open(IDC_CP_UNIT_MM) + open(IDC_CP_UNIT_INCH);
+}
+long SizeControls(V v) { return v.Checked(IDC_CP_UNIT_INCH) ? 11 : 7; }
 
 // The Watermark dialog.
 bool RowOpen(V v) { return v.mayEdit && WatermarkIndex != 0; }
@@ -188,6 +231,21 @@ long OpenControls(V v)
     return std::ranges::count_if(Controls, [&](int control) { return v.Enabled(control); });
 }
 constexpr int EditorControls = 12;
+long OpenPlaceControls(V v)
+{
+    return v.Enabled(IDC_WM_HORIZONTAL) + v.Enabled(IDC_WM_VERTICAL) + v.Enabled(IDC_WM_HORIZONTAL_SPIN) +
+           v.Enabled(IDC_WM_VERTICAL_SPIN);
+}
+// After Cancel the names are those that the Setup page had before.
+long CancelledNamesApart(V v)
+{
+    static std::vector<std::u16string> before;
+    std::vector<std::u16string> names;
+    for (int k = 0; k <= WatermarkCount; ++k) names.push_back(WatermarkNames[static_cast<std::size_t>(k)]);
+    const bool cancelled = v.touched == IDC_EDIT_WATERMARK && v.closed != IDD_WATERMARK && !before.empty();
+    std::swap(before, names);
+    return cancelled && names != before;
+}
 // What OK has stored is what the list holds; what there is no room for goes, from the end.
 long StoredWatermarksApart(V v)
 {
@@ -217,9 +275,10 @@ long OrderOf(const DriverDevMode& record) { return (record.dmNupVertical ? 2 : 0
 long PickedOrder(V v)
 {
     constexpr int Buttons[] = {IDC_HORIZ_ASCENDING, IDC_HORIZ_DESCENDING, IDC_VERT_ASCENDING, IDC_VERT_DESCENDING};
+    const auto checked = [&](int button) { return v.Checked(button); };
     static long picked = -1;  // when the dialog was last looked at
     if (v.dialog == IDD_NUP_STYLE)
-        picked = std::ranges::find_if(Buttons, [&](int button) { return v.Checked(button); }) - Buttons;
+        picked = std::ranges::count_if(Buttons, checked) == 1 ? std::ranges::find_if(Buttons, checked) - Buttons : -2;
     return picked;
 }
 
@@ -238,17 +297,25 @@ EditedOverlay OverlayUnderEdit(bool empty = false)
 {
     return empty || !OverlayEditing ? EditedOverlay() : EditedOverlay{OverlayEditing->ovName, OverlayEditing->ovPath};
 }
-// After OK of the list the rows in memory are those that are stored.
+// The rows behind the head, as the list of overlays last had them.
+struct ListedOverlay {
+    std::u16string name, path;
+    DWORD pending;
+    bool operator==(const ListedOverlay&) const = default;
+};
+std::vector<ListedOverlay>& ListedOverlays()
+{
+    static std::vector<ListedOverlay> rows;
+    return rows;
+}
+// After OK of the list they are what the printer has.
 long StoredOverlaysApart(V v)
 {
     if (v.closed != IDD_OVERLAY_LIST || !v.start.mayChange) return 0;
-    const auto stored = testing_support::OverlaysOf(*v.start.machine, testing_support::TestPrinter);
-    const OverlayEntry* row = NextOverlay(OverlayList);
-    for (const OverlayEntry& entry : stored.rows) {
-        if (!row || std::u16string_view(row->ovName) != entry.ovName || row->ovPending != entry.ovPending) return 1;
-        row = NextOverlay(row);
-    }
-    return row ? 2 : 0;
+    std::vector<ListedOverlay> stored;
+    for (const OverlayEntry& row : testing_support::OverlaysOf(*v.start.machine, testing_support::TestPrinter).rows)
+        stored.push_back({row.ovName, row.ovPath, row.ovPending});
+    return stored != ListedOverlays();
 }
 
 bool Pending(V v)
@@ -260,8 +327,12 @@ bool Pending(V v)
 long OverlayListApart(V v)
 {
     int apart = 0;
-    for (const auto& item : v.List(IDC_OVL_LIST).items)
-        apart += item.text != reinterpret_cast<const OverlayEntry*>(item.data)->ovName;
+    ListedOverlays().clear();
+    for (const auto& item : v.List(IDC_OVL_LIST).items) {
+        const auto& row = *reinterpret_cast<const OverlayEntry*>(item.data);
+        apart += item.text != row.ovName;
+        if (&row != OverlayList) ListedOverlays().push_back({row.ovName, row.ovPath, row.ovPending});
+    }
     return apart;
 }
 
@@ -277,7 +348,9 @@ const Invariant Dialogs[] = {
     {"custom OK locked",        IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(v.start.soundPapers && v.Enabled(IDOK) == NameFault(v), 0); }},
     {"custom list locked",      IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(v.start.soundPapers && v.Enabled(IDC_CP_LIST) != (!NameFault(v) && !Papers(v).rows.empty()), 0); }},
     {"custom name locked",      IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(v.Enabled(IDC_CP_NAME), !Papers(v).rows.empty()); }},
+    {"custom sizes locked",     IDD_CUSTOM_PAPER, Always, [](V v) { return v.start.soundPapers ? Pair(OpenSizeControls(v), !Papers(v).rows.empty() && !NameFault(v) ? SizeControls(v) : 0) : Pair(0, 0); }},
     {"fifty sizes",             IDD_CUSTOM_PAPER, Always, [](V v) { return Pair(v.Enabled(IDC_CP_NEW) && Papers(v).rows.size() >= 50, 0); }},
+    {"custom sizes stored",     IDD_PAPER, Always, [](V v) { return Pair(SavedPapersApart(v), 0); }},
     {"watermark list rows",     IDD_WATERMARK, Always, [](V v) { return Pair(WatermarkListApart(v, true), 0); }},
     {"watermark selected",      IDD_WATERMARK, Always, [](V v) { return Pair(v.Selection(IDC_WM_LIST), WatermarkIndex); }},
     {"watermark fields",        IDD_WATERMARK, Always, [](V v) { return Pair(WatermarkFieldsApart(v), 0); }},
@@ -285,10 +358,11 @@ const Invariant Dialogs[] = {
     {"watermark limits",        IDD_WATERMARK, Always, [](V v) { return Pair(BadWatermarks(v), 0); }},
     {"thirty watermarks",       IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_NEW), v.mayEdit && WatermarkCount < MostWatermarks); }},
     {"watermark editor locked", IDD_WATERMARK, Always, [](V v) { return Pair(OpenControls(v), RowOpen(v) ? EditorControls : 0); }},
-    {"watermark angle locked",  IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_ANGLE), RowOpen(v) && WatermarkEdit.wmAngleMode == 3); }},
-    {"watermark place locked",  IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_HORIZONTAL) + v.Enabled(IDC_WM_VERTICAL), RowOpen(v) && WatermarkEdit.wmPositionMode ? 2 : 0); }},
+    {"watermark angle locked",  IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_ANGLE) + v.Enabled(IDC_WM_ANGLE_LABEL), RowOpen(v) && WatermarkEdit.wmAngleMode == 3 ? 2 : 0); }},
+    {"watermark place locked",  IDD_WATERMARK, Always, [](V v) { return Pair(OpenPlaceControls(v), RowOpen(v) && WatermarkEdit.wmPositionMode ? 4 : 0); }},
     {"watermark delete locked", IDD_WATERMARK, Always, [](V v) { return Pair(v.Enabled(IDC_WM_DELETE) && !RowOpen(v), 0); }},
     {"watermarks stored",       IDD_SETUP, Always, [](V v) { return Pair(StoredWatermarksApart(v), 0); }},
+    {"watermarks cancelled",    IDD_SETUP, Always, [](V v) { return Pair(CancelledNamesApart(v), 0); }},
     {"overlay fields",          IDD_OVERLAY_EDIT, Always, [](V v) { return Pair(FieldsOfOverlay(v) != OverlayUnderEdit(OverlayIsNew != 0), 0); }},
     {"overlay fields taken",    IDD_OVERLAY_LIST, Always, [](V v) { return Pair(v.closed == IDD_OVERLAY_EDIT && OverlayUnderEdit() != FieldsOfOverlay(v), 0); }},
     {"overlays stored",         IDD_SETUP, Always, [](V v) { return Pair(StoredOverlaysApart(v), 0); }},

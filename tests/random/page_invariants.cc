@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <cstring>
+#include <vector>
 
 #include "pages/paper_combo.h"
 #include "resources/control_numbers.h"
@@ -71,18 +73,20 @@ bool RowsKeepNumbers(V)
         if (row->wmId != k) return true;
     return false;
 }
+// The papers of the model that the source and the media leave: Tray2 takes the first five whatever the media, the
+// other sources what comes in the media. Stored sizes are of plain paper, and not in Tray2.
 long DocumentRowsApart(V v)
 {
-    int apart = 0, position = 0;
-    for (int row = 0; row < PaperRowCount; ++row) {
-        const PaperRow* paper = PaperRowAt(row);
-        if (!paper || !paper->enabled) continue;
-        const auto& items = v.List(IDC_DOCUMENT_SIZE).items;
-        if (position >= v.Count(IDC_DOCUMENT_SIZE) || items[static_cast<std::size_t>(position)].data != paper->code)
-            ++apart;
-        ++position;
-    }
-    return apart + (position != v.Count(IDC_DOCUMENT_SIZE));
+    const bool tray2 = SelectedSource == 2 && v.record.dmDeviceFlags & 128;
+    const DWORD media = MediaTable[static_cast<std::size_t>(v.record.dmMediaIndex)].mask;
+    std::vector<LPARAM> codes;
+    for (const PaperEntry& paper : PaperTable)
+        if (paper.portrait && (tray2 ? codes.size() < 5 : (paper.mediaMask & media) != 0)) codes.push_back(paper.code);
+    for (int code = 257; code < 257 + PaperRowCount - BuiltInPaperRows && !tray2 && media == 1; ++code)
+        codes.push_back(code);
+    std::vector<LPARAM> shown;
+    for (const auto& item : v.List(IDC_DOCUMENT_SIZE).items) shown.push_back(item.data);
+    return shown != codes;
 }
 DWORD StoredDword(V v, const char16_t* name)
 {
@@ -102,10 +106,14 @@ long StoredPapersApart(V v)
     for (int number = BuiltInPaperRows; const CustomPaperEntry& entry : stored) {
         const PaperRow* row = PaperRowAt(number++);
         if (!row) return 1000;
+        // Sixteenths of an inch become hundredths, which are cut off but for those of 2 and 6.
+        const auto side = [&](int whole, int sixteenths) {
+            return entry.cpUnit == UnitMillimetres ? whole : whole + (625 * sixteenths + 55) / 100;
+        };
         apart += row->code != entry.cpCode || std::u16string_view(row->name) != entry.cpName ||
                  row->size->psUnit != entry.cpUnit ||
-                 (entry.cpUnit == UnitMillimetres &&
-                  (row->size->psWidth != entry.cpWidth || row->size->psLength != entry.cpHeight));
+                 row->size->psWidth != side(entry.cpWidth, entry.cpWidthSixteenths) ||
+                 row->size->psLength != side(entry.cpHeight, entry.cpHeightSixteenths);
     }
     return apart;
 }
@@ -163,7 +171,7 @@ const Invariant Pages[] = {
     {"overlay page locked",     IDD_SETUP, Always,   [](V v) { return Pair(v.Enabled(IDC_OVERLAY_FIRST_PAGE), v.record.dmOverlayIndex != 0); }},
     {"edit overlay locked",     IDD_SETUP, Always,   [](V v) { return Pair(v.Enabled(IDC_EDIT_OVERLAY), v.mayEdit && !v.fromShell); }},
     {"Setup picture",           IDD_SETUP, Always,   [](V v) { return Pair(v.Checked(IDC_SETUP_PRINTER_FIGURE), v.record.dmPreviewMode); }},
-
+    {"Setup layout",            IDD_SETUP, Always,   [](V v) { return Pair(v.Checked(IDC_SETUP_PAGE_LAYOUT), v.record.dmPreviewMode == 0); }},
 
     // Paper.
     {"paper list",              IDD_PAPER, Always,   [](V v) { return Pair(v.Data(IDC_DOCUMENT_SIZE), v.record.dmPaperSize); }},
@@ -191,46 +199,55 @@ const Invariant Pages[] = {
     {"proof print",             IDD_PAPER, Always,   [](V v) { return Pair(v.Checked(IDC_PROOF_PRINT), v.record.dmProofPrint != 0); }},
     {"proof print locked",      IDD_PAPER, Always,   [](V v) { return Pair(v.Enabled(IDC_PROOF_PRINT), v.record.dmCollateMode != 0); }},
     {"orientation",             IDD_PAPER, Always,   [](V v) { return Pair(v.Checked(IDC_LANDSCAPE), v.record.dmOrientation == 2); }},
+    {"portrait",                IDD_PAPER, Always,   [](V v) { return Pair(v.Checked(IDC_PORTRAIT), v.record.dmOrientation == 1); }},
     {"rotated",                 IDD_PAPER, Always,   [](V v) { return Pair(v.Checked(IDC_ROTATED), v.record.dmImageRotated != 0); }},
     {"Paper picture",           IDD_PAPER, Always,   [](V v) { return Pair(v.Checked(IDC_PAPER_PRINTER_FIGURE), v.record.dmPreviewMode); }},
+    {"Paper layout",            IDD_PAPER, Always,   [](V v) { return Pair(v.Checked(IDC_PAPER_PAGE_LAYOUT), v.record.dmPreviewMode == 0); }},
 
     // Quality and Device Options Setting.
     {"resolution",              IDD_QUALITY, Always, [](V v) { return Pair(v.Selection(IDC_RESOLUTION), ResolutionPosition(v)); }},
     {"resolution rows",         IDD_QUALITY, Always, [](V v) { return Pair(v.Count(IDC_RESOLUTION), v.record.dmTonerSave || v.record.dmFixedResolution ? 1 : 3); }},
     {"toner save",              IDD_QUALITY, Always, [](V v) { return Pair(v.Checked(IDC_TONER_SAVE_ON), v.record.dmTonerSave != 0); }},
-    {"toner save locked",       IDD_QUALITY, Always, [](V v) { return Pair(v.Enabled(IDC_TONER_SAVE_ON) && (ResolutionPosition(v) != 0 || v.record.dmFixedResolution), 0); }},
+    {"toner save off",          IDD_QUALITY, Always, [](V v) { return Pair(v.Checked(IDC_TONER_SAVE_OFF), v.record.dmTonerSave == 0); }},
+    {"toner save locked",       IDD_QUALITY, Always, [](V v) { return Pair(v.Enabled(IDC_TONER_SAVE_ON) + v.Enabled(IDC_TONER_SAVE_OFF), ResolutionPosition(v) == 0 && !v.record.dmFixedResolution ? 2 : 0); }},
     {"smoothtone",              IDD_QUALITY, Always, [](V v) { return Pair(v.Selection(IDC_SMOOTHTONE), v.record.dmSmoothtone); }},
     {"smoothtone locked",       IDD_QUALITY, Always, [](V v) { return Pair(v.Enabled(IDC_SMOOTHTONE), !v.record.dmTonerSave && !v.record.dmFixedResolution); }},
     {"density",                 IDD_QUALITY, Always, [](V v) { return Pair(v.Selection(IDC_TONER_DENSITY), v.record.dmTonerDensity); }},
     {"raster",                  IDD_QUALITY, Always, [](V v) { return Pair(v.Checked(IDC_ALL_RASTER_ON), v.record.dmAllRaster != 0); }},
+    {"raster off",              IDD_QUALITY, Always, [](V v) { return Pair(v.Checked(IDC_ALL_RASTER_OFF), v.record.dmAllRaster == 0); }},
     {"raster locked",           IDD_QUALITY, Always, [](V v) { return Pair(v.Enabled(IDC_ALL_RASTER_ON) + v.Enabled(IDC_ALL_RASTER_OFF), RasterAllowed(v) ? 2 : 0); }},
     {"printer fonts",           IDD_QUALITY, Always, [](V v) { return Pair(v.Checked(IDC_PRINTER_TRUETYPE), v.record.dmPrinterTrueType != 0); }},
     {"printer fonts locked",    IDD_QUALITY, Always, [](V v) { return Pair(v.Enabled(IDC_PRINTER_TRUETYPE), v.record.dmAllRaster == 0); }},
     {"graphics mode",           IDD_QUALITY, Always, [](V v) { return Pair(v.record.dmGraphicsMode, v.record.dmAllRaster ? 0 : 1); }},
     {"text mode",               IDD_QUALITY, Always, [](V v) { return Pair(v.record.dmTextMode, v.record.dmAllRaster ? 1 : 2); }},
     {"Quality picture",         IDD_QUALITY, Always, [](V v) { return Pair(v.Checked(IDC_QUALITY_PRINTER_FIGURE), v.record.dmPreviewMode); }},
+    {"Quality layout",          IDD_QUALITY, Always, [](V v) { return Pair(v.Checked(IDC_QUALITY_PAGE_LAYOUT), v.record.dmPreviewMode == 0); }},
     {"Tray2",                   IDD_DEVICE_OPTIONS, Always, [](V v) { return Pair(v.Checked(IDC_TRAY2), (v.record.dmDeviceFlags & 128) != 0); }},
     {"Tray2 locked",            IDD_DEVICE_OPTIONS, Always, [](V v) { return Pair(v.Enabled(IDC_TRAY2), 0); }},
     {"Tray2 figure",            IDD_DEVICE_OPTIONS, Always, [](V v) { return Pair(Tray2Installed != 0, (v.record.dmDeviceFlags & 128) != 0); }},
     {"memory",                  IDD_DEVICE_OPTIONS, Always, [](V v) { return Pair(v.Selection(IDC_TOTAL_MEMORY), v.record.dmTotalMemory == 16 ? 0 : 1); }},
     {"device picture",          IDD_DEVICE_OPTIONS, Always, [](V v) { return Pair(v.Checked(IDC_DEVICE_PRINTER_FIGURE), DevicePreviewMode); }},
+    {"device layout",           IDD_DEVICE_OPTIONS, Always, [](V v) { return Pair(v.Checked(IDC_DEVICE_PAGE_LAYOUT), DevicePreviewMode == 0); }},
 };
 
 constexpr Exception PagesApart[] = {
     {"N-up list",       [](V v) { return Booklet(v) && v.Selection(IDC_NUP) == 1; }, "a booklet shows as 2-up, whatever count the record brought, and so does the list where it is refused", true},
-    {"border",          [](V v) { return !v.Enabled(IDC_BORDER_LINE) && !Unscaled(v); }, "scaling takes the border from the record and locks its check, which keeps its mark", true},
-    {"guide paper",     [](V v) { return !v.Enabled(IDC_GUIDE_PAPER); }, "without duplex the locked check stands checked, and duplex later only unlocks it", true},
+    {"border",          [](V v) { return v.Checked(IDC_BORDER_LINE) && !v.Enabled(IDC_BORDER_LINE) && !Unscaled(v); }, "scaling takes the border from the record and locks its check, which keeps its mark", true},
+    {"guide paper",     [](V v) { return v.Checked(IDC_GUIDE_PAPER) && !v.Enabled(IDC_GUIDE_PAPER); }, "without duplex the locked check stands checked, and duplex later only unlocks it", true},
     {"duplex list",     [](V v) { return v.Count(IDC_DUPLEX) == 3 && DuplexPosition(v) > 2; }, "the short list has no row for the booklet that a record brought, and none is selected as it grows", true},
-    {"source list",     [](V v) { return !v.Offers(IDC_PAPER_SOURCE, v.record.dmDefaultSource); }, "a source that dropped out of the list stays in the record; the list shows its first row"},
+    {"source list",     [](V v) { return v.Selection(IDC_PAPER_SOURCE) == 0 && !v.Offers(IDC_PAPER_SOURCE, v.record.dmDefaultSource); }, "a source that dropped out of the list stays in the record; the list shows its first row"},
+    {"source list",     [](V v) { return std::ranges::none_of(BinTable, [&](const BinEntry& bin) { return static_cast<int>(bin.code) == v.record.dmDefaultSource; }); }, "for a number that is no source the list shows the source before"},
     {"watermark list",  [](V v) { return v.record.dmWatermark.wmId < 1 || v.record.dmWatermark.wmId > WatermarkCount; }, "the record brought a watermark that the printer does not have"},
     {"N-up style locked", [](V v) { return v.before.dmBookletPaper != 0 && !v.Enabled(IDC_NUP_STYLE); }, "as N-up, where duplex takes a booklet away", true},
     {"watermark of the job", RowsKeepNumbers, "rows keep their numbers behind one that was deleted, until the list is loaded anew; a record that is brought up to date by number takes the row that has moved there"},
     {"scaling",         [](V v) { return (v.touched == Arrival || v.touched == Applied) && v.before.dmZoom != 100 && v.record.dmZoom == 100; }, "scaling that a record brought together with Fit to Paper, or that N-up leaves behind, goes as the page comes to the front; the field keeps its text until it is left", true},
+    {"toner save locked", [](V v) { return v.record.dmTonerSave && !v.Enabled(IDC_TONER_SAVE_ON) && !v.Enabled(IDC_TONER_SAVE_OFF); }, "a record brought toner save with a higher resolution, and only toner save off unlocks the two", true},
     {"smoothtone locked", [](V v) { return v.record.dmFixedResolution > 1 || v.record.dmFixedResolution < 0; }, "Default unlocks smoothtone and clears a fixed resolution of 1 alone"},
     {"edit custom locked", [](V v) { return v.record.dmDefaultSource == 2 && !(v.record.dmDeviceFlags & 128); }, "a Tray2 that is not there counts as Tray1 in front, until Default asks the record again"},
     {"a paper comes in its media", [](V v) { return v.record.dmDefaultSource == 2 && v.record.dmMediaIndex == 0; }, "Tray2 takes the media back to plain paper and leaves the paper", true},
     {"duplex locked",   [](V v) { return v.record.dmDefaultSource == 2 && !(v.record.dmDeviceFlags & 128); }, "a Tray2 that is not there takes the media back as well; duplex opens with the next refresh"},
-    {"paper rows",      [](V) { return SelectedSource == 2; }, "Default filters by media, and the list keeps the papers of Tray2 until the page comes to the front"},
+    {"paper rows",      [](V v) { return v.record.dmDefaultSource == 2 && !(v.record.dmDeviceFlags & 128); }, "a Tray2 that is not there takes the media back, and the list keeps the papers of the media before"},
+    {"paper rows",      [](V v) { return SelectedSource == 2 && v.touched == IDC_DEFAULT; }, "Default filters by media, and the list keeps the papers of Tray2 until the page comes to the front"},
     {"the mode tells of scaling", [](V v) { return FitLocked(v) || v.before.dmNupOn || v.before.dmBookletPaper; }, "N-up and booklets take the mode and leave the scaling until the Paper page comes up without them", true},
     {"source list",     [](V v) { return Duplex(v) && v.record.dmDefaultSource != 1 && v.Data(IDC_PAPER_SOURCE) == 1; }, "a refused source shows Tray1, whatever a record brought together with duplex"},
     {"N-up locked",     [](V v) { return v.before.dmBookletPaper != 0 && !v.Enabled(IDC_NUP); }, "a refused duplex takes the booklet that a record brought; N-up opens with the next refresh"},

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <functional>
 
@@ -38,9 +39,13 @@ namespace {
 namespace user = platform::user;
 using testing_support::TestPrinter;
 
+constexpr std::size_t MostTemplates = 20;
+
 // What the process notes for the one that waits for it.
 struct Ledger {
     int count;
+    bool finished;
+    int seen[MostTemplates];
     Step steps[MostSteps];
     std::uint8_t boxes[MostSteps], files[MostSteps];
     char failure[2000], story[500];
@@ -90,9 +95,7 @@ class Player : public platform::Desktop {
     {
         ++ledger_.boxes[at_];
         if (unjudged_) return IDOK;
-        boxes_.push_back(request.text);
-        const std::string wrong = MessageWithoutReason(ViewOf(user::DialogOf(user::TopWindow())), request.text);
-        if (!wrong.empty()) Fail(wrong + ", after: " + ScriptOf(now_, 0, 0));
+        Hear(request.text);
         return (request.style & 0x0F) == MB_OK || now_.ok ? IDOK : IDCANCEL;
     }
     std::optional<std::u16string> PickFile(const platform::FileDialogRequest& request) override
@@ -101,11 +104,26 @@ class Player : public platform::Desktop {
         if (now_.file == 0 || !request.accept(Files.at(now_.file))) return std::nullopt;
         return Files.at(now_.file);
     }
-    void Beep(UINT) override { beeped_ = true; }
+    void Beep(UINT) override
+    {
+        if (!unjudged_) Hear(u"\a");
+    }
 
   private:
     bool Failed() const { return ledger_.failure[0] != 0; }
     void Fail(const std::string& what) { Note(ledger_.failure, what); }
+    void Hear(const std::u16string& message)
+    {
+        messages_.push_back(message);
+        const std::string wrong = MessageWithoutReason(ViewOf(user::DialogOf(user::TopWindow())), message);
+        if (!wrong.empty()) Fail(wrong + ", after: " + ScriptOf(now_, 0, 0));
+    }
+    void See(int number)
+    {
+        int* const known = std::find_if(ledger_.seen, std::end(ledger_.seen),
+                                        [&](int other) { return other == number || other == 0; });
+        if (known != std::end(ledger_.seen)) *known = number;
+    }
     bool MoreSteps() const { return ledger_.count < static_cast<int>(given_ ? given_->size() : MostSteps); }
     View ViewOf(HWND page) const
     {
@@ -113,6 +131,12 @@ class Player : public platform::Desktop {
         const bool fromShell = !platform::CurrentEnvironment().facts->OwnerModule().empty();
         return {start_,   page,    TemplateOf(page), *CurrentSettings,   last_, mayEdit, fromShell,
                 control_, dialog_, closed_,          Files.at(now_.file)};
+    }
+    // What no step of a sheet of the job writes: the default record and the printer's key.
+    std::pair<platform::Bytes, platform::StoredValues> UntouchedStores() const
+    {
+        platform::MemoryStore& store = *start_.machine->store;
+        return {store.DefaultRecord(TestPrinter), store.KeyValues(platform::PrinterKeyPath(TestPrinter))};
     }
     void Take(const Step& step, HWND top);
     void Look();
@@ -127,9 +151,9 @@ class Player : public platform::Desktop {
     Judge judge_;
     Step now_;  // the step that is being taken
     int at_ = 0, dialog_ = 0, control_ = Arrival, closed_ = 0;
-    std::vector<std::u16string> boxes_;
+    std::vector<std::u16string> messages_;
     std::u16string newOverlay_;  // the path of the one that the next job makes
-    bool beeped_ = false, applied_ = false;
+    bool applied_ = false;
     int appliedPage_ = 0;
     // Another sheet is or was up beside the one of the job: the printer's own, which has no record of a job, or a
     // second one, which takes the record and the lists of the first. Then only what is left in the end is looked at.
@@ -137,6 +161,7 @@ class Player : public platform::Desktop {
     DriverDevMode last_{};
     DriverDevMode appliedRecord_{};  // before the last Apply
     platform::StoredValues lastStore_;
+    std::pair<platform::Bytes, platform::StoredValues> untouched_;
 };
 
 void Player::Take(const Step& step, HWND top)
@@ -145,8 +170,9 @@ void Player::Take(const Step& step, HWND top)
     const int at = at_ = ledger_.count++;
     ledger_.steps[at] = now_ = step;
     const int dialog = dialog_ = TemplateOf(user::DialogOf(top)), control = control_ = ControlOf(step, top);
-    boxes_.clear();
-    beeped_ = false, closed_ = 0;
+    See(dialog);
+    messages_.clear();
+    closed_ = 0;
     const user::Outcome outcome = Act(step, top);
     // A step that was refused may have left a field, and nothing else.
     at_ = at, now_ = step, dialog_ = dialog, control_ = outcome == user::Outcome::Done ? control : Elsewhere;
@@ -165,20 +191,21 @@ void Player::Look()
     if (Failed() || unjudged_) return;
     const platform::StoredValues store = start_.machine->store->Values(TestPrinter);
     std::string wrong = WrongStores(start_, lastStore_, store, dialog_, control_);
+    if (wrong.empty() && UntouchedStores() != untouched_)
+        wrong = "the default record or the registry changes by control " + std::to_string(control_);
     lastStore_ = store;
     const HWND sheet = user::OpenWindows().empty() ? nullptr : user::OpenWindows().front();
     if (wrong.empty() && top && !user::Ended(sheet)) {
         const View view = ViewOf(user::DialogOf(top));
         wrong = WrongChanges(view);
-        for (std::size_t k = 0; k < boxes_.size() && wrong.empty(); ++k) wrong = WrongMessage(view, boxes_[k]);
-        if (wrong.empty() && beeped_ && dialog_ != IDD_WATERMARK) wrong = "a beep";
+        for (std::size_t k = 0; k < messages_.size() && wrong.empty(); ++k) wrong = WrongMessage(view, messages_[k]);
         // The lists of a dialog that has ended are gone.
         if (wrong.empty() && !user::Ended(top)) wrong = judge_.Wrong(view);
         last_ = *CurrentSettings;
         const OverlayEntry* pending = FindPendingOverlay(OverlayList);
         newOverlay_ = pending ? pending->ovPath : u"";
     }
-    boxes_.clear(), beeped_ = false;
+    messages_.clear();
     if (!wrong.empty()) Fail(wrong + ", after: " + ScriptOf(now_, 0, 0));
 }
 
@@ -190,6 +217,7 @@ void Player::Run(HWND top)
         now_ = {Action::Page, true, 0, 0, 0}, dialog_ = 0, control_ = Arrival, closed_ = 0;
         last_ = *CurrentSettings;
         lastStore_ = start_.machine->store->Values(TestPrinter);
+        untouched_ = UntouchedStores();
     }
     // Paints the page before it is looked at.
     user::PaintPending();
@@ -254,6 +282,11 @@ void Player::Published(LONG result, const std::vector<BYTE>& output)
 void Player::ShowDeviceSheet()
 {
     unjudged_ = true;
+    const auto tray2 = [&] {
+        const auto value = start_.machine->store->KeyValue(platform::PrinterKeyPath(TestPrinter), u"tray2");
+        return value ? value->bytes : platform::Bytes();
+    };
+    const platform::Bytes before = tray2(), off = {'0', 0, 0, 0}, on = {'1', 0, 0, 0};
     std::u16string name = TestPrinter;
     DEVICEPROPERTYHEADER header{};
     header.cbSize = sizeof header;
@@ -265,11 +298,11 @@ void Player::ShowDeviceSheet()
     platform::spooler::Close(header.hPrinter);
     unjudged_ = false;
     if (DeviceSheetOpen || DeviceSettings) Fail("the device sheet is not over");
-    const auto tray2 = start_.machine->store->KeyValue(platform::PrinterKeyPath(TestPrinter), u"tray2");
-    const auto is = [&](char state) {
-        return tray2->bytes == platform::Bytes{static_cast<std::uint8_t>(state), 0, 0, 0};
-    };
-    if (start_.service && start_.mayChange && (!tray2 || (!is('0') && !is('1')))) Fail("Tray2 is not written back");
+    // It goes back as it was read; what was no number may have been read as either.
+    const platform::Bytes after = tray2();
+    const bool kept = after == (before.empty() ? off : before), read = before.empty() || before == on;
+    if (start_.service && start_.mayChange && !kept && (read || (after != off && after != on)))
+        Fail("Tray2 is not written back as it was read");
 }
 
 void Player::Play()
@@ -295,7 +328,7 @@ void Player::Play()
 
 }  // namespace
 
-Played Play(std::uint64_t seed, const std::optional<std::vector<Step>>& steps)
+Played Play(std::uint64_t seed, const std::optional<std::vector<Step>>& steps, unsigned seconds)
 {
     static Ledger* const ledger =
         static_cast<Ledger*>(mmap(nullptr, sizeof(Ledger), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
@@ -308,9 +341,10 @@ Played Play(std::uint64_t seed, const std::optional<std::vector<Step>>& steps)
     const pid_t child = fork();
     if (child < 0) throw std::runtime_error("no process for a walk");
     if (child == 0) {
-        alarm(60);  // a handler that never returns
+        alarm(seconds);  // a handler that never returns
         try {
             Player(*ledger, seed, steps).Play();
+            ledger->finished = true;
         } catch (const std::exception& error) {
             Note(ledger->failure, std::string("an exception: ") + error.what());
         }
@@ -319,14 +353,16 @@ Played Play(std::uint64_t seed, const std::optional<std::vector<Step>>& steps)
     int status = 0;
     waitpid(child, &status, 0);
     if (WIFSIGNALED(status)) Note(ledger->failure, "signal " + std::to_string(WTERMSIG(status)));
-    if (WIFEXITED(status) && WEXITSTATUS(status) != 0)
-        Note(ledger->failure, "exit status " + std::to_string(WEXITSTATUS(status)));
+    if (WIFEXITED(status) && (WEXITSTATUS(status) != 0 || !ledger->finished))
+        Note(ledger->failure, "ends on its own with exit status " + std::to_string(WEXITSTATUS(status)));
 
     Played played;
     const auto count = std::min(ledger->count, MostSteps);
     played.steps.assign(ledger->steps, ledger->steps + count);
     played.failure = ledger->failure;
     played.story = ledger->story;
+    played.seen = {std::begin(ledger->seen), std::end(ledger->seen)};
+    played.seen.erase(0);
     for (int k = 0; k < count; ++k) played.script += ScriptOf(ledger->steps[k], ledger->boxes[k], ledger->files[k]);
     return played;
 }
@@ -340,14 +376,16 @@ Played Shrink(std::uint64_t seed, const Played& failed)
         const std::string control = by == told.npos ? "" : told.substr(by, told.find(',', by + 1) - by);
         return told.substr(0, told.find_first_of("0123456789")) + control;
     };
+    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(2);
     Played shortest = failed;
     for (std::size_t part = std::max<std::size_t>(failed.steps.size() / 2, 1); part > 0;) {
         const std::size_t before = shortest.steps.size();
         for (std::size_t from = 0; from < shortest.steps.size();) {
+            if (std::chrono::steady_clock::now() > end) return shortest;
             std::vector<Step> fewer = shortest.steps;
             fewer.erase(fewer.begin() + static_cast<std::ptrdiff_t>(from),
                         fewer.begin() + static_cast<std::ptrdiff_t>(std::min(from + part, fewer.size())));
-            const Played tried = Play(seed, fewer);
+            const Played tried = Play(seed, fewer, 10);
             if (fault(tried) != fault(failed))
                 from += part;
             else

@@ -238,7 +238,7 @@ Start MakeStart(Random& random)
             {stored.begin(), stored.begin() + (hostile ? random.Below(stored.size()) : sizeof(DriverDevMode))});
         start.story += hostile ? ", hostile stored record" : ", legal stored record";
     }
-    if (random.Chance(1, 3)) {
+    if (random.Chance(1, 2)) {
         const platform::StoredValue tray2 = {
             3, random.Chance(1, 4) ? RandomBytes(random, 9) : Bytes{'1', 0, 0, 0}
         };
