@@ -185,6 +185,8 @@ void TryEveryPlace(const char* what, Attempt::Mode mode, std::uint64_t every, co
             {"any", known}
         };
     const std::vector<FailingPlace> tried = FailingPlaces(places, every);
+    EXPECT_GT(known, 100u) << "the walk hardly calls anything";
+    EXPECT_FALSE(tried.empty());
     for (const auto& [function, call] : tried) Try({mode, function, call}, walk);
     EXPECT_EQ(CallsOf(walk), calls) << "a failure has left something behind in the process";
     std::printf("%s: %zu functions, %llu places, %zu tried\n", what, calls.size(),

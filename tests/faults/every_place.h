@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
@@ -34,7 +35,10 @@ class Attempt {
     std::string Name() const;
     // To be called where something has been done: whatever has failed since then failed in one of these places.
     void Note(std::initializer_list<int> places);
-    bool FailedAt(int place) const { return places_.contains(place); }
+    bool FailedAt(std::initializer_list<int> places) const
+    {
+        return std::ranges::any_of(places, [this](int place) { return places_.contains(place); });
+    }
     // How often calls of these functions have failed.
     std::uint64_t Failed(std::initializer_list<const char*> functions) const;
     std::uint64_t Failed() const;  // of any
