@@ -187,15 +187,17 @@ OverlayEntry* LinkShownRows(HWND dialog)
 {
     OverlayEntry* last = OverlayList;
     const LRESULT count = last ? AskList(dialog, LB_GETCOUNT) : 0;
+    bool told = count > 0;
     for (LRESULT i = 0; i < count; ++i) {
         OverlayEntry* row = RowAt(dialog, i);
+        if (!row) told = false;
         if (!row || row == OverlayList) continue;
         UnlinkOverlay(row);
         LinkOverlay(last, row);
         last = row;
     }
-    // A list box that does not even show "<NONE>" says nothing about the rows.
-    while (OverlayEntry* next = count > 0 ? nullptr : NextOverlay(last)) last = next;
+    // A list box that does not even show "<NONE>", or does not tell one of its rows, lets none of them go.
+    while (OverlayEntry* next = told ? nullptr : NextOverlay(last)) last = next;
     return last;
 }
 

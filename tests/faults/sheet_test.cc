@@ -294,7 +294,8 @@ struct EditedList {
 // be loaded.
 void CheckList(const EditedList& list, const RowNames& names, const Attempt& attempt, bool shown)
 {
-    const bool elsewhere = attempt.Single() && shown && !attempt.FailedAt({list.page, list.dialog, list.editor});
+    const bool elsewhere =
+        attempt.Single() && shown && !attempt.FailedAt({OpeningOf(Sheet), list.page, list.dialog, list.editor});
     if (attempt.Clean() || elsewhere) {
         EXPECT_EQ(names, list.whole) << list.what;
     }
@@ -377,7 +378,9 @@ void WalkTheSheet(Attempt& attempt)
     }
     if (attempt.Clean() || (attempt.Single() && who->shown)) {
         EXPECT_EQ(result, IDOK);
-        EXPECT_EQ(output.dmCopies, 7);
+        if (!attempt.Failed({"GetDlgItemInt"})) {
+            EXPECT_EQ(output.dmCopies, 7);
+        }
     }
     if (published) CheckRecord(output);
     CheckStore(machine, attempt, who->shown);
