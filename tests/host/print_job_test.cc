@@ -1,8 +1,6 @@
 // Jobs one after the other in one process, through the module itself.
 #include "host/print_job.h"
 
-#include <gtest/gtest.h>
-
 #include <CLI/CLI.hpp>
 
 #include "host/files.h"
@@ -56,9 +54,8 @@ TEST_F(PrintJobTest, StampsTheFirstPageOfEachOfTwoJobs)
     settings.dmWatermark.wmSize = 72;
     std::u16string_view(u"Arial").copy(settings.dmWatermark.wmFaceName, 31);
     std::u16string_view(u"DRAFT").copy(settings.dmWatermark.wmText, 73);
-    for (const char* job : {"first", "second"}) {
+    for (const char* job : {"first", "second"})
         EXPECT_EQ(StampedPages(context_, *printer_, name_, *record_), (std::vector<bool>{true, false, false})) << job;
-    }
 }
 
 TEST_F(PrintJobTest, IsAbortedWhenItBreaksOff)

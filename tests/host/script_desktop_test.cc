@@ -9,46 +9,12 @@ namespace {
 
 using namespace host;
 using namespace platform;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 // Numbers of the one page's controls, and what a click on each button brings up.
 constexpr int Field = 10, Greyed = 11, List = 12, AsksButton = 20, WarnsButton = 21, OpensButton = 22, SavesButton = 23;
-
-void PickFile(HWND page, bool save)
-{
-    Desktop& desktop = *CurrentEnvironment().desktop;
-    FileDialogRequest request{page, save, u"File", u"/forms", u"old", u"oxl", {{u"Forms (*.oxl)", u"*.oxl"}}, 2, {}};
-    request.accept = [](const std::u16string& path) { return path.find(u"bad") == path.npos; };
-    const auto path = desktop.PickFile(request);
-    user::SetText(user::Control(page, Field), path.value_or(u"none"));
-}
-
-void AskInDialog(HWND page);
-
-INT_PTR PageProc(HWND page, UINT message, WPARAM wParam, LPARAM)
-{
-    if (message != WM_COMMAND || HighWord(wParam) != BN_CLICKED) return FALSE;
-    Desktop& desktop = *CurrentEnvironment().desktop;
-    switch (LowWord(wParam)) {
-        case AsksButton: {
-            const int answer = desktop.MessageBox({page, u"Really?", u"Question", MB_OKCANCEL});
-            user::SetText(user::Control(page, Field), answer == IDOK ? u"yes" : u"no");
-            break;
-        }
-        case WarnsButton:
-            desktop.MessageBox({page, u"So it is.", u"Warning", MB_OK | MB_ICONEXCLAMATION});
-            break;
-        case OpensButton:
-            AskInDialog(page);
-            break;
-        case SavesButton:
-            PickFile(page, true);
-            break;
-    }
-    return TRUE;
-}
 
 INT_PTR DialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM)
 {
@@ -64,7 +30,7 @@ user::ControlTemplate Make(const char16_t* className, int id, DWORD style = 0)
     };
 }
 
-void AskInDialog(HWND page)
+const char16_t* AskInDialog(HWND page)
 {
     user::DialogTemplate layout;
     layout.controls = {Make(u"Button", IDOK), Make(u"Button", IDCANCEL)};
@@ -72,7 +38,32 @@ void AskInDialog(HWND page)
     user::RunModal(dialog);
     const bool ok = user::Find(dialog)->As<user::DialogState>()->result == IDOK;
     user::Destroy(dialog);
-    user::SetText(user::Control(page, Field), ok ? u"ended by OK" : u"ended by Cancel");
+    return ok ? u"ended by OK" : u"ended by Cancel";
+}
+
+std::u16string AnswerTo(int button, HWND page)
+{
+    Desktop& desktop = *CurrentEnvironment().desktop;
+    FileDialogRequest file{page, true, u"File", u"/forms", u"old", u"oxl", {{u"Forms (*.oxl)", u"*.oxl"}}, 2, {}};
+    file.accept = [](const std::u16string& path) { return path.find(u"bad") == path.npos; };
+    switch (button) {
+        case AsksButton:
+            return desktop.MessageBox({page, u"Really?", u"Question", MB_OKCANCEL}) == IDOK ? u"yes" : u"no";
+        case WarnsButton:
+            return desktop.MessageBox({page, u"So it is.", u"Warning", MB_OK | MB_ICONEXCLAMATION}) == IDOK ? u"ok"
+                                                                                                            : u"";
+        case OpensButton:
+            return AskInDialog(page);
+        default:
+            return desktop.PickFile(file).value_or(u"none");
+    }
+}
+
+INT_PTR PageProc(HWND page, UINT message, WPARAM wParam, LPARAM)
+{
+    if (message != WM_COMMAND || HighWord(wParam) != BN_CLICKED) return FALSE;
+    user::SetText(user::Control(page, Field), AnswerTo(LowWord(wParam), page));
+    return TRUE;
 }
 
 HWND MakePage(HWND sheet)
@@ -93,16 +84,12 @@ struct Played {
     std::string trouble;
 };
 
-Played Play(const char* script, bool strict = false)
+Played Play(const std::string& script, bool strict = false)
 {
     Played played;
     ScriptLinks links;
     links.print = [&](const Json& line) { played.lines.push_back(ToLine(line)); };
-    links.record = [] {
-        return Json{
-            {"dmZoom", 100}
-        };
-    };
+    links.record = [] { return Json::parse(R"({"dmZoom": 100})"); };
     links.snapshot = [](HWND, const std::string& file) { throw std::runtime_error("no room for " + file); };
     const auto desktop = std::make_shared<ScriptDesktop>(ParseScript(script), links, strict);
     CurrentEnvironment().desktop = desktop;
@@ -115,17 +102,11 @@ Played Play(const char* script, bool strict = false)
     return played;
 }
 
-// What the field shows in the first dump among the lines.
-std::string FieldIn(const Played& played)
+// What the field shows at the end of the script.
+std::string FieldAfter(const std::string& script)
 {
-    for (const std::string& line : played.lines) {
-        const Json json = Json::parse(line);
-        if (!json.contains("dump")) continue;
-        for (const Json& control : json["dump"]["controls"]) {
-            if (control["id"] == Field) return control["text"];
-        }
-    }
-    return "no dump";
+    const Json dump = Json::parse(Play(script + "\ndump").lines.back())["dump"];
+    return dump["controls"][0]["text"];
 }
 
 TEST(ScriptDesktop, EndsTheSheetAsTheScriptSays)
@@ -133,19 +114,27 @@ TEST(ScriptDesktop, EndsTheSheetAsTheScriptSays)
     EXPECT_EQ(Play("ok").result, CPSUI_OK);
     EXPECT_EQ(Play("cancel").result, CPSUI_CANCEL);
     EXPECT_EQ(Play("").result, CPSUI_CANCEL);
+    EXPECT_EQ(Play("click 22").result, CPSUI_CANCEL) << "with the dialog over it";
 }
 
 TEST(ScriptDesktop, ReportsARefusedStepAndGoesOn)
 {
-    const Played played = Play("type 11 \"x\"\nclick 99\nclick 10\nchoose 12 2\nchoose 12 \"third\"\napply\nok");
-    EXPECT_THAT(played.lines, ElementsAre(R"({"refused": {"line": 1, "control": 11, "reason": "disabled"}})",
-                                          R"({"refused": {"line": 2, "control": 99, "reason": "absent"}})",
-                                          R"({"refused": {"line": 3, "control": 10, "reason": "unsuited"}})",
-                                          R"({"refused": {"line": 4, "control": 12, "reason": "no such row"}})",
-                                          R"({"refused": {"line": 5, "control": 12, "reason": "no such row"}})",
-                                          R"({"refused": {"line": 6, "control": null, "reason": "disabled"}})"));
-    EXPECT_EQ(played.result, CPSUI_OK);
-    EXPECT_EQ(played.trouble, "");
+    const std::pair<const char*, const char*> rows[] = {
+        {"type 11 \"x\"",       R"(11, "reason": "disabled")"   },
+        {"click 99",            R"(99, "reason": "absent")"     },
+        {"click 10",            R"(10, "reason": "unsuited")"   },
+        {"choose 12 2",         R"(12, "reason": "no such row")"},
+        {"choose 12 \"third\"", R"(12, "reason": "no such row")"},
+        {"apply",               R"(null, "reason": "disabled")" },
+        {"answer ok",           R"(null, "reason": "absent")"   },
+        {"file cancel",         R"(null, "reason": "absent")"   },
+    };
+    for (const auto& [step, refused] : rows) {
+        const Played played = Play(std::string("focus 10\n") + step + "\nok");
+        EXPECT_THAT(played.lines, ElementsAre(std::string(R"({"refused": {"line": 2, "control": )") + refused + "}}"));
+        EXPECT_EQ(played.result, CPSUI_OK);
+        EXPECT_EQ(played.trouble, "");
+    }
 }
 
 TEST(ScriptDesktop, StopsAtTheFirstRefusalWhenStrict)
@@ -159,59 +148,41 @@ TEST(ScriptDesktop, StopsAtTheFirstRefusalWhenStrict)
 
 TEST(ScriptDesktop, GivesAnAnswerToTheBoxOfTheStepBefore)
 {
-    EXPECT_EQ(FieldIn(Play("click 20\nanswer ok\ndump")), "yes");
-    EXPECT_EQ(FieldIn(Play("click 20\nanswer cancel\ndump")), "no");
-    EXPECT_EQ(FieldIn(Play("click 20\ndump")), "no");
+    EXPECT_EQ(FieldAfter("click 20\nanswer ok"), "yes");
+    EXPECT_EQ(FieldAfter("click 20\nanswer cancel"), "no");
+    EXPECT_EQ(FieldAfter("click 20"), "no");
     // A box that has only OK gets its OK.
     EXPECT_THAT(
         Play("click 21\nanswer cancel\nok").lines,
         ElementsAre(R"({"message": {"caption": "Warning", "text": "So it is.", "style": 48, "answer": "ok"}})"));
 }
 
-TEST(ScriptDesktop, RefusesAnAnswerToNothing)
-{
-    EXPECT_THAT(Play("answer ok\nfile cancel").lines,
-                ElementsAre(R"({"refused": {"line": 1, "control": null, "reason": "absent"}})",
-                            R"({"refused": {"line": 2, "control": null, "reason": "absent"}})"));
-}
-
 TEST(ScriptDesktop, PlaysOnInTheDialogThatAStepOpened)
 {
-    const Played played = Play("click 22\npage \"Page\"\nok\ndump");
-    EXPECT_THAT(played.lines.front(), R"({"refused": {"line": 2, "control": null, "reason": "absent"}})");
-    EXPECT_EQ(FieldIn(played), "ended by OK");
+    EXPECT_THAT(Play("click 22\npage \"Page\"").lines,
+                ElementsAre(R"({"refused": {"line": 2, "control": null, "reason": "absent"}})"));
+    EXPECT_EQ(FieldAfter("click 22\nok"), "ended by OK");
 }
-
-TEST(ScriptDesktop, CancelsEveryDialogAtItsEnd) { EXPECT_EQ(Play("click 22").result, CPSUI_CANCEL); }
 
 TEST(ScriptDesktop, OffersTheNextPathWhenOneIsRefused)
 {
-    const Played played = Play("click 23\nfile \"bad\"\nfile \"/srv/good\"\ndump");
-    EXPECT_EQ(played.lines.front(),
-              R"x({"fileDialog": {"kind": "save", "title": "File", "directory": "/forms", "name": "old", )x"
-              R"x("filters": ["Forms (*.oxl)"], "flags": 2, "result": "/srv/good.oxl"}})x");
-    EXPECT_EQ(FieldIn(played), "/srv/good.oxl");
-}
-
-TEST(ScriptDesktop, CancelsAFileDialogThatGetsNoGoodPath)
-{
-    EXPECT_EQ(FieldIn(Play("click 23\nfile \"bad\"\ndump")), "none");
-    EXPECT_EQ(FieldIn(Play("click 23\nfile cancel\ndump")), "none");
-    EXPECT_EQ(FieldIn(Play("click 23\ndump")), "none");
+    EXPECT_THAT(
+        Play("click 23\nfile \"bad\"\nfile \"/srv/good\"").lines,
+        ElementsAre(R"x({"fileDialog": {"kind": "save", "title": "File", "directory": "/forms", "name": "old", )x"
+                    R"x("filters": ["Forms (*.oxl)"], "flags": 2, "result": "/srv/good.oxl"}})x"));
+    EXPECT_EQ(FieldAfter("click 23\nfile \"bad\"\nfile \"/srv/good\""), "/srv/good.oxl");
+    for (const char* answer : {"file \"bad\"", "file cancel", ""})
+        EXPECT_EQ(FieldAfter(std::string("click 23\n") + answer), "none") << answer;
 }
 
 TEST(ScriptDesktop, DumpsTheActivePage)
 {
-    const Played played = Play("type 10 \"a\"\nchoose 12 \"second\"\ndump\nok");
-    const Json dump = Json::parse(played.lines.front())["dump"];
-    EXPECT_EQ(dump["template"], 1);
-    EXPECT_EQ(dump["title"], "Page");
-    EXPECT_EQ(dump["focus"], List);
-    EXPECT_EQ(dump["applyEnabled"], false);
-    EXPECT_EQ(dump["changes"], 0);
-    EXPECT_THAT(std::vector<Json>(dump["controls"].begin(), dump["controls"].end()),
-                Contains(Json::parse(R"({"id": 12, "class": "ComboBox", "text": "second", "enabled": true,
-                    "visible": true, "items": ["first", "second"], "data": [5, 6], "selection": 1})")));
+    const Json dump = Json::parse(Play("type 10 \"a\"\nchoose 12 \"second\"\ndump\nok").lines.front())["dump"];
+    EXPECT_THAT(ToLine(dump), StartsWith(R"({"template": 1, "title": "Page", "focus": 12, "applyEnabled": false, )"
+                                         R"("changes": 0, "controls": [{"id": 10, "class": "Edit", "text": "a")"));
+    EXPECT_EQ(ToLine(dump["controls"][2]),
+              R"({"id": 12, "class": "ComboBox", "text": "second", "enabled": true, "visible": true, )"
+              R"("items": ["first", "second"], "data": [5, 6], "selection": 1})");
 }
 
 TEST(ScriptDesktop, StopsWithTheReasonWhenAPictureCannotBeWritten)

@@ -10,6 +10,7 @@ using platform::user::SheetButton;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::SizeIs;
+using testing::ThrowsMessage;
 
 Step Only(std::string_view line)
 {
@@ -18,28 +19,10 @@ Step Only(std::string_view line)
     return steps.empty() ? Step{} : steps.front();
 }
 
-std::string Complaint(std::string_view script)
-{
-    try {
-        ParseScript(script);
-    } catch (const ScriptError& error) {
-        return error.what();
-    }
-    return "none";
-}
-
-struct ControlRow {
-    const char* line;
-    StepKind kind;
-    int control;
-    std::optional<std::u16string> text;
-    int number;
-};
-constexpr int Unset = 0;
-
 TEST(Script, ReadsTheControlAndWhatIsDoneToIt)
 {
-    const ControlRow rows[] = {
+    constexpr int Unset = 0;
+    const std::tuple<const char*, StepKind, int, std::optional<std::u16string>, int> rows[] = {
         {"click 1060",           StepKind::Click,  1060, {},     Unset},
         {"click IDC_RESOLUTION", StepKind::Click,  1060, {},     Unset},
         {"choose 1060 2",        StepKind::Choose, 1060, {},     2    },
@@ -52,16 +35,14 @@ TEST(Script, ReadsTheControlAndWhatIsDoneToIt)
         {"spin 1098 down 20",    StepKind::Spin,   1098, {},     20   },
         {"\tfocus  1097\t",      StepKind::Focus,  1097, {},     Unset},
     };
-    for (const ControlRow& row : rows) {
-        const Step step = Only(row.line);
-        EXPECT_EQ(step.kind, row.kind) << row.line;
-        EXPECT_EQ(step.control, row.control) << row.line;
-        EXPECT_EQ(step.text, row.text) << row.line;
-        EXPECT_EQ(step.number, row.number) << row.line;
+    for (const auto& [line, kind, control, text, number] : rows) {
+        const Step step = Only(line);
+        EXPECT_EQ(std::tie(step.kind, step.control, step.text, step.number), std::tie(kind, control, text, number))
+            << line;
     }
 }
 
-TEST(Script, KnowsTheKeysAndTheButtons)
+TEST(Script, KnowsTheKeysTheButtonsAndTheAnswers)
 {
     EXPECT_EQ(Only("key TAB").key, Key::Tab);
     EXPECT_EQ(Only("key ESC").key, Key::Escape);
@@ -70,10 +51,6 @@ TEST(Script, KnowsTheKeysAndTheButtons)
     EXPECT_FALSE(Only("spin 1 down").up);
     EXPECT_EQ(Only("apply").button, SheetButton::Apply);
     EXPECT_EQ(Only("help").button, SheetButton::Help);
-}
-
-TEST(Script, TellsAnAnswerFromItsOpposite)
-{
     EXPECT_EQ(Only("answer ok").answer, IDOK);
     EXPECT_EQ(Only("answer cancel").answer, IDCANCEL);
     EXPECT_EQ(Only("file cancel").text, std::nullopt);
@@ -85,9 +62,9 @@ TEST(Script, KeepsEveryCharacterOfAText)
     EXPECT_EQ(Only(R"(type 1 "say \"a\\b\"\n# no comment")").text, u"say \"a\\b\"\n# no comment");
     EXPECT_EQ(Only("page \"\xC3\x9C\xF0\x9D\x84\x9E\"").text, u"\u00DC\U0001D11E");
     EXPECT_EQ(Only("\xEF\xBB\xBF"
-                   "apply")
-                  .button,
-              SheetButton::Apply)
+                   "spin 1 up")
+                  .control,
+              1)
         << "behind the mark of an editor";
 }
 
@@ -132,7 +109,8 @@ TEST(Script, IsRefusedWithLineAndReason)
         {"dump\x01",                "there is a control character in the line"                       },
         {{"page \"a\0b\"", 10},     "control character"                                              },
     };
-    for (const auto& [script, complaint] : rows) EXPECT_THAT(Complaint(script), HasSubstr(complaint)) << script;
+    for (const auto& [text, complaint] : rows)
+        EXPECT_THAT([script = text] { ParseScript(script); }, ThrowsMessage<ScriptError>(HasSubstr(complaint))) << text;
 }
 
 }  // namespace

@@ -8,20 +8,15 @@ using Entries = ProgramTest;
 // The last one has more papers than can be counted: 27 and 65509 are 0 in the 16 bits that count the names.
 TEST_F(Entries, ACapabilityStandsUnderItsNameOrItsNumber)
 {
+    EXPECT_EQ(run("--platform country=49 capabilities NAME --only DC_MEDIAREADY --only 19"),
+              Answered(R"({"DC_MEDIAREADY": {"code": 29, "answer": 1, "withoutOutput": 3, "output": ["A4"]}, )"
+                       R"("19": {"code": 19, "answer": -1, "withoutOutput": -1}})"));
+    EXPECT_EQ(run("capabilities NAME --only DC_BINS --platform fail=GlobalAlloc:1"),
+              Answered(R"({"DC_BINS": {"code": 6, "answer": 4, "withoutOutput": -1, "output": [7, 1, 2, 4]}})"));
     run("printer data NAME CustomPaperDataSize --dword 3668504");
     run("printer data NAME CustomPaperData --hex 00");
-    const std::pair<const char*, const char*> rows[] = {
-        {"DC_MEDIAREADY",                   R"("DC_MEDIAREADY": {"code": 29, "answer": 1, "withoutOutput": 3, "output": ["A4"]})"},
-        {"31 --only 19",                    R"("DC_PRINTRATEPPM": {"code": 31, "answer": 20, "withoutOutput": 20}, )"
-                         R"("19": {"code": 19, "answer": -1, "withoutOutput": -1})"                      },
-        {"6 --platform fail=GlobalAlloc:1",
-         R"("DC_BINS": {"code": 6, "answer": 4, "withoutOutput": -1, "output": [7, 1, 2, 4]})"                                   },
-        {"DC_PAPERNAMES",                   R"("DC_PAPERNAMES": {"code": 16, "answer": 0, "withoutOutput": 0, "output": []})"    },
-    };
-    for (const auto& [words, answer] : rows)
-        EXPECT_EQ(run(std::string("capabilities NAME --platform country=49 --only ") + words),
-                  Answered(std::string("{") + answer + "}"))
-            << words;
+    EXPECT_EQ(run("capabilities NAME --only DC_PAPERNAMES"),
+              Answered(R"({"DC_PAPERNAMES": {"code": 16, "answer": 0, "withoutOutput": 0, "output": []}})"));
 }
 
 // The printer, too, is the entry's to find.
