@@ -37,6 +37,11 @@ class Print : public ProgramTest {
     }
 };
 
+std::string Damaged(std::string pdf, const std::string& old, const std::string& now)
+{
+    return pdf.replace(pdf.find(old), old.size(), now);
+}
+
 const std::string Watermark =
     "dmWatermarkOn=1 dmWatermark.wmText=DRAFT dmWatermark.wmFaceName=Arial dmWatermark.wmSize=72 ";
 
@@ -166,6 +171,23 @@ TEST_F(Print, StampsAllPagesWithOneObjectOfTextAndItsFont)
     EXPECT_EQ(Told("pdfimages -list FILE | tail -n +3"), "");
 }
 
+TEST_F(Print, StampsTheFirstPageOfTheJobAlone)
+{
+    PutRecord(Watermark + "dmWatermark.wmFirstPageOnly=1");
+    ASSERT_EQ(Job("--record r --pages 3 --reset-at 2"), Done());
+    Pdf out = Out();
+    EXPECT_EQ(out.Contents(0) + out.Contents(1) + out.Contents(2), "q /Stamp Do Q\n");
+}
+
+TEST_F(Print, AbortsAJobThatBreaksOff)
+{
+    run.Put("in.pdf", Damaged(MakePdf({{}, {}}), "stream\nx\x9c", "stream\nxx"));
+    EXPECT_EQ(Job("in.pdf --events e").status, 3);
+    EXPECT_THAT(run.Contents("e"), testing::EndsWith("{\"event\": 7, \"result\": 1}\n"
+                                                     "{\"event\": 9, \"result\": 0}\n"
+                                                     "{\"event\": 10, \"result\": 0}\n"));
+}
+
 TEST_F(Print, HandsOutAnUncheckedRecordAsItIs)
 {
     PutRecord(Watermark + "dmPrintQuality=-3 dmResolution=0 dmWatermark.wmAngleMode=2");
@@ -177,11 +199,6 @@ TEST_F(Print, HandsOutAnUncheckedRecordAsItIs)
     EXPECT_THAT(run.Contents("t"), Not(HasSubstr(settings)));
     run.Put("r", "short");
     EXPECT_EQ(Job("--record r --unchecked"), Done());
-}
-
-std::string Damaged(std::string pdf, const std::string& old, const std::string& now)
-{
-    return pdf.replace(pdf.find(old), old.size(), now);
 }
 
 TEST_F(Print, RefusedInputsLeaveAnOldOutputAsItWas)

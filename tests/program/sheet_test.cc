@@ -40,18 +40,6 @@ TEST_F(SheetCommand, KeepsWhatApplyPublishedAndStoresTheDefaultAfterOkAlone)
     EXPECT_EQ(run("printer record NAME"), Done(run.Contents("r")));
 }
 
-TEST_F(SheetCommand, DumpsAndRecordsWhatTheUserHasChosen)
-{
-    const Result result = run(Sheet + "--strict",
-                              "choose IDC_PAPER_SOURCE \"Tray1\"\nchoose IDC_DUPLEX \"Booklet Left Binding\"\n"
-                              "choose IDC_WATERMARK \"CONFIDENTIAL\"\ndump\nok\nrecord\n");
-    EXPECT_EQ(result.status, 0) << result.err;
-    for (const char* part : {R"({"dump": {"template": 1001, "title": "Setup")", R"("applyEnabled": true, "changes": 3)",
-                             R"("dmDefaultSource": 1,)", R"("dmDuplexOn": 1,)", R"("dmBookletPaper": 1,)",
-                             R"("dmNupOn": 1, "dmNupCount": 2,)", R"("wmText": "CONFIDENTIAL")"})
-        EXPECT_THAT(result.out, HasSubstr(part));
-}
-
 // An input of the public part alone gets the private part too when there is room for it.
 TEST_F(SheetCommand, TheRoomDecidesWhatAShortRecordBecomes)
 {
