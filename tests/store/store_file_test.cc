@@ -1,21 +1,20 @@
 // Which files are taken as stores, and that others stay as they are.
 #include "store/store_file.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <sqlite3.h>
 #include <sys/wait.h>
-
-#include <algorithm>
 
 #include "platform/registry.h"
 #include "store/sqlite_store.h"
 #include "tests/store/temporary.h"
 
 using platform::StoreError;
+using std::filesystem::permissions;
+using std::filesystem::perms;
 using store::SqliteStore;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::StartsWith;
+using testing::ThrowsMessage;
 
 namespace {
 
@@ -24,240 +23,152 @@ const platform::StoredValue Eight{
     REG_DWORD, {8, 0, 0, 0}
 };
 
-// What opening the file says; empty when it is taken.
-std::string Refusal(const std::filesystem::path& file)
+template <class Why>
+void ExpectRefused(const std::string& file, Why why)
 {
-    try {
-        SqliteStore store(file);
-        return "";
-    } catch (const StoreError& error) {
-        return error.what();
-    }
+    const std::string before = Contents(file);
+    EXPECT_THAT([&] { SqliteStore store(file); }, ThrowsMessage<StoreError>(why));
+    EXPECT_EQ(Contents(file), before);
 }
 
-void Execute(const std::filesystem::path& file, const std::string& statements)
-{
-    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    database.exec(statements);
-}
-
-// In a process of its own, as a user whom rights bind; gives what work gives.
+// In a process of its own, as a user whom rights bind.
 template <class Work>
-int AsPlainUser(Work work)
+void ExpectAsPlainUser(Work work)
 {
     const pid_t child = ::fork();
-    if (child == 0) {
-        if (::geteuid() == 0 && ::setuid(65534) != 0) ::_exit(99);
-        int result = 98;
-        try {
-            result = work();
-        } catch (const std::exception& error) {
-            std::fprintf(stderr, "%s\n", error.what());
-        }
-        ::_exit(result);
-    }
+    if (child == 0) ::_exit(::geteuid() == 0 && ::setuid(65534) != 0 ? 99 : work() ? 0 : 1);
     int status = 0;
     ::waitpid(child, &status, 0);
-    return WEXITSTATUS(status);
+    EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
-TEST(StoreFile, IsMadeWithItsFolders)
-{
-    TemporaryFolder folder;
-    const auto file = folder / "a" / "b c" / "printers.db";
-    {
-        EXPECT_EQ(SqliteStore(file).Printers().size(), 1u);
-    }
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(file.parent_path())) {
-        names.push_back(entry.path().filename());
-    }
-    EXPECT_THAT(names, ElementsAre("printers.db"));
-}
+class StoreFile : public testing::Test {
+  protected:
+    // The file f as a store with one value.
+    void MakeStore() const { SqliteStore(f).SetValue(First, u"V", Eight); }
 
-TEST(StoreFile, KeepsItsMarksAndItsLog)
-{
     TemporaryFolder folder;
-    {
-        SqliteStore store(folder / "s.db");
-    }
-    SQLite::Database database((folder / "s.db").string());
+    const std::string f = folder / "f";
+};
+
+TEST_F(StoreFile, IsMadeWithItsFoldersItsMarksAndItsLog)
+{
+    const auto file = folder / "a" / "b c" / "s.db";
+    EXPECT_EQ(SqliteStore(file).Printers().size(), 1u);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(file.parent_path()), {}), 1) << "and nothing beside";
+    SQLite::Database database(file.string());
     EXPECT_EQ(database.execAndGet("PRAGMA application_id").getInt64(), 0x51443438);
     EXPECT_EQ(database.execAndGet("PRAGMA user_version").getInt(), 1);
     EXPECT_EQ(database.execAndGet("PRAGMA journal_mode").getString(), "wal");
 }
 
-struct Foreign {
-    const char *name, *contents, *why;
-};
-class ForeignFile : public testing::TestWithParam<Foreign> {};
-
-TEST_P(ForeignFile, IsRefusedAndLeftAsItIs)
+TEST_F(StoreFile, OfOthersIsRefusedAndLeftAsItIs)
 {
-    TemporaryFolder folder;
-    const auto file = folder / "f";
-    Put(file, GetParam().contents);
-    EXPECT_EQ(Refusal(file), file.string() + GetParam().why);
-    EXPECT_EQ(Contents(file), GetParam().contents);
+    for (const char* contents : {"", "Dear Sir or Madam,\n", "SQLite format 3"}) {
+        Put(f, contents);
+        ExpectRefused(f, f + " is no printers' store: it is no SQLite file");
+    }
     EXPECT_THAT(folder.Names(), ElementsAre("f"));
+    EXPECT_THAT([&] { SqliteStore store(folder.Path()); }, ThrowsMessage<StoreError>(HasSubstr("it is no file")));
+    EXPECT_THAT([&] { SqliteStore store(folder / "f" / "printers.db"); },
+                ThrowsMessage<StoreError>(HasSubstr("cannot make the folder")));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Files, ForeignFile,
-    testing::Values(Foreign{"Empty", "", " is no printers' store: it is no SQLite file"},
-                    Foreign{"Text", "Dear Sir or Madam,\n", " is no printers' store: it is no SQLite file"},
-                    Foreign{"BareMagic", "SQLite format 3", " is no printers' store: it is no SQLite file"}),
-    [](const auto& instance) { return instance.param.name; });
-
-struct Changed {
-    const char *name, *statements, *why;
-};
-class ChangedStore : public testing::TestWithParam<Changed> {};
-
-TEST_P(ChangedStore, IsRefusedAndLeftAsItIs)
+TEST_F(StoreFile, ThatHasBeenChangedIsRefusedAndLeftAsItIs)
 {
-    TemporaryFolder folder;
-    const auto file = folder / "f";
-    {
-        SqliteStore store(file);
+    MakeStore();
+    const std::string made = Contents(f);
+    const std::pair<std::string, const char*> rows[] = {
+        {"PRAGMA application_id = 7",                               "it is another program's SQLite file"               },
+        {"PRAGMA user_version = 2",                                 "its schema version is 2, this program knows 1"     },
+        {"PRAGMA user_version = 0",                                 "damaged: its schema version is 0"                  },
+        {"DROP TABLE printers",                                     "damaged: the table printers is not as it should be"},
+        {"ALTER TABLE printers ADD COLUMN m TEXT",                  "damaged: the table printers is not as it should be"},
+        {"CREATE TRIGGER t DELETE ON printers BEGIN SELECT 1; END", "damaged: it holds \"t\" besides"                   },
+        {"UPDATE printers SET may_change = 2",                      "damaged: CHECK constraint failed in printers"      },
+    };
+    for (const auto& [statements, why] : rows) {
+        Put(f, made);
+        SQLite::Database(f, SQLite::OPEN_READWRITE).exec("PRAGMA ignore_check_constraints = 1; " + statements);
+        ExpectRefused(f, AllOf(StartsWith(f), HasSubstr(why)));
+        EXPECT_THAT(folder.Names(), ElementsAre("f"));
     }
-    Execute(file, GetParam().statements);
-    const std::string before = Contents(file);
-    EXPECT_EQ(Refusal(file), file.string() + GetParam().why);
-    EXPECT_EQ(Contents(file), before);
-    EXPECT_THAT(folder.Names(), ElementsAre("f"));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Files, ChangedStore,
-    testing::Values(Changed{"OtherProgram", "PRAGMA application_id = 7",
-                            " is no printers' store: it is another program's SQLite file"},
-                    Changed{"Newer", "PRAGMA user_version = 2",
-                            " comes from a newer program: its schema version is 2, this program knows 1"},
-                    Changed{"NoVersion", "PRAGMA user_version = 0", " is damaged: its schema version is 0"},
-                    Changed{"TableGone", "DROP TABLE printers",
-                            " is damaged: the table printers is not as it should be"},
-                    Changed{"TableChanged", "ALTER TABLE printers ADD COLUMN more TEXT",
-                            " is damaged: the table printers is not as it should be"},
-                    Changed{"Trigger", "CREATE TRIGGER t AFTER INSERT ON printers BEGIN DELETE FROM printers; END",
-                            " is damaged: it holds \"t\" besides"},
-                    Changed{"RuleBroken", "PRAGMA ignore_check_constraints = 1; UPDATE printers SET may_change = 2",
-                            " is damaged: CHECK constraint failed in printers"}),
-    [](const auto& instance) { return instance.param.name; });
-
-TEST(StoreFile, OfANewerProgramThatHasJustBeenKilledIsLeftAsItIs)
+// The newer version stands in the log alone.
+TEST_F(StoreFile, OfANewerProgramThatHasJustBeenKilledIsLeftAsItIs)
 {
-    TemporaryFolder folder;
-    {
-        SqliteStore store(folder / "made");
-    }
-    // The newer version stands in the log alone.
-    SQLite::Database writer((folder / "made").string(), SQLite::OPEN_READWRITE);
+    MakeStore();
+    SQLite::Database writer(f, SQLite::OPEN_READWRITE);
     writer.exec("PRAGMA user_version = 2");
-    for (const char* end : {"", "-wal"}) {
-        std::filesystem::copy_file((folder / "made").string() + end, (folder / "f").string() + end);
-    }
-    const std::string file = Contents(folder / "f"), log = Contents(folder / "f-wal");
-    EXPECT_THAT(Refusal(folder / "f"), HasSubstr("newer program"));
-    EXPECT_EQ(Contents(folder / "f"), file);
-    EXPECT_EQ(Contents(folder / "f-wal"), log);
+    for (const char* end : {"", "-wal"}) std::filesystem::copy_file(f + end, folder / std::string("g").append(end));
+    const std::string log = Contents(folder / "g-wal");
+    ExpectRefused(folder / "g", HasSubstr("newer program"));
+    EXPECT_EQ(Contents(folder / "g-wal"), log);
 }
 
-TEST(StoreFile, OfAnotherKindIsRefused)
+TEST_F(StoreFile, CutShortIsRefusedAndLeftAsItIs)
 {
-    TemporaryFolder folder;
-    std::filesystem::create_directory(folder / "d");
-    EXPECT_THAT(Refusal(folder / "d"), HasSubstr("it is no file"));
-    Put(folder / "f", "text");
-    EXPECT_THAT(Refusal(folder / "f" / "printers.db"), HasSubstr("cannot make the folder"));
-}
-
-TEST(StoreFile, CutShortIsRefusedAndLeftAsItIs)
-{
-    TemporaryFolder folder;
-    {
-        SqliteStore store(folder / "made");
-        store.SetValue(First, u"V", {REG_BINARY, platform::Bytes(20'000, 7)});
-    }
-    const std::string whole = Contents(folder / "made");
+    SqliteStore(f).SetValue(First, u"V", {REG_BINARY, platform::Bytes(20'000, 7)});
+    const std::string whole = Contents(f);
     for (std::size_t length = 0; length < whole.size(); length += 1021) {
-        const std::string cut = whole.substr(0, length);
-        Put(folder / "f", cut);
-        EXPECT_NE(Refusal(folder / "f"), "") << length;
-        EXPECT_EQ(Contents(folder / "f"), cut) << length;
+        Put(f, whole.substr(0, length));
+        ExpectRefused(f, StartsWith(f));
     }
-    EXPECT_THAT(folder.Names(), ElementsAre("f", "made"));
+    EXPECT_THAT(folder.Names(), ElementsAre("f"));
 }
 
-TEST(StoreFile, ThatNobodyMayWriteServesReading)
+TEST_F(StoreFile, ThatNobodyMayWriteServesReading)
 {
-    TemporaryFolder folder;
-    {
-        SqliteStore store(folder / "f");
-        store.SetValue(First, u"V", Eight);
-    }
-    std::filesystem::permissions(folder / "f", std::filesystem::perms(0444));
-    const std::string before = Contents(folder / "f");
-    SqliteStore store(folder / "f");
+    MakeStore();
+    permissions(f, perms(0444));
+    const std::string before = Contents(f);
+    SqliteStore store(f);
     EXPECT_TRUE(store.ReadOnly());
     EXPECT_FALSE(store.Find(First)->mayChange);
     EXPECT_FALSE(store.Printers().at(0).mayChange);
     EXPECT_EQ(store.KeyAccess(platform::PrinterKeyPath(First)), platform::RegistryStore::Access::Read);
     EXPECT_EQ(store.Value(First, u"V"), Eight);
     EXPECT_THROW(store.SetValue(First, u"V", Eight), StoreError);
-    EXPECT_EQ(Contents(folder / "f"), before);
+    EXPECT_EQ(Contents(f), before);
     EXPECT_THAT(folder.Names(), ElementsAre("f"));
 }
 
-TEST(StoreFile, InAFolderThatNobodyMayWriteServesReading)
+TEST_F(StoreFile, InAFolderThatNobodyMayWriteServesReading)
 {
-    TemporaryFolder folder;
-    {
-        SqliteStore store(folder / "f");
-        store.SetValue(First, u"V", Eight);
-    }
-    std::filesystem::permissions(folder / "f", std::filesystem::perms(0666));
-    std::filesystem::permissions(folder.Path(), std::filesystem::perms(0555));
-    EXPECT_EQ(AsPlainUser([&] {
-                  SqliteStore store(folder / "f");
-                  return store.ReadOnly() && !store.Find(First)->mayChange && store.Value(First, u"V") == Eight ? 0 : 1;
-              }),
-              0);
-    EXPECT_EQ(AsPlainUser([&] {
-                  return Refusal(folder / "other").starts_with("cannot make " + (folder / "other").string()) ? 0 : 1;
-              }),
-              0);
-    std::filesystem::permissions(folder.Path(), std::filesystem::perms(0755));
+    MakeStore();
+    permissions(f, perms(0666));
+    permissions(folder.Path(), perms(0555));
+    ExpectAsPlainUser([&] {
+        SqliteStore store(f);
+        return store.ReadOnly() && !store.Find(First)->mayChange && store.Value(First, u"V") == Eight;
+    });
+    ExpectAsPlainUser([&] {
+        ExpectRefused(folder / "other", StartsWith("cannot make " + (folder / "other").string()));
+        return !HasFailure();
+    });
+    permissions(folder.Path(), perms(0755));
 }
 
-TEST(StoreFile, ReadWithoutRightsShowsWhatOthersWrite)
+TEST_F(StoreFile, ReadWithoutRightsShowsWhatOthersWrite)
 {
-    TemporaryFolder folder;
-    {
-        SqliteStore store(folder / "f");
-    }
-    std::filesystem::permissions(folder / "f", std::filesystem::perms(0444));
-    SqliteStore reader(folder / "f");
-    std::filesystem::permissions(folder / "f", std::filesystem::perms(0644));
-    SqliteStore writer(folder / "f");
+    MakeStore();
+    permissions(f, perms(0444));
+    SqliteStore reader(f);
     ASSERT_TRUE(reader.ReadOnly());
-    writer.SetValue(First, u"V", Eight);
-    EXPECT_EQ(reader.Value(First, u"V"), Eight);
+    permissions(f, perms(0644));
+    SqliteStore writer(f);
+    writer.SetValue(First, u"W", Eight);
+    EXPECT_EQ(reader.Value(First, u"W"), Eight);
 }
 
-TEST(StoreFile, MayBeReachedThroughALink)
+TEST_F(StoreFile, MayBeReachedThroughALink)
 {
-    TemporaryFolder folder;
     std::filesystem::create_directory(folder / "real");
-    {
-        SqliteStore store(folder / "real" / "f");
-    }
-    std::filesystem::create_symlink(folder / "real" / "f", folder / "link");
-    {
-        SqliteStore store(folder / "link");
-        store.SetValue(First, u"V", Eight);
-    }
-    EXPECT_EQ(SqliteStore(folder / "real" / "f").Value(First, u"V"), Eight);
+    SqliteStore(folder / "real" / "s").Printers();
+    std::filesystem::create_symlink(folder / "real" / "s", f);
+    MakeStore();
+    EXPECT_EQ(SqliteStore(folder / "real" / "s").Value(First, u"V"), Eight);
 }
 
 }  // namespace
