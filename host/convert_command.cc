@@ -99,7 +99,8 @@ void AddConvertCommand(CLI::App& program, Context& context)
         ->required()
         ->transform(WholeNumber(0, UINT32_MAX))
         ->type_name("N");
-    command->add_option("--room", options->room, "Bytes that the output has room for")
+    command
+        ->add_option("--room", options->room, "Bytes that the output has room for, up to " + std::to_string(MostRoom))
         ->required()
         ->transform(WholeNumber(0, MostRoom))
         ->type_name("BYTES");

@@ -127,7 +127,9 @@ void AddDocumentEventCommand(CLI::App& program, Context& context)
         ->type_name("FILE")
         ->check(FileName());
     command
-        ->add_option("--room", options->room, "The output's size; by default a word's under codes 1 and 3, otherwise 0")
+        ->add_option("--room", options->room,
+                     "The output's size, up to " + std::to_string(MostOutputRoom) +
+                         "; by default a word's under codes 1 and 3, otherwise 0")
         ->transform(WholeNumber(0, MostOutputRoom))
         ->type_name("BYTES");
     command->add_flag("--information-context", options->informationContext,

@@ -20,7 +20,7 @@ namespace host {
 
 namespace {
 
-constexpr int MostEmptyPages = 100000;  // as the help says
+constexpr int MostEmptyPages = 100000;
 
 struct PrintOptions {
     std::string printer, input, output, record, trace, events;
@@ -190,7 +190,9 @@ void AddPrintCommand(CLI::App& program, Context& context)
         ->type_name("FILE")
         ->check(FileName());
     command->add_flag("--unchecked", options->unchecked, "The job's record is the file's bytes as they are");
-    command->add_option("--pages", options->pages, "How many empty pages without an input, up to 100000; default 1")
+    command
+        ->add_option("--pages", options->pages,
+                     "How many empty pages without an input, up to " + std::to_string(MostEmptyPages) + "; default 1")
         ->transform(WholeNumber(1, MostEmptyPages))
         ->type_name("N");
     command->add_option("--reset-at", options->resetAt, "Reset the job's context before this page, counted from 1")

@@ -2,7 +2,6 @@
 // the other commands' start.
 #include <dlfcn.h>
 
-#include <filesystem>
 #include <utility>
 
 #include "host/errors.h"

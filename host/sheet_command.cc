@@ -22,6 +22,7 @@ constexpr char DocumentProperties[] = "document-properties", Advanced[] = "advan
 
 // pdmOut has room for any record, whatever a caller says about it.
 constexpr std::size_t LeastOutput = 4096;
+constexpr DWORD MostRoom = 1u << 20;  // bytes
 
 struct SheetCommandOptions {
     std::string printer, in, out, entry = DocumentProperties;
@@ -171,8 +172,11 @@ void AddSheetCommand(CLI::App& program, Context& context)
         ->check(FileName());
     command->add_option("--entry", options->entry, "The module's entry to go through; default document-properties")
         ->check(CLI::IsMember({DocumentProperties, Advanced, Sheets}));
-    command->add_option("--room", options->room, "The room that the caller says the output has, under --entry sheets")
-        ->transform(WholeNumber(0, 1 << 20))
+    command
+        ->add_option("--room", options->room,
+                     "The room that the caller says the output has, up to " + std::to_string(MostRoom) +
+                         ", under --entry sheets")
+        ->transform(WholeNumber(0, MostRoom))
         ->type_name("BYTES");
     command->add_flag("--no-permission", options->noPermission, "As a user who may not change the settings");
     command->add_flag("--store-default", options->storeDefault,
