@@ -79,13 +79,13 @@ TEST_F(StoreFile, ThatHasBeenChangedIsRefusedAndLeftAsItIs)
     MakeStore();
     const std::string made = Contents(f);
     const std::pair<std::string, const char*> rows[] = {
-        {"PRAGMA application_id = 7",                               "it is another program's SQLite file"               },
-        {"PRAGMA user_version = 2",                                 "its schema version is 2, this program knows 1"     },
-        {"PRAGMA user_version = 0",                                 "damaged: its schema version is 0"                  },
-        {"DROP TABLE printers",                                     "damaged: the table printers is not as it should be"},
-        {"ALTER TABLE printers ADD COLUMN m TEXT",                  "damaged: the table printers is not as it should be"},
-        {"CREATE TRIGGER t DELETE ON printers BEGIN SELECT 1; END", "damaged: it holds \"t\" besides"                   },
-        {"UPDATE printers SET may_change = 2",                      "damaged: CHECK constraint failed in printers"      },
+        {"PRAGMA application_id = 7",                               "it is another program's SQLite file"          },
+        {"PRAGMA user_version = 2",                                 "its schema version is 2, this program knows 1"},
+        {"PRAGMA user_version = 0",                                 "damaged: its schema version is 0"             },
+        {"DROP TABLE printers",                                     "the table printers is not as it should be"    },
+        {"ALTER TABLE printers ADD COLUMN m TEXT",                  "the table printers is not as it should be"    },
+        {"CREATE TRIGGER t DELETE ON printers BEGIN SELECT 1; END", "damaged: it holds \"t\" besides"              },
+        {"UPDATE printers SET may_change = 2",                      "damaged: CHECK constraint failed in printers" },
     };
     for (const auto& [statements, why] : rows) {
         Put(f, made);

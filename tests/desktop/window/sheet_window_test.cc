@@ -31,6 +31,14 @@ class User {
         Press("ctrl+a");
         Do("type " + text);
     }
+    // Picks a row of a list, counted from its top.
+    void Pick(int list, int row)
+    {
+        Click(list);
+        Press("Home");
+        for (int k = 0; k < row; ++k) Press("Down");
+        Press("Return");
+    }
     void Click(int control)
     {
         ClickAt([control] { return ControlWidget(control); });
@@ -129,59 +137,48 @@ class User {
 
 class SheetWindow : public testing_support::SheetFixture {
   protected:
+    using Walk = std::function<void(User&)>;
+
     SheetWindow() : SheetFixture(QD_MODULE_PATH)
     {
         platform::CurrentEnvironment().desktop = desktop::MakeQtDesktop();
         platform::CurrentEnvironment().fonts = desktop::MakeQtFonts();
     }
+
+    // The record that comes out of the sheet when the user has walked through it.
+    DriverDevMode Play(Walk walk, DWORD expected = 1)
+    {
+        DWORD result = 99;
+        const User user(std::move(walk));
+        const DriverDevMode record = Show(&result);
+        EXPECT_EQ(result, expected);
+        return record;
+    }
 };
 
 TEST_F(SheetWindow, ChoosesTheLowestResolutionAndTonerSaveByMouseAndKeyboard)
 {
-    DWORD result = 99;
-    DriverDevMode record{};
-    {
-        const User user([](User& self) {
-            self.ShowPage("Quality");
-            self.Click(IDC_RESOLUTION);
-            self.Press("Home");
-            self.Press("Return");
-            self.Click(IDC_TONER_SAVE_ON);
-            self.ClickButton("OK");
-        });
-        record = Show(&result);
-    }
-    EXPECT_EQ(result, 1u);
+    const DriverDevMode record = Play([](User& user) {
+        user.ShowPage("Quality");
+        user.Pick(IDC_RESOLUTION, 0);
+        user.Click(IDC_TONER_SAVE_ON);
+        user.ClickButton("OK");
+    });
     EXPECT_EQ(record.dmResolutionChoice, 600);
     EXPECT_EQ(record.dmTonerSave, 1);
 }
 
-// Rows of a list, from its top.
-void PickRow(User& user, int list, int row)
-{
-    user.Click(list);
-    user.Press("Home");
-    for (int k = 0; k < row; ++k) user.Press("Down");
-    user.Press("Return");
-}
-
 TEST_F(SheetWindow, PrintsABookletFromTray1UnderANewWatermark)
 {
-    DWORD result = 99;
-    DriverDevMode record{};
-    {
-        const User user([](User& self) {
-            PickRow(self, IDC_PAPER_SOURCE, 1);
-            PickRow(self, IDC_DUPLEX, 3);
-            self.Click(IDC_EDIT_WATERMARK);
-            self.Click(IDC_WM_NEW);
-            self.Enter(IDC_WM_TEXT, "Mine");
-            self.Click(IDOK);
-            self.ClickButton("OK");
-        });
-        record = Show(&result);
-    }
-    EXPECT_EQ(result, 1u);
+    const DriverDevMode record = Play([](User& user) {
+        user.Pick(IDC_PAPER_SOURCE, 1);
+        user.Pick(IDC_DUPLEX, 3);
+        user.Click(IDC_EDIT_WATERMARK);
+        user.Click(IDC_WM_NEW);
+        user.Enter(IDC_WM_TEXT, "Mine");
+        user.Click(IDOK);
+        user.ClickButton("OK");
+    });
     EXPECT_EQ(record.dmDefaultSource, 1);
     EXPECT_EQ(record.dmDuplexOn, 1);
     EXPECT_NE(record.dmBookletPaper, 0);
@@ -190,70 +187,42 @@ TEST_F(SheetWindow, PrintsABookletFromTray1UnderANewWatermark)
     EXPECT_EQ(std::u16string(record.dmWatermark.wmText), u"Mine");
 }
 
-TEST_F(SheetWindow, ChoosesAWatermark)
-{
-    DWORD result = 99;
-    DriverDevMode record{};
-    {
-        const User user([](User& self) {
-            PickRow(self, IDC_WATERMARK, 5);
-            self.ClickButton("OK");
-        });
-        record = Show(&result);
-    }
-    EXPECT_EQ(result, 1u);
-    EXPECT_EQ(record.dmWatermarkOn, 1u);
-    EXPECT_EQ(std::u16string(record.dmWatermark.wmText), u"DRAFT");
-}
-
 TEST_F(SheetWindow, EscapeCancels)
 {
-    DWORD result = 99;
-    {
-        const User user([](User& self) {
-            self.ShowPage("Quality");
-            self.Click(IDC_SMOOTHTONE);
-            self.Press("Escape");  // closes the list
-            self.Press("Escape");
-        });
-        Show(&result);
-    }
-    EXPECT_EQ(result, 0u);
+    Play(
+        [](User& user) {
+            user.ShowPage("Quality");
+            user.Click(IDC_SMOOTHTONE);
+            user.Press("Escape");  // closes the list
+            user.Press("Escape");
+        },
+        0);
 }
 
 TEST_F(SheetWindow, MakesACustomSizeInInchesAndFindsItAgain)
 {
-    DWORD result = 99;
-    DriverDevMode record{};
-    {
-        const User user([](User& self) {
-            self.ShowPage("Paper");
-            self.Click(IDC_EDIT_CUSTOM);
-            self.Click(IDC_CP_NEW);
-            self.Click(IDC_CP_UNIT_INCH);
-            self.Enter(IDC_CP_WIDTH_INCH, "5");
-            self.Enter(IDC_CP_WIDTH_SIXTEENTHS, "12");
-            self.Enter(IDC_CP_HEIGHT_INCH, "9");
-            self.Enter(IDC_CP_HEIGHT_SIXTEENTHS, "0");
-            self.Click(IDOK);
-            self.ClickButton("OK");
-        });
-        record = Show(&result);
-    }
-    EXPECT_EQ(result, 1u);
+    DriverDevMode record = Play([](User& user) {
+        user.ShowPage("Paper");
+        user.Click(IDC_EDIT_CUSTOM);
+        user.Click(IDC_CP_NEW);
+        user.Click(IDC_CP_UNIT_INCH);
+        user.Enter(IDC_CP_WIDTH_INCH, "5");
+        user.Enter(IDC_CP_WIDTH_SIXTEENTHS, "12");
+        user.Enter(IDC_CP_HEIGHT_INCH, "9");
+        user.Enter(IDC_CP_HEIGHT_SIXTEENTHS, "0");
+        user.Click(IDOK);
+        user.ClickButton("OK");
+    });
     EXPECT_EQ(record.dmPaperSize, 257);
     EXPECT_EQ(record.dmPaperWidth, 1725);
     EXPECT_EQ(record.dmPaperLength, 2700);
-    {
-        const User user([](User& self) {
-            self.ShowPage("Paper");
-            self.Click(IDC_DOCUMENT_SIZE);
-            self.Press("End");
-            self.Press("Return");
-            self.ClickButton("OK");
-        });
-        record = Show(&result);
-    }
+    record = Play([](User& user) {
+        user.ShowPage("Paper");
+        user.Click(IDC_DOCUMENT_SIZE);
+        user.Press("End");
+        user.Press("Return");
+        user.ClickButton("OK");
+    });
     EXPECT_EQ(record.dmPaperSize, 257);
     EXPECT_EQ(record.dmPaperWidth, 1725);
 }
@@ -261,37 +230,31 @@ TEST_F(SheetWindow, MakesACustomSizeInInchesAndFindsItAgain)
 // The file dialog is Qt's own; a path that is refused leaves it up.
 TEST_F(SheetWindow, NamesTheFileOfANewOverlayInAFileDialogThatStaysUntilThePathFits)
 {
-    DWORD result = 99;
-    DriverDevMode record{};
     const std::filesystem::path file = std::filesystem::temp_directory_path() / "contract.oxl";
     bool refused = false, stayed = false, gone = false;
-    {
-        const User user([&](User& self) {
-            self.Click(IDC_EDIT_OVERLAY);
-            self.Click(IDC_OVL_NEW);
-            self.Enter(IDC_OVL_NAME, "Contract");
-            self.Click(IDC_OVL_BROWSE);
-            self.Type(std::string(255, 'n'));
-            self.Press("Return");
-            refused = self.IsUp("Error");
-            self.Press("Return");
-            stayed = self.IsUp("File") && !self.IsUp("Error");
-            self.Press("ctrl+a");
-            self.Type(file.string());
-            self.Press("Return");
-            gone = !self.IsUp("File");
-            self.Click(IDC_OVL_NAME);
-            self.Press("Return");
-            self.Press("Return");  // what a new overlay needs
-            self.Click(IDOK);
-            self.ClickButton("OK");
-        });
-        record = Show(&result);
-    }
+    const DriverDevMode record = Play([&](User& user) {
+        user.Click(IDC_EDIT_OVERLAY);
+        user.Click(IDC_OVL_NEW);
+        user.Enter(IDC_OVL_NAME, "Contract");
+        user.Click(IDC_OVL_BROWSE);
+        user.Type(std::string(255, 'n'));
+        user.Press("Return");
+        refused = user.IsUp("Error");
+        user.Press("Return");
+        stayed = user.IsUp("File") && !user.IsUp("Error");
+        user.Press("ctrl+a");
+        user.Type(file.string());
+        user.Press("Return");
+        gone = !user.IsUp("File");
+        user.Click(IDC_OVL_NAME);
+        user.Press("Return");
+        user.Press("Return");  // what a new overlay needs
+        user.Click(IDOK);
+        user.ClickButton("OK");
+    });
     EXPECT_TRUE(refused);
     EXPECT_TRUE(stayed);
     EXPECT_TRUE(gone);
-    EXPECT_EQ(result, 1u);
     EXPECT_EQ(record.dmOverlayState, 2);
     EXPECT_EQ(std::u16string(record.dmOverlayFile), file.u16string());
 }
@@ -301,17 +264,17 @@ TEST_F(SheetWindow, TheDeviceSheetIsWorkedByKeyboardAlone)
     DWORD result = 99;
     bool rootHasNoButton = false, boxShown = false;
     {
-        const User user([&](User& self) {
-            self.Click(OptionTree);
-            self.Press("Up");
-            rootHasNoButton = !self.IsEnabled(OptionButton);
-            self.Press("Down");
-            self.Press("Tab");
-            self.Press("space");
-            boxShown = self.IsUp("Halftone Color Adjustment");
-            self.Press("Return");
-            self.ShowPage("About");
-            self.Press("Return");
+        const User walk([&](User& user) {
+            user.Click(OptionTree);
+            user.Press("Up");
+            rootHasNoButton = !user.IsEnabled(OptionButton);
+            user.Press("Down");
+            user.Press("Tab");
+            user.Press("space");
+            boxShown = user.IsUp("Halftone Color Adjustment");
+            user.Press("Return");
+            user.ShowPage("About");
+            user.Press("Return");
         });
         ShowDevice(&result);
     }
