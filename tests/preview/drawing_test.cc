@@ -1,7 +1,4 @@
 // What is drawn for one sheet, shape by shape.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "preview_rig.h"
 #include "tests/support/custom_papers.h"
 
@@ -11,9 +8,7 @@ namespace {
 using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using testing::StartsWith;
 
 TEST(Page, HasANumberThreeBarsAndADottedFrame)
@@ -42,8 +37,7 @@ TEST(Page, HasANumberThreeBarsAndADottedFrame)
 // Two bars instead of three, and numbers of two digits.
 TEST(Page, IsSimplerWithSixteenOnASheet)
 {
-    Preview preview;
-    const Lines drawn = preview.Draw(A4("dmNupOn=1 dmNupCount=16"));
+    const Lines drawn = Preview().Draw(A4("dmNupOn=1 dmNupCount=16"));
     ASSERT_EQ(drawn.size(), 1u + 16 * 5);
     EXPECT_THAT(Lines(drawn.begin() + 1 + 9 * 5, drawn.begin() + 1 + 10 * 5),
                 ElementsAre("map 2480,-3507 to 26,-38 at 38,77",
@@ -56,8 +50,7 @@ TEST(Page, IsSimplerWithSixteenOnASheet)
 
 TEST(Page, IsGreyInTonerSaveButForTheFrame)
 {
-    Preview preview;
-    const Lines drawn = preview.Draw(A4("dmTonerSave=1 dmNupBorder=1"));
+    const Lines drawn = Preview().Draw(A4("dmTonerSave=1 dmNupBorder=1"));
     ASSERT_EQ(drawn.size(), 7u);
     EXPECT_THAT(Lines(drawn.begin() + 2, drawn.begin() + 6), Each(testing::EndsWith("7f7f7f")));
     EXPECT_EQ(drawn.back(), "box 50,50,2429,3456 solid1:000000 none");
@@ -66,26 +59,23 @@ TEST(Page, IsGreyInTonerSaveButForTheFrame)
 // Mapping, clip and number.
 TEST(Scaling, GrowsFromTheCornerAndIsCutOffAtTheCell)
 {
-    const std::string clip = "clip 12,1,116,149";
-    for (const auto& [zoom, placed] : {
-             std::pair{"dmZoom=100",
-                       Lines{"map 2480,-3507 to 106,-150 at 12,1", "text 205,50 \"1\" in 50,50,2409,3436"}               },
-             {"dmZoom=50",  {"map 2480,-3507 to 53,-75 at 12,1", "text 205,50 \"1\" in 50,50,2386,3413"}        },
-             {"dmZoom=200", {"map 2480,-3507 to 212,-300 at 12,1", clip, "text 205,50 \"1\" in 50,50,2421,3448"}},
-             {"dmZoom=101", {"map 2480,-3507 to 107,-151 at 12,1", clip, "text 205,50 \"1\" in 50,50,2410,3437"}},
-             {"dmZoom=1",   {"map 2480,-3507 to 1,-1 at 12,1", "text 2531,50 \"1\" in 50,50,-1,-1"}             },
-    }) {
-        Lines drawn = Preview().Draw(A4(std::string("dmFitToPaper=1 ") + zoom), {"map", "clip", "text"});
+    const std::pair<std::string, Lines> rows[] = {
+        {"dmZoom=100", {"map 2480,-3507 to 106,-150 at 12,1", "text 205,50 \"1\" in 50,50,2409,3436"}       },
+        {"dmZoom=50",  {"map 2480,-3507 to 53,-75 at 12,1", "text 205,50 \"1\" in 50,50,2386,3413"}         },
+        {"dmZoom=200",
+         {"map 2480,-3507 to 212,-300 at 12,1", "clip 12,1,116,149", "text 205,50 \"1\" in 50,50,2421,3448"}},
+        {"dmZoom=101",
+         {"map 2480,-3507 to 107,-151 at 12,1", "clip 12,1,116,149", "text 205,50 \"1\" in 50,50,2410,3437"}},
+        {"dmZoom=1",   {"map 2480,-3507 to 1,-1 at 12,1", "text 2531,50 \"1\" in 50,50,-1,-1"}              },
+    };
+    for (const auto& [zoom, placed] : rows) {
+        Lines drawn = Preview().Draw(A4("dmFitToPaper=1 " + zoom), {"map", "clip", "text"});
         for (std::string& line : drawn) line = line.substr(0, line.find(" Times"));
         EXPECT_EQ(drawn, placed) << zoom;
     }
-}
-
-TEST(Scaling, CutsEachPageOffAtItsOwnCell)
-{
-    Preview preview;
-    EXPECT_THAT(preview.Draw(A4("dmFitToPaper=1 dmZoom=150 dmNupOn=1 dmNupCount=4"), {"clip"}),
-                ElementsAre("clip 12,1,65,77", "clip 65,1,118,77", "clip 12,77,65,153", "clip 65,77,118,153"));
+    EXPECT_THAT(Preview().Draw(A4("dmFitToPaper=1 dmZoom=150 dmNupOn=1 dmNupCount=4"), {"clip"}),
+                ElementsAre("clip 12,1,65,77", "clip 65,1,118,77", "clip 12,77,65,153", "clip 65,77,118,153"))
+        << "each page at its own cell";
 }
 
 TEST(Frame, BelongsToThePictureThatIsDrawn)
@@ -104,29 +94,23 @@ TEST(Frame, BelongsToThePictureThatIsDrawn)
 }
 
 // A stored size of 100 by 200 mm: 1181 by 2362 dots. Any other stored size is that of Letter, and so is each that
-// cannot be looked up; as the sheet a stored size is never looked up.
-TEST(CustomPaper, IsReadFromThePrinter)
+// cannot be looked up; as the sheet a stored size is never looked up. Its own size comes with the record.
+TEST(CustomPaper, IsReadFromThePrinterOrComesWithTheRecord)
 {
     Preview preview;
     testing_support::StorePapers(preview.Machine(), {testing_support::Entry(260, u"Small", 0, 1000, 2000)},
                                  testing_support::TestPrinter);
-    EXPECT_THAT(preview.Draw(A4("dmPaperSize=260"), {"map"}), ElementsAre("map 1181,-2362 to 75,-150 at 28,1"));
-    EXPECT_THAT(preview.Draw(A4("dmPaperSize=270"), {"map"}), ElementsAre(StartsWith("map 2550,-3300 ")));
+    const auto mapped = [&](const char* fields) { return preview.Draw(A4(fields), {"map"}).at(0); };
+    EXPECT_EQ(mapped("dmPaperSize=260"), "map 1181,-2362 to 75,-150 at 28,1");
+    EXPECT_THAT(mapped("dmPaperSize=270"), StartsWith("map 2550,-3300 "));
+    EXPECT_THAT(mapped("dmPaperSize=256 dmPaperWidth=600 dmPaperLength=900"), StartsWith("map 708,-1062 "));
     EXPECT_THAT(preview.Draw(A4("dmFitToPaper=2 dmOutputPaper=260"), {"box 6"}),
                 ElementsAre("box 6,0,131,77 null 404040", "box 6,0,125,154 null ffffff"));
 
     testing_support::Machine::Fail("OpenPrinterW");
     SetLastError(0);
-    EXPECT_THAT(preview.Draw(A4("dmPaperSize=260"), {"map"}), ElementsAre(StartsWith("map 2550,-3300 ")));
+    EXPECT_THAT(mapped("dmPaperSize=260"), StartsWith("map 2550,-3300 "));
     EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_PARAMETER});
-}
-
-// Its own size, 60 by 90 mm, comes with the record.
-TEST(CustomPaper, ComesWithTheRecord)
-{
-    Preview preview;
-    EXPECT_THAT(preview.Draw(A4("dmPaperSize=256 dmPaperWidth=600 dmPaperLength=900"), {"map"}),
-                ElementsAre(StartsWith("map 708,-1062 ")));
 }
 
 }  // namespace

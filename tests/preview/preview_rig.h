@@ -39,9 +39,8 @@ class DrawingLog : public platform::TraceSink {
   public:
     void Call(const platform::TraceCall& call) override;
 
-    std::map<int, Lines> drawn;          // by control
-    Lines disturbed;                     // contexts that were given back in another state than they came in
-    std::map<std::string, int> objects;  // calls by function
+    std::map<int, Lines> drawn;        // by control
+    std::map<std::string, int> calls;  // by function
 
   private:
     struct Opened {
