@@ -203,21 +203,22 @@ TEST_F(Print, HandsOutAnUncheckedRecordAsItIs)
 
 TEST_F(Print, RefusedInputsLeaveAnOldOutputAsItWas)
 {
-    const std::string one = MakePdf({{}}), two = MakePdf({{}, {}});
+    const std::string one = MakePdf({{}}), two = MakePdf({{}, {}}), none = MakePdf({}),
+                      flat = MakePdf({{}, {"0 0 0 700"}}), begun = two.substr(0, 500),
+                      noEnd = one.substr(0, one.size() - 40), badPage = Damaged(one, "/Type /Page ", "/Type (Pa"),
+                      badStream = Damaged(two, "stream\nx\x9c", "stream\nxx");
     run.Put("one.pdf", one);
-    const std::string locked = Told("qpdf --encrypt secret owner 256 -- FILE -", "one.pdf"),
-                      unprintable = Told("qpdf --encrypt '' owner 256 --print=none -- FILE -", "one.pdf");
     const std::pair<std::string, const char*> rows[] = {
-        {locked,            "password"         },
-        {unprintable,       "lets nobody print"},
-        {"",                "it is empty"      },
-        {"no PDF at all\n", "damaged"          },
-        {two.substr(0,      500),                "damaged"},
-        {one.substr(0,                 one.size() - 40),                         "damaged"},
-        {Damaged(one,        "/Type /Page ",   "/Type (Pa"), "damaged"},
-        {Damaged(two,"stream\nx\x9c", "stream\nxx"), "contents of page"},
-        {MakePdf({}),                 "no pages"                         },
-        {MakePdf({{}, {"0 0 0 700"}}),    "page 2 has no possible size"    },
+        {Told("qpdf --encrypt secret owner 256 -- FILE -", "one.pdf"), "password"},
+        {Told("qpdf --encrypt '' owner 256 --print=none -- FILE -",                                                "one.pdf"),  "lets nobody print"},
+        {"",                             "it is empty"                                     },
+        {"no PDF at all\n",       "damaged"},
+        {begun,                                 "damaged"                                                               },
+        {noEnd,       "damaged"},
+        {badPage,                                 "damaged"                                                                                         },
+        {badStream,       "contents of page"},
+        {none,                        "no pages"                                                                                                          },
+        {flat,               "page 2 has no possible size"},
     };
     run.Put("out.pdf", "old");
     for (const auto& [input, why] : rows) {
