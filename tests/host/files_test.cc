@@ -20,7 +20,11 @@ namespace {
 // A folder with the file f, in which "old" stands.
 class Files : public testing::Test {
   protected:
-    Files() { Put(f, "old"); }
+    Files()
+    {
+        Put(f, "old");
+        std::signal(SIGINT, SIG_DFL);  // ignored in a shell's background jobs
+    }
     TemporaryFolder folder;
     const std::string f = folder / "f";
 };

@@ -17,18 +17,19 @@ struct GridRow {
     const char *size, *first, *last;
 };
 const GridRow GridRows[] = {
-    {"dmNupCount=2",                  2,  LyingSheet,   "map 2480,-3507 to 64,-90",   "1,32", "65,32" },
-    {"dmNupCount=4",                  4,  UprightSheet, "map 2480,-3507 to 53,-76",   "12,1", "65,77" },
-    {"dmNupCount=6",                  6,  LyingSheet,   "map 2480,-3507 to 31,-45",   "7,32", "93,77" },
-    {"dmNupCount=9",                  9,  UprightSheet, "map 2480,-3507 to 35,-50",   "12,1", "82,101"},
-    {"dmNupCount=16",                 16, UprightSheet, "map 2480,-3507 to 26,-38",   "12,1", "90,115"},
-    {"dmNupCount=1",                  1,  UprightSheet, "map 2480,-3507 to 106,-150", "12,2", "12,2"  },
-    {"dmNupCount=2 dmOrientation=2",  2,  UprightSheet, "map 3507,-2480 to 106,-74",  "12,2", "12,78" },
-    {"dmNupCount=4 dmOrientation=2",  4,  LyingSheet,   "map 3507,-2480 to 64,-45",   "1,32", "65,77" },
-    {"dmNupCount=6 dmOrientation=2",  6,  UprightSheet, "map 3507,-2480 to 53,-38",   "12,7", "65,107"},
-    {"dmNupCount=16 dmOrientation=2", 16, LyingSheet,   "map 3507,-2480 to 32,-22",   "1,32", "97,98" },
+    {"dmNupCount=2",                   2,  LyingSheet,   "map 2480,-3507 to 64,-90",   "1,32", "65,32" },
+    {"dmNupCount=4",                   4,  UprightSheet, "map 2480,-3507 to 53,-76",   "12,1", "65,77" },
+    {"dmNupCount=6",                   6,  LyingSheet,   "map 2480,-3507 to 31,-45",   "7,32", "93,77" },
+    {"dmNupCount=9",                   9,  UprightSheet, "map 2480,-3507 to 35,-50",   "12,1", "82,101"},
+    {"dmNupCount=16",                  16, UprightSheet, "map 2480,-3507 to 26,-38",   "12,1", "90,115"},
+    {"dmNupCount=1",                   1,  UprightSheet, "map 2480,-3507 to 106,-150", "12,2", "12,2"  },
+    {"dmNupCount=2 dmOrientation=2",   2,  UprightSheet, "map 3507,-2480 to 106,-74",  "12,2", "12,78" },
+    {"dmNupCount=4 dmOrientation=2",   4,  LyingSheet,   "map 3507,-2480 to 64,-45",   "1,32", "65,77" },
+    {"dmNupCount=6 dmOrientation=2",   6,  UprightSheet, "map 3507,-2480 to 53,-38",   "12,7", "65,107"},
+    {"dmNupCount=16 dmOrientation=2",  16, LyingSheet,   "map 3507,-2480 to 32,-22",   "1,32", "97,98" },
+    {"dmNupCount=4 dmNupDescending=1", 4,  UprightSheet, "map 2480,-3507 to 53,-76",   "65,1", "12,77" },
  // A count without a grid: one below the other, off the sheet.
-    {"dmNupCount=3",                  3,  UprightSheet, "map 2480,-3507 to 106,-150", "12,2", "12,306"},
+    {"dmNupCount=3",                   3,  UprightSheet, "map 2480,-3507 to 106,-150", "12,2", "12,306"},
 };
 
 TEST(Grid, LaysThePagesOutOnTheSheet)
