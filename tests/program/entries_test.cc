@@ -95,21 +95,12 @@ TEST_F(DocumentEvent, LeavesTheRecordAsTheEventMadeIt)
     run("document-properties NAME --mode 2 -o r");
     run("record set r dmPrintQuality=-3 dmResolution=0 dmPaperSize=1 dmWatermarkOn=1 dmWatermark.wmAngleMode=2 "
         "dmWatermark.wmFaceName=Arial -o r");
-    const std::string ready = "{\"dmPrintQuality\": [-3, 600], \"dmWatermark.wmAngle\": [0, 53]}\n";
-    for (const auto& [code, changes] : {
-             std::pair("1", ready), {"3",                       ready },
-               {"1 --information-context", "{}\n"}
-    }) {
+    for (const char* code : {"1", "3"}) {
         run(std::string("document-event NAME --record r -o s --platform fonts=builtin ") + code);
-        EXPECT_EQ(run("record diff r s").out, changes) << code;
+        EXPECT_EQ(run("record diff r s").out, "{\"dmPrintQuality\": [-3, 600], \"dmWatermark.wmAngle\": [0, 53]}\n");
     }
-}
-
-TEST_F(DocumentEvent, StandsAnyRecord)
-{
-    for (const std::string& record : {std::string(), std::string(1848, '\xFF')})
-        for (const char* code : {"1", "3", "7"})
-            EXPECT_EQ(run(std::string("document-event NAME --record - ") + code, record).status, 0) << code;
+    run("document-event NAME --record r -o s 1 --information-context");
+    EXPECT_EQ(run("record diff r s"), Answered("{}"));
 }
 
 TEST_F(DocumentEvent, RefusesWhatMakesNoInput)

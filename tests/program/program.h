@@ -39,7 +39,7 @@ class Program {
 // What a run that has done its work looks like, one that answers a line, and one that only says why it could not.
 inline Result Done(const std::string& out = "") { return {0, out, ""}; }
 inline Result Answered(const std::string& line) { return Done(line + "\n"); }
-inline Result Failed(const std::string& why) { return {3, "", "qd480: " + why + "\n"}; }
+inline Result Failed(const std::string& why, int status = 3) { return {status, "", "qd480: " + why + "\n"}; }
 
 // Expects of each line, its words behind the command, that it ends with this status and says nothing but why: what
 // stands on standard error begins with the row's text.

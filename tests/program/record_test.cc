@@ -94,10 +94,8 @@ TEST_F(DocumentProperties, LayTheCallersRecordOverThePrinters)
 
 TEST_F(DocumentProperties, ShowNoWindow)
 {
-    ExpectRefused(run, 2, "document-properties NAME ",
-                  {
-                      {"--mode 6 -o r", "--mode 6 asks for a window (4); that is qd480 sheet\n"}
-    });
+    EXPECT_EQ(run("document-properties NAME --mode 6 -o r"),
+              Failed("--mode 6 asks for a window (4); that is qd480 sheet", 2));
     EXPECT_EQ(run("document-properties None --mode 2"), Failed(R"(there is no printer "None" in the store)"));
 }
 

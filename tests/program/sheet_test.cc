@@ -10,22 +10,26 @@ namespace {
 const std::string Sheet = "sheet NAME --platform country=1 --script - ";
 const std::string Change = "page \"Quality\"\nchoose IDC_RESOLUTION \"600 x 600\"\n";
 
+// What a run looks like whose sheet answered this.
+Result Ended(int answer, int status = 0, const std::string& why = "")
+{
+    return {status, R"({"end": {"result": )" + std::to_string(answer) + "}}\n",
+            why.empty() ? "" : "qd480: " + why + "\n"};
+}
+
 using SheetCommand = ProgramTest;
 
 TEST_F(SheetCommand, TellsOkFromCancelAndWritesWhatOkPublished)
 {
-    for (const auto& [entry, answer] : {
-             std::pair("document-properties", "2"), {"advanced", "0"},
-               {"sheets",   "0"}
-    }) {
-        const std::string file = entry, sheet = Sheet + "-o " + file + " --entry " + entry;
-        const Result cancelled{1, std::string(R"({"end": {"result": )") + answer + "}}\n", ""};
+    for (const std::string entry : {"document-properties", "advanced", "sheets"}) {
+        const std::string sheet = Sheet + "-o " + entry + " --entry " + entry;
+        const Result cancelled = Ended(entry == "document-properties" ? 2 : 0, 1);
         EXPECT_EQ(run(sheet, Change + "cancel"), cancelled);
         EXPECT_EQ(run(sheet, ""), cancelled);
-        EXPECT_FALSE(std::filesystem::exists(run.Path(file)));
-        EXPECT_EQ(run(sheet, Change + "ok"), Answered(R"({"end": {"result": 1}})"));
-        EXPECT_EQ(run.Contents(file).size(), 1848u);
-        EXPECT_THAT(run("record show " + file).out, HasSubstr(R"("dmResolutionChoice": 600)"));
+        EXPECT_FALSE(std::filesystem::exists(run.Path(entry)));
+        EXPECT_EQ(run(sheet, Change + "ok"), Ended(1));
+        EXPECT_EQ(run.Contents(entry).size(), 1848u);
+        EXPECT_THAT(run("record show " + entry).out, HasSubstr(R"("dmResolutionChoice": 600)"));
     }
 }
 
@@ -47,20 +51,10 @@ TEST_F(SheetCommand, TheRoomDecidesWhatAShortRecordBecomes)
     run(Sheet + "--in r -o s", "ok");
     EXPECT_EQ(run("record diff r s"), Answered("{}"));
     run("record set r dmDriverExtra=0 -o short");
-    for (const auto& [room, published] : {
-             std::pair("1847", 220u), {"1848", 1848u}
-    }) {
-        run(Sheet + "--entry sheets --in short -o s --room " + room, "ok");
-        EXPECT_EQ(run.Contents("s").size(), published) << room;
-    }
-}
-
-TEST_F(SheetCommand, StandsAnyInput)
-{
-    for (const std::string& input : {std::string(), std::string(72, '\xFF'), std::string(200000, '\x7F')}) {
-        run.Put("any", input);
-        EXPECT_EQ(run(Sheet + "--in any -o r", "ok").status, 0) << input.size();
-    }
+    run(Sheet + "--entry sheets --in short -o s --room 1847", "ok");
+    EXPECT_EQ(run.Contents("s").size(), 220u);
+    run(Sheet + "--entry sheets --in short -o s --room 1848", "ok");
+    EXPECT_EQ(run.Contents("s").size(), 1848u);
 }
 
 TEST_F(SheetCommand, EndsWithStatus3WhenStrictAndRefused)
@@ -70,14 +64,15 @@ TEST_F(SheetCommand, EndsWithStatus3WhenStrictAndRefused)
     EXPECT_THAT(result.out, HasSubstr("{\"refused\": {\"line\": 2, \"control\": 4711, \"reason\": \"absent\"}}\n"));
     EXPECT_EQ(result.err, "qd480: line 2 of the script was refused: control 4711 is absent\n");
     EXPECT_THAT(run.Contents("t"), HasSubstr(R"({"call": "GetDC", "dc": )")) << "the trace of what has been";
+    EXPECT_EQ(run(Sheet + "--strict", "choose IDC_NUP 6").err,
+              "qd480: line 1 of the script was refused: control 1003 has no such row\n");
     EXPECT_EQ(run(Sheet + "--strict --no-permission", "page \"Paper\"\nclick IDC_EDIT_CUSTOM\nok").status, 3);
 }
 
 TEST_F(SheetCommand, SaysWhyNoSheetCameUp)
 {
     EXPECT_EQ(run(Sheet + "--platform missing=compstui.dll", "ok"),
-              (Result{3, "{\"end\": {\"result\": -1}}\n",
-                      "qd480: the sheet could not be shown: DrvDocumentProperties answered -1\n"}));
+              Ended(-1, 3, "the sheet could not be shown: DrvDocumentProperties answered -1"));
     EXPECT_EQ(run("sheet Other --script -"), Failed(R"(there is no printer "Other" in the store)"));
     // The record's place before the user has any work with it, a picture's when it is taken.
     EXPECT_EQ(run(Sheet + "-o no/r", "ok"), Failed("cannot write no/r: No such file or directory"));
@@ -111,28 +106,21 @@ TEST_F(SheetCommand, NeedsAScriptWhereThereIsNoDisplay)
         EXPECT_EQ(result.status, status) << display << platform;
         EXPECT_THAT(result.err, HasSubstr("--script"));
     }
-    ExpectRefused(run, 2, "sheet NAME --strict",
-                  {
-                      {"", "--strict goes with --script FILE"}
-    });
+    EXPECT_EQ(run("sheet NAME --strict"), Failed("--strict goes with --script FILE", 2));
 }
 
-const std::string Confirmed = R"({"end": {"result": 1}})"
-                              "\n",
-                  Dismissed = R"({"end": {"result": 0}})"
-                              "\n";
 const std::string DeviceSheet = "device-sheet NAME --platform country=1 --script - ";
 
 using DeviceSheetCommand = ProgramTest;
 
 TEST_F(DeviceSheetCommand, TellsOkFromCancelAndWritesTray2ForBoth)
 {
-    EXPECT_EQ(run(DeviceSheet, "cancel"), (Result{1, Dismissed, ""}));
+    EXPECT_EQ(run(DeviceSheet, "cancel"), Ended(0, 1));
     EXPECT_EQ(run("printer registry NAME"), Answered(R"({"tray2": {"type": "REG_BINARY", "hex": "30000000"}})"));
-    EXPECT_EQ(run(DeviceSheet + "--no-permission", "ok"), Done(Confirmed));
+    EXPECT_EQ(run(DeviceSheet + "--no-permission", "ok"), Ended(1));
     EXPECT_EQ(run("printer data NAME"), Answered("{}"));
     run("printer registry NAME tray2 --hex 31000000");
-    EXPECT_EQ(run(DeviceSheet, "ok"), Done(Confirmed));
+    EXPECT_EQ(run(DeviceSheet, "ok"), Ended(1));
     EXPECT_EQ(run("printer registry NAME"), Answered(R"({"tray2": {"type": "REG_BINARY", "hex": "31000000"}})"));
     EXPECT_EQ(run("printer data NAME"),
               Answered(R"({"PrinterData": {"type": "REG_BINARY", "hex": "0004080000000000"}, )"
@@ -158,21 +146,20 @@ TEST_F(DeviceSheetCommand, PlaysTheOptionAndAbout)
 
 TEST_F(DeviceSheetCommand, TestsTheRightsThroughPrinterProperties)
 {
-    EXPECT_EQ(run(DeviceSheet + "--entry printer-properties", "cancel"), (Result{1, Dismissed, ""}));
+    EXPECT_EQ(run(DeviceSheet + "--entry printer-properties", "cancel"), Ended(0, 1));
     EXPECT_EQ(run("printer data NAME"), Answered(R"({"Permission": {"type": "REG_DWORD", "value": 1}})"));
     EXPECT_EQ(run("printer registry NAME"), Answered("{}"));
     run("printer add R --read-only");
-    EXPECT_EQ(run("device-sheet R --script - --entry printer-properties", "ok"), Done(Confirmed));
+    EXPECT_EQ(run("device-sheet R --script - --entry printer-properties", "ok"), Ended(1));
     EXPECT_EQ(run("printer data R"), Answered("{}"));
 }
 
 TEST_F(DeviceSheetCommand, SaysWhyNoSheetCameUp)
 {
     EXPECT_EQ(run(DeviceSheet + "--platform missing=compstui.dll --entry printer-properties", "ok"),
-              (Result{3, Confirmed, "qd480: the sheet could not be shown: PrinterProperties answered 1\n"}));
+              Ended(1, 3, "the sheet could not be shown: PrinterProperties answered 1"));
     EXPECT_EQ(run(DeviceSheet + "--platform fail=HeapCreate", "ok"),
-              (Result{3, "{\"end\": {\"result\": -1}}\n",
-                      "qd480: the sheet could not be shown: DrvDevicePropertySheets answered -1\n"}));
+              Ended(-1, 3, "the sheet could not be shown: DrvDevicePropertySheets answered -1"));
     EXPECT_EQ(run(DeviceSheet + "--entry printer-properties --no-permission").status, 2);
 }
 
