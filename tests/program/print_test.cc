@@ -113,30 +113,23 @@ TEST_F(Print, TakesThePaperOfTheRecord)
     }
 }
 
-constexpr char Header[] =
-    "{\"event\": 1, \"result\": 1}\n"
-    "{\"event\": 2, \"result\": 1}\n"
-    "{\"escape\": 20736, \"size\": 20, \"text\": \"20051231\"}\n"
-    "{\"escape\": 20737, \"size\": 20, \"text\": \"1745\"}\n"
-    "{\"escape\": 20738, \"size\": 255, \"text\": \"OS: Microsoft Windows XP (5.1.2600.2) ENU\"}\n"
-    "{\"escape\": 20739, \"size\": 255, \"text\": \"Username: anna;App Filename: \"}\n"
-    "{\"escape\": 20740, \"size\": 255, \"text\": \";31/12/2005;17:45\"}\n"
-    "{\"event\": 5, \"result\": 1}\n";
-
-constexpr char BarePage[] =
-    "{\"event\": 6, \"result\": 1}\n"
-    "{\"escape\": 5001, \"size\": 0, \"text\": \"\"}\n"
-    "{\"event\": 7, \"result\": 1}\n";
+std::string Event(int code, int result = 1)
+{
+    return R"({"event": )" + std::to_string(code) + R"(, "result": )" + std::to_string(result) + "}\n";
+}
 
 TEST_F(Print, RunsTheEventsOfARealJob)
 {
+    const std::string start = R"({"escape": 20736, "size": 20, "text": "20051231"}
+{"escape": 20737, "size": 20, "text": "1745"}
+{"escape": 20738, "size": 255, "text": "OS: Microsoft Windows XP (5.1.2600.2) ENU"}
+{"escape": 20739, "size": 255, "text": "Username: anna;App Filename: "}
+{"escape": 20740, "size": 255, "text": ";31/12/2005;17:45"}
+)",
+                      page = Event(6) + R"({"escape": 5001, "size": 0, "text": ""})" + '\n' + Event(7);
     ASSERT_EQ(Job("--pages 2 --reset-at 2 --events e"), Done());
-    EXPECT_EQ(run.Contents("e"), std::string(Header) + BarePage +
-                                     "{\"event\": 3, \"result\": 1}\n"
-                                     "{\"event\": 4, \"result\": 1}\n" +
-                                     BarePage +
-                                     "{\"event\": 8, \"result\": 1}\n"
-                                     "{\"event\": 10, \"result\": 0}\n");
+    EXPECT_EQ(run.Contents("e"),
+              Event(1) + Event(2) + start + Event(5) + page + Event(3) + Event(4) + page + Event(8) + Event(10, 0));
 }
 
 // Size 72 is 300 dots high and, by the fixed metrics, 5 * 150 wide; the printable area begins 12 points in.
@@ -144,10 +137,10 @@ TEST_F(Print, MarksTheWatermarkAndPutsItWhereTheModuleDraws)
 {
     PutRecord(Watermark + "dmPrintQuality=300 dmWatermark.wmAngleMode=0");
     ASSERT_EQ(Job("--record r --platform fonts=builtin --events e --trace t"), Done());
-    EXPECT_THAT(run.Contents("e"), HasSubstr("{\"escape\": 5001, \"size\": 0, \"text\": \"\"}\n"
-                                             "{\"escape\": -1465341784, \"size\": 4, \"text\": \"¨¨¨¨\"}\n"
-                                             "{\"escape\": -1465341784, \"size\": 4, \"text\": \"\"}\n"
-                                             "{\"event\": 7, \"result\": 1}\n"));
+    EXPECT_THAT(run.Contents("e"), HasSubstr(R"({"escape": 5001, "size": 0, "text": ""}
+{"escape": -1465341784, "size": 4, "text": "¨¨¨¨"}
+{"escape": -1465341784, "size": 4, "text": ""}
+)" + Event(7)));
     EXPECT_THAT(run.Contents("t"), HasSubstr("\"on\": \"job\", \"args\": [-1465341784, 4, \"a8a8a8a8\", 0, null], "
                                              "\"result\": 1}\n{\"call\": \"ExtTextOutW\", "));
     EXPECT_THAT(run.Contents("t"), HasSubstr(R"("args": [825, 1450, 0, null, "DRAFT", 5, null])"));
@@ -183,9 +176,7 @@ TEST_F(Print, AbortsAJobThatBreaksOff)
 {
     run.Put("in.pdf", Damaged(MakePdf({{}, {}}), "stream\nx\x9c", "stream\nxx"));
     EXPECT_EQ(Job("in.pdf --events e").status, 3);
-    EXPECT_THAT(run.Contents("e"), testing::EndsWith("{\"event\": 7, \"result\": 1}\n"
-                                                     "{\"event\": 9, \"result\": 0}\n"
-                                                     "{\"event\": 10, \"result\": 0}\n"));
+    EXPECT_THAT(run.Contents("e"), testing::EndsWith(Event(7) + Event(9, 0) + Event(10, 0)));
 }
 
 TEST_F(Print, HandsOutAnUncheckedRecordAsItIs)
