@@ -1,6 +1,5 @@
 #include "tests/program/pdf.h"
 
-#include <cstdio>
 #include <qpdf/QPDFWriter.hh>
 
 namespace {
@@ -61,13 +60,4 @@ std::string Pdf::Contents(std::size_t page)
 QPDFObjectHandle Pdf::Object(std::size_t page, const std::string& name)
 {
     return pages_.at(page).getKey("/Resources").getKeyIfDict("/XObject").getKeyIfDict(name);
-}
-
-std::string OutputOf(const std::string& command)
-{
-    std::string output;
-    FILE* pipe = ::popen((command + " 2>&1").c_str(), "r");
-    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) output += static_cast<char>(c);
-    ::pclose(pipe);
-    return output;
 }

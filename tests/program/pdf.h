@@ -29,6 +29,3 @@ class Pdf {
     QPDF pdf_;
     std::vector<QPDFObjectHandle> pages_;
 };
-
-// What a command of the machine prints.
-std::string OutputOf(const std::string& command);

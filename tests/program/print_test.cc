@@ -30,11 +30,6 @@ class Print : public ProgramTest {
         ASSERT_EQ(run("record set r -o r " + fields), Done());
     }
     Pdf Out() const { return Pdf(run.Contents("out.pdf")); }
-    // What a command of the machine prints of a file, which stands in its words as FILE.
-    std::string Told(std::string command, const std::string& file = "out.pdf") const
-    {
-        return OutputOf(command.replace(command.find("FILE"), 4, run.Path(file).string()));
-    }
 };
 
 std::string Damaged(std::string pdf, const std::string& old, const std::string& now)
@@ -80,11 +75,11 @@ TEST_F(Print, TakesOfPagesWhatIsForPaper)
     pages[1].noteFlags = ForScreen;
     pages[2].noteFlags = ForPaper;
     run.Put("open.pdf", MakePdf(pages));
-    Told("qpdf --encrypt '' owner 256 -- FILE " + run.Path("in.pdf").string(), "open.pdf");
+    run.Told("qpdf --encrypt '' owner 256 -- open.pdf in.pdf");
     ASSERT_EQ(Job("in.pdf"), Done());
-    EXPECT_THAT(Told("pdftotext -l 1 FILE -"), HasSubstr("Joined"));
-    EXPECT_THAT(Told("pdftotext -f 2 -l 2 FILE -"), AllOf(HasSubstr("Body"), Not(HasSubstr("Note"))));
-    EXPECT_THAT(Told("pdftotext -f 3 FILE -"), AllOf(HasSubstr("Body"), HasSubstr("Note")));
+    EXPECT_THAT(run.Told("pdftotext -l 1 out.pdf -"), HasSubstr("Joined"));
+    EXPECT_THAT(run.Told("pdftotext -f 2 -l 2 out.pdf -"), AllOf(HasSubstr("Body"), Not(HasSubstr("Note"))));
+    EXPECT_THAT(run.Told("pdftotext -f 3 out.pdf -"), AllOf(HasSubstr("Body"), HasSubstr("Note")));
 }
 
 TEST_F(Print, TakesThePaperOfTheRecord)
@@ -144,7 +139,7 @@ TEST_F(Print, MarksTheWatermarkAndPutsItWhereTheModuleDraws)
     EXPECT_THAT(run.Contents("t"), HasSubstr("\"on\": \"job\", \"args\": [-1465341784, 4, \"a8a8a8a8\", 0, null], "
                                              "\"result\": 1}\n{\"call\": \"ExtTextOutW\", "));
     EXPECT_THAT(run.Contents("t"), HasSubstr(R"("args": [825, 1450, 0, null, "DRAFT", 5, null])"));
-    EXPECT_THAT(Told("pdftotext -bbox FILE -"), HasSubstr(R"(<word xMin="210.000000" yMin="3)"));
+    EXPECT_THAT(run.Told("pdftotext -bbox out.pdf -"), HasSubstr(R"(<word xMin="210.000000" yMin="3)"));
 }
 
 TEST_F(Print, StampsAllPagesWithOneObjectOfTextAndItsFont)
@@ -157,11 +152,11 @@ TEST_F(Print, StampsAllPagesWithOneObjectOfTextAndItsFont)
         EXPECT_EQ(out.Object(page, "/Stamp").getObjGen(), out.Object(0, "/Stamp").getObjGen());
     }
     EXPECT_NE(out.Object(0, "/Page").getObjGen(), out.Object(1, "/Page").getObjGen());
-    EXPECT_THAT(Told("qpdf --check FILE"), HasSubstr("No syntax or stream encoding errors found"));
-    EXPECT_THAT(Told("pdftotext -l 1 FILE -"), AllOf(HasSubstr("DRAFT"), HasSubstr("Body")));
-    EXPECT_THAT(Told("pdffonts FILE"),
+    EXPECT_THAT(run.Told("qpdf --check out.pdf"), HasSubstr("No syntax or stream encoding errors found"));
+    EXPECT_THAT(run.Told("pdftotext -l 1 out.pdf -"), AllOf(HasSubstr("DRAFT"), HasSubstr("Body")));
+    EXPECT_THAT(run.Told("pdffonts out.pdf"),
                 HasSubstr("LiberationSans                       CID TrueType      Identity-H       yes"));
-    EXPECT_EQ(Told("pdfimages -list FILE | tail -n +3"), "");
+    EXPECT_EQ(run.Told("pdfimages -list out.pdf | tail -n +3"), "");
 }
 
 TEST_F(Print, StampsTheFirstPageOfTheJobAlone)
@@ -183,7 +178,7 @@ TEST_F(Print, HandsOutAnUncheckedRecordAsItIs)
 {
     PutRecord(Watermark + "dmPrintQuality=-3 dmResolution=0 dmWatermark.wmAngleMode=2");
     const std::string settings =
-        R"([5001, 0, null, 1848], "result": ")" + Told("od -An -v -tx1 FILE | tr -d ' \n'", "r") + '"';
+        R"([5001, 0, null, 1848], "result": ")" + run.Told("od -An -v -tx1 r | tr -d ' \n'") + '"';
     ASSERT_EQ(Job("--record r --unchecked --trace t"), Done());
     EXPECT_THAT(run.Contents("t"), HasSubstr(settings));
     ASSERT_EQ(Job("--record r --trace t"), Done());
@@ -200,16 +195,16 @@ TEST_F(Print, RefusedInputsLeaveAnOldOutputAsItWas)
                       badStream = Damaged(two, "stream\nx\x9c", "stream\nxx");
     run.Put("one.pdf", one);
     const std::pair<std::string, const char*> rows[] = {
-        {Told("qpdf --encrypt secret owner 256 -- FILE -", "one.pdf"), "password"},
-        {Told("qpdf --encrypt '' owner 256 --print=none -- FILE -",                                                "one.pdf"),  "lets nobody print"},
-        {"",                             "it is empty"                                     },
-        {"no PDF at all\n",       "damaged"},
-        {begun,                                 "damaged"                                                               },
-        {noEnd,       "damaged"},
-        {badPage,                                 "damaged"                                                                                         },
-        {badStream,       "contents of page"},
-        {none,                        "no pages"                                                                                                          },
-        {flat,               "page 2 has no possible size"},
+        {run.Told("qpdf --encrypt secret owner 256 -- one.pdf -"),          "password"                   },
+        {run.Told("qpdf --encrypt '' owner 256 --print=none -- one.pdf -"), "lets nobody print"          },
+        {"",                                                                "it is empty"                },
+        {"no PDF at all\n",                                                 "damaged"                    },
+        {begun,                                                             "damaged"                    },
+        {noEnd,                                                             "damaged"                    },
+        {badPage,                                                           "damaged"                    },
+        {badStream,                                                         "contents of page"           },
+        {none,                                                              "no pages"                   },
+        {flat,                                                              "page 2 has no possible size"},
     };
     run.Put("out.pdf", "old");
     for (const auto& [input, why] : rows) {
@@ -219,7 +214,7 @@ TEST_F(Print, RefusedInputsLeaveAnOldOutputAsItWas)
         EXPECT_THAT(result.err, AllOf(HasSubstr("in.pdf: "), HasSubstr(why)));
         EXPECT_EQ(run.Contents("out.pdf"), "old") << why;
     }
-    EXPECT_THAT(run.Names(), ElementsAre(".err", ".in", ".out", "in.pdf", "one.pdf", "out.pdf", "qd480"));
+    EXPECT_THAT(run.Names(), ElementsAre(".err", ".in", ".out", ".told", "in.pdf", "one.pdf", "out.pdf", "qd480"));
 }
 
 TEST_F(Print, LeavesNoOutputWhenItFails)

@@ -1,29 +1,8 @@
 #include "tests/program/program.h"
 
-#include <fcntl.h>
 #include <sys/wait.h>
 
-#include <iomanip>
-#include <sstream>
-
-namespace {
-
-std::vector<std::string> Words(const std::string& line)
-{
-    std::vector<std::string> words = {QD_PROGRAM_PATH};
-    std::istringstream rest(line);
-    for (std::string word; rest >> std::quoted(word, '\'');)
-        words.push_back(word == "NAME" ? "Ordana Quillet 4820E" : word);
-    return words;
-}
-
-void Redirect(const std::filesystem::path& path, int flags, int descriptor)
-{
-    const int file = ::open(path.c_str(), flags, 0600);
-    if (file < 0 || ::dup2(file, descriptor) < 0) ::_exit(126);
-}
-
-}  // namespace
+#include <regex>
 
 void PrintTo(const Result& run, std::ostream* stream)
 {
@@ -50,22 +29,21 @@ Result Program::operator()(const std::string& line, const std::string& input) co
 
 pid_t Program::Start(const std::string& line, const std::string& input, const std::string& name) const
 {
-    std::vector<std::string> words = Words(line);
-    std::vector<char*> arguments;
-    for (std::string& word : words) arguments.push_back(word.data());
-    arguments.push_back(nullptr);
     Put(".in" + name, input);
+    const std::string folder = folder_.Path().string(),
+                      words = std::regex_replace(line, std::regex(R"(\bNAME\b)"), "'Ordana Quillet 4820E'"),
+                      command = "cd " + folder + " && exec env -u WAYLAND_DISPLAY DISPLAY=" + display +
+                                " QT_QPA_PLATFORM=" + qtPlatform + " XDG_DATA_HOME=" + folder +
+                                " LC_ALL=C '" QD_PROGRAM_PATH "' " + words + " <.in" + name + " >.out" + name +
+                                " 2>.err" + name;
     const pid_t child = ::fork();
     if (child != 0) return child;
-    ::setenv("DISPLAY", display.c_str(), 1);
-    ::unsetenv("WAYLAND_DISPLAY");
-    ::setenv("QT_QPA_PLATFORM", qtPlatform.c_str(), 1);
-    ::setenv("XDG_DATA_HOME", folder_.Path().c_str(), 1);
-    ::setenv("LC_ALL", "C", 1);
-    if (::chdir(folder_.Path().c_str()) != 0) ::_exit(126);
-    Redirect(Path(".in" + name), O_RDONLY, STDIN_FILENO);
-    Redirect(Path(".out" + name), O_WRONLY | O_CREAT | O_TRUNC, STDOUT_FILENO);
-    Redirect(Path(".err" + name), O_WRONLY | O_CREAT | O_TRUNC, STDERR_FILENO);
-    ::execv(arguments[0], arguments.data());
+    ::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
     ::_exit(127);
+}
+
+std::string Program::Told(const std::string& command) const
+{
+    EXPECT_NE(std::system(("cd " + folder_.Path().string() + " && " + command + " >.told 2>&1").c_str()), -1);
+    return Contents(".told");
 }

@@ -18,12 +18,14 @@ void PrintTo(const Result& run, std::ostream* stream);
 
 class Program {
   public:
-    // The words of a line as a shell would pass them, a word with blanks in single quotes; NAME is the printer that
-    // every new store has.
+    // The words of a line as the shell passes them; NAME is the printer that every new store has.
     Result operator()(const std::string& line, const std::string& input = "") const;
     // The same without waiting for it. What it reads and writes is in files that end in name; the caller waits
     // for the process.
     pid_t Start(const std::string& line, const std::string& input, const std::string& name) const;
+
+    // What another command of the machine prints in that folder.
+    std::string Told(const std::string& command) const;
 
     std::filesystem::path Path(const std::string& name) const { return folder_ / name; }
     void Put(const std::string& name, const std::string& contents) const { ::Put(Path(name), contents); }
