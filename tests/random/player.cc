@@ -1,18 +1,10 @@
-#include "tests/random/player.h"
-
-#include <sys/mman.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
-#include <cstring>
 #include <functional>
 
-#include "module.h"
 #include "platform/gdi/job.h"
 #include "platform/kernel/memory.h"
-#include "platform/kernel/modules.h"
 #include "platform/registry/keys.h"
 #include "platform/seams/desktop.h"
 #include "platform/seams/fonts.h"
@@ -26,6 +18,9 @@
 #include "tests/random/changes.h"
 #include "tests/random/hands.h"
 #include "tests/random/invariants.h"
+#include "tests/random/ledger.h"
+#include "tests/random/messages.h"
+#include "tests/random/stores.h"
 #include "tests/support/blank_surface.h"
 #include "tests/support/sheet_driver.h"
 #include "watermark/overlay_list.h"
@@ -38,24 +33,6 @@ namespace {
 
 namespace user = platform::user;
 using testing_support::TestPrinter;
-
-constexpr std::size_t MostTemplates = 20;
-
-// What the process notes for the one that waits for it.
-struct Ledger {
-    int count;
-    bool finished;
-    int seen[MostTemplates];
-    Step steps[MostSteps];
-    std::uint8_t boxes[MostSteps], files[MostSteps];
-    char failure[2000], story[500];
-};
-
-template <std::size_t Room>
-void Note(char (&field)[Room], const std::string& text)
-{
-    if (field[0] == 0) field[text.copy(field, Room - 1)] = 0;
-}
 
 struct Counter {
     const char* what;
@@ -328,73 +305,10 @@ void Player::Play()
 
 }  // namespace
 
-Played Play(std::uint64_t seed, const std::optional<std::vector<Step>>& steps, unsigned seconds)
+void PlayHere(Ledger& ledger, std::uint64_t seed, const std::optional<std::vector<Step>>& steps)
 {
-    static Ledger* const ledger =
-        static_cast<Ledger*>(mmap(nullptr, sizeof(Ledger), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
-    if (ledger == MAP_FAILED) throw std::runtime_error("no shared memory");
-    std::memset(static_cast<void*>(ledger), 0, sizeof *ledger);
-    std::string why;
-    static const HMODULE module = platform::modules::Load(QD_MODULE_PATH, &why);
-    if (!module) throw std::runtime_error("the module cannot be loaded: " + why);
-    ModuleHandle = ResourceHandle = module;
-    const pid_t child = fork();
-    if (child < 0) throw std::runtime_error("no process for a walk");
-    if (child == 0) {
-        alarm(seconds);  // a handler that never returns
-        try {
-            Player(*ledger, seed, steps).Play();
-            ledger->finished = true;
-        } catch (const std::exception& error) {
-            Note(ledger->failure, std::string("an exception: ") + error.what());
-        }
-        _exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (WIFSIGNALED(status)) Note(ledger->failure, "signal " + std::to_string(WTERMSIG(status)));
-    if (WIFEXITED(status) && (WEXITSTATUS(status) != 0 || !ledger->finished))
-        Note(ledger->failure, "ends on its own with exit status " + std::to_string(WEXITSTATUS(status)));
-
-    Played played;
-    const auto count = std::min(ledger->count, MostSteps);
-    played.steps.assign(ledger->steps, ledger->steps + count);
-    played.failure = ledger->failure;
-    played.story = ledger->story;
-    played.seen = {std::begin(ledger->seen), std::end(ledger->seen)};
-    played.seen.erase(0);
-    for (int k = 0; k < count; ++k) played.script += ScriptOf(ledger->steps[k], ledger->boxes[k], ledger->files[k]);
-    return played;
-}
-
-Played Shrink(std::uint64_t seed, const Played& failed)
-{
-    // The same fault: what is told in front of the numbers, and the control that it is put down to.
-    const auto fault = [](const Played& played) {
-        const std::string& told = played.failure;
-        const std::size_t by = std::min(told.find(" by control "), told.find(", after: "));
-        const std::string control = by == told.npos ? "" : told.substr(by, told.find(',', by + 1) - by);
-        return told.substr(0, told.find_first_of("0123456789")) + control;
-    };
-    const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(2);
-    Played shortest = failed;
-    for (std::size_t part = std::max<std::size_t>(failed.steps.size() / 2, 1); part > 0;) {
-        const std::size_t before = shortest.steps.size();
-        for (std::size_t from = 0; from < shortest.steps.size();) {
-            if (std::chrono::steady_clock::now() > end) return shortest;
-            std::vector<Step> fewer = shortest.steps;
-            fewer.erase(fewer.begin() + static_cast<std::ptrdiff_t>(from),
-                        fewer.begin() + static_cast<std::ptrdiff_t>(std::min(from + part, fewer.size())));
-            const Played tried = Play(seed, fewer, 10);
-            if (fault(tried) != fault(failed))
-                from += part;
-            else
-                shortest = tried;
-        }
-        // Until no single step can go.
-        if (part > 1 || shortest.steps.size() == before) part /= 2;
-    }
-    return shortest;
+    Player(ledger, seed, steps).Play();
+    ledger.finished = true;
 }
 
 }  // namespace random_use
