@@ -6,7 +6,6 @@ namespace {
 
 using namespace host;
 using platform::user::Key;
-using platform::user::SheetButton;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::SizeIs;
@@ -19,42 +18,18 @@ Step Only(std::string_view line)
     return steps.empty() ? Step{} : steps.front();
 }
 
-TEST(Script, ReadsTheControlAndWhatIsDoneToIt)
+// What the steps do, program tests tell.
+TEST(Script, TellsANumberFromATextAndABlankFromAWord)
 {
-    constexpr int Unset = 0;
-    const std::tuple<const char*, StepKind, int, std::optional<std::u16string>, int> rows[] = {
-        {"click 1060",           StepKind::Click,  1060, {},     Unset},
-        {"click IDC_RESOLUTION", StepKind::Click,  1060, {},     Unset},
-        {"choose 1060 2",        StepKind::Choose, 1060, {},     2    },
-        {"choose 1060 \"2\"",    StepKind::Choose, 1060, u"2",   Unset},
-        {"row 1123 0",           StepKind::Row,    1123, {},     0    },
-        {"type 1097 \"\"",       StepKind::Type,   1097, u"",    Unset},
-        {"append 1097 \"5\"",    StepKind::Append, 1097, u"5",   Unset},
-        {"paste 1097 \"a b\"",   StepKind::Paste,  1097, u"a b", Unset},
-        {"spin 1098 up",         StepKind::Spin,   1098, {},     1    },
-        {"spin 1098 down 20",    StepKind::Spin,   1098, {},     20   },
-        {"\tfocus  1097\t",      StepKind::Focus,  1097, {},     Unset},
-    };
-    for (const auto& [line, kind, control, text, number] : rows) {
-        const Step step = Only(line);
-        EXPECT_EQ(std::tie(step.kind, step.control, step.text, step.number), std::tie(kind, control, text, number))
-            << line;
-    }
-}
-
-TEST(Script, KnowsTheKeysTheButtonsAndTheAnswers)
-{
-    EXPECT_EQ(Only("key TAB").key, Key::Tab);
-    EXPECT_EQ(Only("key ESC").key, Key::Escape);
-    EXPECT_EQ(Only("key F1").key, Key::F1);
-    EXPECT_TRUE(Only("spin 1 up").up);
-    EXPECT_FALSE(Only("spin 1 down").up);
-    EXPECT_EQ(Only("apply").button, SheetButton::Apply);
-    EXPECT_EQ(Only("help").button, SheetButton::Help);
-    EXPECT_EQ(Only("answer ok").answer, IDOK);
-    EXPECT_EQ(Only("answer cancel").answer, IDCANCEL);
+    EXPECT_EQ(Only("choose 1060 2").text, std::nullopt);
+    EXPECT_EQ(Only("choose 1060 \"2\"").text, u"2");
     EXPECT_EQ(Only("file cancel").text, std::nullopt);
     EXPECT_EQ(Only("file \"cancel\"").text, u"cancel");
+    EXPECT_EQ(Only("type 1097 \"\"").text, u"");
+    EXPECT_EQ(Only("\tspin  1098 down 20\t").number, 20);
+    EXPECT_EQ(Only("spin 1098 up").number, 1);
+    EXPECT_EQ(Only("key ENTER").key, Key::Enter);
+    EXPECT_EQ(Only("key ESC").key, Key::Escape);
 }
 
 TEST(Script, KeepsEveryCharacterOfAText)

@@ -59,14 +59,29 @@ TEST_F(SheetCommand, TheRoomDecidesWhatAShortRecordBecomes)
 
 TEST_F(SheetCommand, EndsWithStatus3WhenStrictAndRefused)
 {
-    const Result result = run(Sheet + "--strict --trace t", "dump # first\nclick 4711\nok");
+    const Result result = run(Sheet + "--strict", "dump # first\nclick 4711\nok");
     EXPECT_EQ(result.status, 3);
     EXPECT_THAT(result.out, HasSubstr("{\"refused\": {\"line\": 2, \"control\": 4711, \"reason\": \"absent\"}}\n"));
     EXPECT_EQ(result.err, "qd480: line 2 of the script was refused: control 4711 is absent\n");
-    EXPECT_THAT(run.Contents("t"), HasSubstr(R"({"call": "GetDC", "dc": )")) << "the trace of what has been";
     EXPECT_EQ(run(Sheet + "--strict", "choose IDC_NUP 6").err,
               "qd480: line 1 of the script was refused: control 1003 has no such row\n");
     EXPECT_EQ(run(Sheet + "--strict --no-permission", "page \"Paper\"\nclick IDC_EDIT_CUSTOM\nok").status, 3);
+}
+
+TEST_F(SheetCommand, TracesEveryDrawingCall)
+{
+    EXPECT_EQ(run(Sheet + "--trace t --platform fonts=builtin", "ok"), Ended(1));
+    for (const char* call : {
+             R"({"call": "GetDC", "dc": 3, "on": 1029, "args": [], "result": 3})",
+             R"({"call": "GetClientRect", "dc": null, "on": 1029, "args": [], "result": [0, 0, 137, 161]})",
+             R"({"call": "SelectObject", "dc": 3, "on": 1029, "args": [{"pen": {"style": 0, "width": 1, )"
+             R"("color": 16777215}}], "result": {"stock": 7}})",
+             R"({"call": "ExtTextOutW", "dc": 5, "on": 1029, "args": [0, 0, 2, [0, 0, 137, 1], "", 0, null], )"
+             R"("result": 1})",
+         })
+        EXPECT_THAT(run.Contents("t"), HasSubstr(call + std::string("\n")));
+    EXPECT_EQ(run(Sheet + "--trace /dev/full", "ok").err,
+              "qd480: cannot write the trace /dev/full: No space left on device\n");
 }
 
 TEST_F(SheetCommand, SaysWhyNoSheetCameUp)
