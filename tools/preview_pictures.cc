@@ -115,12 +115,12 @@ int Renew(const QString& kept, const QString& changes)
 {
     if (!QDir().mkpath(kept) || !QDir().mkpath(changes)) return 1;
     int changed = 0;
-    for (const Reference& reference : References()) {
-        const QString name = reference.name, file = kept + "/" + name + ".png";
-        const QImage before(file), after = Paint(reference.record, Fonts::BuiltIn);
+    for (const auto& [title, record] : References()) {
+        const QString name = title, file = kept + "/" + name + ".png";
+        const QImage before(file), after = Paint(record, Fonts::BuiltIn);
         if (!before.isNull() && before.convertToFormat(after.format()) == after) continue;
         ++changed;
-        std::printf("%s %s\n", before.isNull() ? "new:    " : "changed:", reference.name);
+        std::printf("%s %s\n", before.isNull() ? "new:    " : "changed:", title);
         const QString shown = changes + "/" + name;
         if (!before.isNull()) {
             const QImage difference = Difference(before, after);

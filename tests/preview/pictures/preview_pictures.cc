@@ -18,7 +18,7 @@ QImage Paint(const DriverDevMode& record, Fonts fonts)
     return surface->Picture().convertToFormat(QImage::Format_RGB32);
 }
 
-std::vector<Reference> References()
+std::vector<std::pair<const char*, DriverDevMode>> References()
 {
     return {
         {"plain",            A4()                                                                     },

@@ -14,10 +14,6 @@ enum class Fonts { BuiltIn, Real };
 QImage Paint(const DriverDevMode& record, Fonts fonts);
 
 // The pictures that guard the whole, by the names of their files.
-struct Reference {
-    const char* name;
-    DriverDevMode record;
-};
-std::vector<Reference> References();
+std::vector<std::pair<const char*, DriverDevMode>> References();
 
 }  // namespace preview_test

@@ -8,10 +8,10 @@ namespace {
 
 TEST(PreviewPictures, AreAsTheyWere)
 {
-    for (const Reference& reference : References()) {
-        const QImage kept(QString(QD_PICTURES) + "/" + reference.name + ".png");
-        EXPECT_TRUE(kept.convertToFormat(QImage::Format_RGB32) == Paint(reference.record, Fonts::BuiltIn))
-            << reference.name << " has other pixels, see tools/renew_pictures";
+    for (const auto& [name, record] : References()) {
+        const QImage kept(QString(QD_PICTURES) + "/" + name + ".png");
+        EXPECT_TRUE(kept.convertToFormat(QImage::Format_RGB32) == Paint(record, Fonts::BuiltIn))
+            << name << " has other pixels, see tools/renew_pictures";
     }
 }
 
