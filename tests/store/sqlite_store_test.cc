@@ -138,7 +138,8 @@ TEST_F(SqliteStoreTest, TakesNoNameTwiceAndNoValueWithoutAPrinter)
 
 TEST_F(SqliteStoreTest, HasNoKeysButThePrintersAndAReadOnlyOnesForReading)
 {
-    for (const std::u16string& path : {FirstKey.substr(1), FirstKey + u"\\Sub", std::u16string()})
+    for (const std::u16string& path :
+         {FirstKey.substr(1), FirstKey + u"\\Sub", FirstKey.substr(0, FirstKey.size() - 1) + u"x"})
         EXPECT_EQ(store.KeyAccess(path), Access::None);
     store.Add({u"Locked", u"", false});
     EXPECT_EQ(store.KeyAccess(PrinterKeyPath(u"Locked")), Access::Read);
