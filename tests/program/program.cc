@@ -30,7 +30,7 @@ Result Program::operator()(const std::string& line, const std::string& input) co
 pid_t Program::Start(const std::string& line, const std::string& input, const std::string& name) const
 {
     Put(".in" + name, input);
-    const std::string folder = folder_.Path().string(),
+    const std::string folder = "'" + folder_.Path().string() + "'",
                       words = std::regex_replace(line, std::regex(R"(\bNAME\b)"), "'Ordana Quillet 4820E'"),
                       command = "cd " + folder + " && exec env -u WAYLAND_DISPLAY DISPLAY=" + display +
                                 " QT_QPA_PLATFORM=" + qtPlatform + " XDG_DATA_HOME=" + folder +
@@ -44,6 +44,6 @@ pid_t Program::Start(const std::string& line, const std::string& input, const st
 
 std::string Program::Told(const std::string& command) const
 {
-    EXPECT_NE(std::system(("cd " + folder_.Path().string() + " && " + command + " >.told 2>&1").c_str()), -1);
+    EXPECT_NE(std::system(("cd '" + folder_.Path().string() + "' && " + command + " >.told 2>&1").c_str()), -1);
     return Contents(".told");
 }
