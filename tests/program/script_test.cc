@@ -49,6 +49,7 @@ TEST_F(ScriptedSheet, DumpsThePageInFront)
             R"({"id": 1003, "class": "ComboBox", "text": "2-up", "enabled": true, "visible": true, )"
             R"("items": ["Off", "2-up", "4-up", "6-up", "9-up", "16-up"], "data": [0, 1, 2, 3, 4, 5], "selection": 1})",
             R"({"id": 1303, "class": "Button", "text": "Gu&ide Paper", "enabled": false, "visible": true, "checked": )",
+            R"({"id": 1107, "class": "ComboBox", "text": "<NONE>", "enabled": true, "visible": true, )"
             R"("items": ["<NONE>"], "data": null, "selection": 0})",
         })
         EXPECT_THAT(dump, HasSubstr(control));
