@@ -77,32 +77,27 @@ TEST(Grid, NumbersThePagesInTheirOrder)
 // A booklet shows one page on its sheet although it is N-up as well, and one of four flaps.
 TEST(Booklet, ShowsOnePageAndAFlap)
 {
-    const Lines upright = {UprightSheet, "line 11,0,119,0", "line 119,0,119,154", "line 119,154,11,154",
-                           "line 11,154,11,0"};
-    const Lines lying = {LyingSheet, "line 0,31,131,31", "line 131,31,131,123", "line 131,123,0,123",
-                         "line 0,123,0,31"};
+    const Lines upright = {UprightSheet, "line 11,0,119,0 solid0:000000", "line 119,0,119,154 solid0:000000",
+                           "line 119,154,11,154 solid0:000000", "line 11,154,11,0 solid0:000000"};
+    const Lines lying = {LyingSheet, "line 0,31,131,31 solid0:000000", "line 131,31,131,123 solid0:000000",
+                         "line 131,123,0,123 solid0:000000", "line 0,123,0,31 solid0:000000"};
     const char map[] = "map 2480,-3507 to 106,-150 at 12,2", turned[] = "map 3507,-2480 to 127,-90 at 2,32";
     const std::tuple<std::string, Lines, const char*, const char*> rows[] = {
-        {"",                                 upright, "polygon [[11,0],[108,-12],[108,0]]",     map   },
-        {"dmOrientation=2",                  lying,   "polygon [[131,31],[140,115],[131,115]]", turned},
-        {"dmBookletRight=1",                 upright, "polygon [[119,0],[21,-12],[21,0]]",      map   },
-        {"dmBookletRight=1 dmOrientation=2", lying,   "polygon [[0,31],[-9,115],[0,115]]",      turned},
+        {"",                                 upright, "[[11,0],[108,-12],[108,0]]",     map   },
+        {"dmOrientation=2",                  lying,   "[[131,31],[140,115],[131,115]]", turned},
+        {"dmBookletRight=1",                 upright, "[[119,0],[21,-12],[21,0]]",      map   },
+        {"dmBookletRight=1 dmOrientation=2", lying,   "[[0,31],[-9,115],[0,115]]",      turned},
     };
-    for (const auto& [fields, outline, flap, page] : rows) {
-        Lines expected = outline;
-        for (std::size_t line = 1; line < expected.size(); ++line) expected[line] += " solid0:000000";
-        expected.insert(expected.end(), {std::string(flap) + " solid0:000000 ffffff", page});
+    for (auto [fields, expected, flap, page] : rows) {
+        expected.insert(expected.end(), {std::string("polygon ") + flap + " solid0:000000 ffffff", page});
         EXPECT_EQ(Preview().Draw(A4("dmBookletPaper=9 dmDuplexOn=1 dmNupOn=1 dmNupCount=2 " + fields),
                                  {"box 11,", "box 0,", "line", "polygon", "map", "arc"}),
                   expected)
             << fields;
     }
-}
-
-TEST(Booklet, HasItsPageInTheMiddleOfItsPaper)
-{
     EXPECT_THAT(Preview().Draw(A4("dmBookletPaper=5 dmDuplexOn=1"), {"box 19", "map"}),
-                ElementsAre("box 19,0,112,154 null ffffff", "map 2480,-3507 to 91,-128 at 20,13"));
+                ElementsAre("box 19,0,112,154 null ffffff", "map 2480,-3507 to 91,-128 at 20,13"))
+        << "in the middle of its paper";
 }
 
 TEST(Booklet, WithoutDuplexIsMarkedByNothing)
@@ -124,20 +119,21 @@ TEST(Rings, RunAlongTheBoundEdge)
     constexpr Edge TopLying = {13, "7,24,17,38 from 17,31 to 12,38", "115,24,125,38 from 125,31 to 120,38"};
     constexpr Edge Left = {15, "4,7,18,17 from 11,7 to 18,17", "4,133,18,143 from 11,133 to 18,143"};
     constexpr Edge LeftLying = {9, "-7,38,7,48 from 0,38 to 7,48", "-7,110,7,120 from 0,110 to 7,120"};
-    for (const auto& [fields, edge] : {
-             std::pair{"dmDuplexBinding=3",                                        Top      },
-             {"dmDuplexBinding=3 dmOrientation=2",                        LeftLying},
-             {"dmDuplexBinding=1",                                        Left     },
-             {"dmDuplexBinding=1 dmOrientation=2",                        TopLying },
-             {"dmDuplexBinding=0",                                        Left     },
+    const std::pair<std::string, Edge> rows[] = {
+        {"dmDuplexBinding=3",                                        Top      },
+        {"dmDuplexBinding=3 dmOrientation=2",                        LeftLying},
+        {"dmDuplexBinding=1",                                        Left     },
+        {"dmDuplexBinding=1 dmOrientation=2",                        TopLying },
+        {"dmDuplexBinding=0",                                        Left     },
  // Turned sheets, and N-up that turns nothing.
-             {"dmDuplexBinding=3 dmNupOn=1 dmNupCount=2",                 LeftLying},
-             {"dmDuplexBinding=3 dmNupOn=1 dmNupCount=6 dmOrientation=2", Top      },
-             {"dmDuplexBinding=1 dmNupOn=1 dmNupCount=6 dmOrientation=1", TopLying },
-             {"dmDuplexBinding=1 dmNupOn=1 dmNupCount=2 dmOrientation=2", Left     },
-             {"dmDuplexBinding=3 dmNupOn=1 dmNupCount=4",                 Top      },
-    }) {
-        const Lines drawn = Preview().Draw(A4(std::string("dmDuplexOn=1 ") + fields), {"arc"});
+        {"dmDuplexBinding=3 dmNupOn=1 dmNupCount=2",                 LeftLying},
+        {"dmDuplexBinding=3 dmNupOn=1 dmNupCount=6 dmOrientation=2", Top      },
+        {"dmDuplexBinding=1 dmNupOn=1 dmNupCount=6 dmOrientation=1", TopLying },
+        {"dmDuplexBinding=1 dmNupOn=1 dmNupCount=2 dmOrientation=2", Left     },
+        {"dmDuplexBinding=3 dmNupOn=1 dmNupCount=4",                 Top      },
+    };
+    for (const auto& [fields, edge] : rows) {
+        const Lines drawn = Preview().Draw(A4("dmDuplexOn=1 " + fields), {"arc"});
         ASSERT_EQ(drawn.size(), edge.rings) << fields;
         EXPECT_EQ(drawn.front(), std::string("arc ") + edge.first + " solid2:000000") << fields;
         EXPECT_EQ(drawn.back(), std::string("arc ") + edge.last + " solid2:000000") << fields;
@@ -152,11 +148,7 @@ TEST(FitToPaper, ShowsTheDocumentBehindTheSheet)
     EXPECT_THAT(Preview().Draw(A4("dmFitToPaper=2 dmOutputPaper=11 dmOrientation=2"), {"box 0", "line", "map"}),
                 ElementsAre("box 0,31,65,154 null 404040", "line 63,152,131,123 dot1:404040", LyingSheet,
                             "map 3507,-2480 to 127,-90 at 1,32"));
-}
-
-// The aspect of the sheet is the output paper's: a page of Letter in the corner of a Legal sheet.
-TEST(FitToPaper, LeavesThePageInTheCornerOfItsSheet)
-{
+    // A page of Letter in the corner of a Legal sheet, whose aspect is the output paper's.
     EXPECT_THAT(Preview().Draw(A4("dmFitToPaper=2 dmPaperSize=1 dmOutputPaper=5"), {"box 19", "map"}),
                 ElementsAre("box 19,0,131,77 null 404040", "box 19,0,112,154 null ffffff",
                             "map 2550,-3300 to 91,-118 at 20,1"));
