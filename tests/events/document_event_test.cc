@@ -7,13 +7,12 @@
 #include "settings/defaults.h"
 #include "tests/events/rendering_side.h"
 #include "tests/support/machine.h"
+#include "tests/support/records.h"
 #include "watermark/watermark_list.h"
 
 namespace {
 
 using namespace testing_support;
-using testing::Contains;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr ULONG Word = sizeof(void*);
@@ -31,10 +30,7 @@ class DocumentEvents : public testing::Test {
     DocumentEvents()
     {
         BuildDefaultSettings(&record, nullptr, u"", 0);
-        record.dmPrintQuality = 300;
-        record.dmWatermarkOn = 1;
-        record.dmWatermark.wmSize = 72;
-        record.dmWatermark.wmAngleMode = 2;
+        SetFields(record, "dmPrintQuality=300 dmWatermarkOn=1 wmSize=72 wmAngleMode=2");
         CopyToField(record.dmWatermark.wmFaceName, 32, u"Arial");
         CopyToField(record.dmWatermark.wmText, 73, u"COPY");
         StampPageCount = 0;
@@ -56,43 +52,23 @@ class DocumentEvents : public testing::Test {
     DriverDevMode record{};
 };
 
-struct CodeRow {
-    int code, result;
-};
-
 TEST_F(DocumentEvents, OfWhichNothingIsToBeDoneAreAnswered)
 {
-    constexpr CodeRow Rows[] = {
-        {0,                               0},
-        {2,                               1},
-        {4,                               1},
-        {6,                               1},
-        {9,                               0},
-        {10,                              0},
-        {11,                              0},
-        {12,                              0},
-        {255,                             0},
-        {-1,                              0},
-        {0x10006,                         1},
-        {0x10009,                         0},
-        {-0xFFFE,                         1}, // 0xFFFF0002
-        {std::numeric_limits<int>::min(), 0},
-    };
-    for (const CodeRow& row : Rows) EXPECT_EQ(Event(row.code), row.result) << row.code;
+    for (const int code : {2, 4, 6, 0x10006, -0xFFFE}) EXPECT_EQ(Event(code), 1) << code;  // 0xFFFF0002
+    for (const int code : {0, 9, 10, 11, 12, 255, -1, 0x10009, std::numeric_limits<int>::min()})
+        EXPECT_EQ(Event(code), 0) << code;
     EXPECT_THAT(side.Take(), IsEmpty());
 }
 
-struct TransferRow {
-    int event;
-    ULONG inputBytes, room;
-    ULONG_PTR informationContext;
-    int result;
-    bool taken, stored;
-};
-
 TEST_F(DocumentEvents, ACreationIsTakenWithItsFourWordsAndAResetWithItsOne)
 {
-    constexpr TransferRow Rows[] = {
+    constexpr struct {
+        int event;
+        ULONG inputBytes, room;
+        ULONG_PTR informationContext;
+        int result;
+        bool taken, stored;
+    } Rows[] = {
         {1, 4 * Word,     Word,     0, 1, true,  true },
         {1, 4 * Word,     Word - 1, 0, 1, true,  false},
         {1, 4 * Word,     Word,     1, 0, false, false},
@@ -106,7 +82,7 @@ TEST_F(DocumentEvents, ACreationIsTakenWithItsFourWordsAndAResetWithItsOne)
         {3, Word + 1,     Word,     0, 1, false, false},
         {3, 0,            Word,     0, 1, false, false},
     };
-    for (const TransferRow& row : Rows) {
+    for (const auto& row : Rows) {
         record.dmPrintQuality = -3;
         StampRepeat = StampReady = true;
         const Creation creation[2] = {
@@ -122,13 +98,9 @@ TEST_F(DocumentEvents, ACreationIsTakenWithItsFourWordsAndAResetWithItsOne)
     }
 }
 
-struct QualityRow {
-    SHORT quality, resolution, after;
-};
-
 TEST_F(DocumentEvents, AQualityThatIsNoResolutionIsReplaced)
 {
-    constexpr QualityRow Rows[] = {
+    constexpr SHORT Rows[][3] = {
         {-3,  0,    600 },
         {-3,  1200, 1200},
         {-1,  -1,   600 },
@@ -136,11 +108,11 @@ TEST_F(DocumentEvents, AQualityThatIsNoResolutionIsReplaced)
         {0,   1200, 0   },
         {300, 1200, 300 },
     };
-    for (const QualityRow& row : Rows) {
-        record.dmPrintQuality = row.quality;
-        record.dmResolution = row.resolution;
+    for (const auto& [quality, resolution, after] : Rows) {
+        record.dmPrintQuality = quality;
+        record.dmResolution = resolution;
         Create(&record);
-        EXPECT_EQ(record.dmPrintQuality, row.after) << row.quality << ", " << row.resolution;
+        EXPECT_EQ(record.dmPrintQuality, after) << quality << ", " << resolution;
     }
 }
 
@@ -159,14 +131,9 @@ TEST_F(DocumentEvents, TheDiagonalOfThePageGoesIntoTheCallersRecord)
     EXPECT_THAT(side.Take(), IsEmpty());
 }
 
-struct ShortRow {
-    std::size_t publicBytes, privateBytes;
-    SHORT qualityAfter;
-};
-
 TEST_F(DocumentEvents, ARecordIsNotTouchedBehindItsEnd)
 {
-    constexpr ShortRow Rows[] = {
+    constexpr int Rows[][3] = {
         {220, 1628, 1200},
         {220, 1627, 600 },
         {220, 0,    600 },
@@ -174,30 +141,26 @@ TEST_F(DocumentEvents, ARecordIsNotTouchedBehindItsEnd)
         {91,  0,    -3  },
         {0,   0,    1200},
     };
-    for (const ShortRow& row : Rows) {
-        record.dmSize = static_cast<WORD>(row.publicBytes);
-        record.dmDriverExtra = static_cast<WORD>(row.privateBytes);
-        record.dmPrintQuality = -3;
-        record.dmResolution = 1200;
-        record.dmWatermark.wmAngle = 0;
+    for (const auto& [publicBytes, privateBytes, qualityAfter] : Rows) {
+        SetFields(record, "dmPrintQuality=-3 dmResolution=1200 wmAngle=0");
+        record.dmSize = static_cast<WORD>(publicBytes);
+        record.dmDriverExtra = static_cast<WORD>(privateBytes);
         EXPECT_EQ(Create(&record), 1);
-        EXPECT_EQ(record.dmPrintQuality, row.qualityAfter) << row.publicBytes << " + " << row.privateBytes;
-        const bool whole = row.qualityAfter == 1200;
+        EXPECT_EQ(record.dmPrintQuality, qualityAfter) << publicBytes << " + " << privateBytes;
+        const bool whole = qualityAfter == 1200;
         EXPECT_EQ(record.dmWatermark.wmAngle, whole ? 53 : 0);
         EXPECT_EQ(StampReady, whole);
     }
 }
 
-struct PageRow {
-    int answer;
-    DWORD on;
-    SHORT quality;
-    const char* text;  // that the page gets; null: none
-};
-
 TEST_F(DocumentEvents, APageIsStampedFromWhatTheRenderingSideHolds)
 {
-    constexpr PageRow Rows[] = {
+    constexpr struct {
+        int answer;
+        DWORD on;
+        SHORT quality;
+        const char* text;  // that the page gets; null: none
+    } Rows[] = {
         {1,  1, 300, "text COPY at 900,1450" },
         {1,  1, -3,  "text COPY at 1800,2900"}, // 600
         {1,  2, 300, nullptr                 },
@@ -205,20 +168,16 @@ TEST_F(DocumentEvents, APageIsStampedFromWhatTheRenderingSideHolds)
         {0,  1, 300, nullptr                 },
         {-1, 1, 300, nullptr                 },
     };
-    for (const PageRow& row : Rows) {
+    for (const auto& row : Rows) {
         side.held = record;
         side.held.dmWatermarkOn = row.on;
         side.held.dmPrintQuality = row.quality;
         side.held.dmWatermark.wmAngleMode = 0;
         side.answer = row.answer;
         EXPECT_EQ(Event(7), 1);
-        const Log log = side.Take();
-        ASSERT_FALSE(log.empty());
-        EXPECT_EQ(log[0], "5001 out 1848");
-        if (row.text)
-            EXPECT_THAT(log, ElementsAre("5001 out 1848", "mark 2829625512", row.text, "mark 0"));
-        else
-            EXPECT_EQ(log.size(), 1u) << row.answer << ", " << row.on;
+        Log expected = {"5001 out 1848"};
+        if (row.text) expected.insert(expected.end(), {"mark 2829625512", row.text, "mark 0"});
+        EXPECT_EQ(side.Take(), expected) << row.answer << ", " << row.on;
     }
     EXPECT_EQ(StampPageCount, 2u);
     Machine::Fail("GlobalAlloc");

@@ -58,60 +58,56 @@ TEST_F(JobHeader, DatesAndTimesKeepTheirPlaces)
     EXPECT_EQ(Text(ESCAPE_JOB_TIME, facts), "655356553");
 }
 
-struct UserRow {
-    std::u16string user;
-    UINT codePage;
-    std::string text;
-};
-
 TEST_F(JobHeader, NamesTheUserInTheNarrowCodePage)
 {
-    const UserRow Rows[] = {
-        {u"",                                       1252,                                 "Username: ;App Filename: "},
-        {                                                         u"J\u00FCrgen",                                     1252, "Username: J\xFCrgen;App Filename: "                           },
-        {                                    u"\u017B\u00F3\u0142w", 1250,                                     "Username: \xAF\xF3\xB3w;App Filename: "                     },
-        {             u"%s%d",                                         1252,                                                            "Username: %s%d;App Filename: "                                                                 },
-        { std::u16string(229,                 u'u'),                                                     1252,                                                               "Username: " + std::string(229, 'u') + ";App Filename: "},
-        {                                                                                                        std::u16string(230,           u'u'),                        1252,                                                   "Username: " + std::string(230, 'u') + ";App Filename:"},
-        {                                        std::u16string(255,                                     u'u'),                                           1252,                        "Username: " + std::string(244, 'u')},
-        {                                                         std::u16string(256,                                    u'u'),                                 1252, "Username: ;App Filename: "},
+    struct Row {
+        std::u16string user;
+        UINT codePage;
+        std::string named;
+        const char* end = ";App Filename: ";
     };
-    for (const UserRow& row : Rows) {
+    for (const Row& row : {
+             Row{u"",              1252,        ""             },
+             {                           u"J\u00FCrgen",            1252, "J\xFCrgen"               },
+             {      u"\u017B\u00F3\u0142w", 1250,            "\xAF\xF3\xB3w"         },
+             {        u"%s%d",                1252,          "%s%d"        },
+             { std::u16string(229,            u'u'),                       1252,                     std::string(229, 'u')},
+             {                                          std::u16string(230, u'u'),        1252,       std::string(230, 'u'), ";App Filename:"},
+             {                           std::u16string(255,           u'u'),        1252, std::string(244, 'u'), ""},
+             {                       std::u16string(256,                u'u'),          1252,     ""},
+    }) {
         FixedFactValues facts;
         facts.userName = row.user;
         facts.codePage = row.codePage;
-        EXPECT_EQ(Text(ESCAPE_JOB_USER, facts), row.text.substr(0, 254)) << row.user.size();
+        EXPECT_EQ(Text(ESCAPE_JOB_USER, facts), "Username: " + row.named + row.end) << row.user.size();
     }
 }
 
-struct SystemRow {
-    OsVersion version;
-    std::string text;
-};
-
 TEST_F(JobHeader, NamesEverySystem)
 {
-    const SystemRow Rows[] = {
-        {{1, 4, 0, 950, 0},    "OS: Microsoft Windows 95 (4.0.950.0) ENU"          },
-        {{1, 4, 10, 1998, 0},  "OS: Microsoft Windows 98 (4.10.1998.0) ENU"        },
-        {{1, 4, 90, 3000, 0},  "OS: Microsoft Windows Millenium (4.90.3000.0) ENU" },
-        {{2, 5, 2, 3790, 1},   "OS: Microsoft Windows Server 2003 (5.2.3790.1) ENU"},
-        {{2, 5, 1, 2600, 3},   "OS: Microsoft Windows XP (5.1.2600.3) ENU"         },
-        {{2, 5, 0, 2195, 4},   "OS: Microsoft Windows 2000 (5.0.2195.4) ENU"       },
-        {{2, 4, 0, 1381, 6},   "OS: Microsoft Windows NT 4 (4.0.1381.6) ENU"       },
-        {{2, 3, 51, 1057, 5},  "OS: Microsoft Windows NT 4 (3.51.1057.5) ENU"      },
-        {{0, 1, 30, 159, 0},   "OS: Microsoft Win32s (1.30.159.0) ENU"             },
-        {{3, 5, 1, 1, 0},      "OS: Microsoft Win32s (5.1.1.0) ENU"                },
-        {{1, 4, 1, 1, 0},      "OS: Microsoft Windows (4.1.1.0) ENU"               },
-        {{1, 5, 0, 1, 0},      "OS: Microsoft Windows (5.0.1.0) ENU"               },
-        {{2, 5, 3, 1, 0},      "OS: Microsoft Windows (5.3.1.0) ENU"               },
-        {{2, 10, 0, 19045, 0}, "OS: Microsoft Windows (10.0.19045.0) ENU"          },
+    const std::pair<OsVersion, std::string> Rows[] = {
+        {{1, 4, 0, 950, 0},    "95 (4.0.950.0)"          },
+        {{1, 4, 10, 1998, 0},  "98 (4.10.1998.0)"        },
+        {{1, 4, 90, 3000, 0},  "Millenium (4.90.3000.0)" },
+        {{2, 5, 2, 3790, 1},   "Server 2003 (5.2.3790.1)"},
+        {{2, 5, 1, 2600, 3},   "XP (5.1.2600.3)"         },
+        {{2, 5, 0, 2195, 4},   "2000 (5.0.2195.4)"       },
+        {{2, 4, 0, 1381, 6},   "NT 4 (4.0.1381.6)"       },
+        {{2, 3, 51, 1057, 5},  "NT 4 (3.51.1057.5)"      },
+        {{1, 4, 1, 1, 0},      "(4.1.1.0)"               },
+        {{1, 5, 0, 1, 0},      "(5.0.1.0)"               },
+        {{2, 5, 3, 1, 0},      "(5.3.1.0)"               },
+        {{2, 10, 0, 19045, 0}, "(10.0.19045.0)"          },
     };
-    for (const SystemRow& row : Rows) {
-        FixedFactValues facts;
-        facts.version = row.version;
-        EXPECT_EQ(Text(ESCAPE_JOB_SYSTEM, facts), row.text);
+    FixedFactValues facts;
+    for (const auto& [version, text] : Rows) {
+        facts.version = version;
+        EXPECT_EQ(Text(ESCAPE_JOB_SYSTEM, facts), "OS: Microsoft Windows " + text + " ENU");
     }
+    facts.version = {0, 1, 30, 159, 0};
+    EXPECT_EQ(Text(ESCAPE_JOB_SYSTEM, facts), "OS: Microsoft Win32s (1.30.159.0) ENU");
+    facts.version = {3, 5, 1, 1, 0};
+    EXPECT_EQ(Text(ESCAPE_JOB_SYSTEM, facts), "OS: Microsoft Win32s (5.1.1.0) ENU");
     Machine::Fail("GetVersionExW");  // the short query alone is answered: no service pack
     EXPECT_EQ(Text(ESCAPE_JOB_SYSTEM, {}), "OS: Microsoft Windows XP (5.1.2600.0) ENU");
 }
@@ -127,31 +123,20 @@ TEST_F(JobHeader, WhatTheSystemDoesNotTellIsLeftOut)
     EXPECT_EQ(sent[3], Padded("Username: ;App Filename: ", 255));
 }
 
-struct LanguageRow {
-    LANGID language;
-    const char* code;
-};
-
 TEST_F(JobHeader, NamesTheLanguageByItsFirstRow)
 {
-    constexpr LanguageRow Rows[] = {
-        {0x0000, "OTH"},
-        {0x0436, "AFK"},
-        {0x0409, "ENU"},
-        {0x0411, "JPN"},
-        {0x042A, "VIT"},
-        {0x4001, "ARQ"},
-        {0x0C04, "ZHH"},
-        {0x2809, "ENB"},
-        {0x040A, "ESN"},
-        {0x0C0A, "OTH"},
-        {0xFFFF, "OTH"},
-    };
-    for (const LanguageRow& row : Rows) {
-        FixedFactValues facts;
-        facts.language = row.language;
-        EXPECT_EQ(Text(ESCAPE_JOB_SYSTEM, facts), std::string("OS: Microsoft Windows XP (5.1.2600.2) ") + row.code)
-            << row.language;
+    FixedFactValues facts;
+    for (const auto& [language, code] : {
+             std::pair{0x0000, "OTH"},
+             {0x0409, "ENU"},
+             {0x042A, "VIT"},
+             {0x4001, "ARQ"},
+             {0x040A, "ESN"},
+             {0x0C0A, "OTH"},
+             {0xFFFF, "OTH"},
+    }) {
+        facts.language = static_cast<LANGID>(language);
+        EXPECT_EQ(Text(ESCAPE_JOB_SYSTEM, facts), std::string("OS: Microsoft Windows XP (5.1.2600.2) ") + code);
     }
 }
 

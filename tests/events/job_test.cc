@@ -1,6 +1,4 @@
 // Whole jobs, event by event as the platform sends them.
-#include <cstring>
-
 #include "events/document_event.h"
 #include "events/stamping.h"
 #include "platform/kernel.h"
@@ -9,6 +7,7 @@
 #include "spooler/printer_data.h"
 #include "tests/events/rendering_side.h"
 #include "tests/spooler/printer_fixture.h"
+#include "tests/support/overlays.h"
 #include "watermark/watermark_list.h"
 
 namespace {
@@ -21,32 +20,16 @@ class Jobs : public PrinterTest {
     {
         lstrcpyW(PrinterName, OfficePrinter);
         BuildDefaultSettings(&portrait, nullptr, u"", 0);
-        portrait.dmPrintQuality = 300;
-        portrait.dmWatermarkOn = 1;
-        portrait.dmWatermark.wmSize = 72;
-        portrait.dmWatermark.wmFirstPageOnly = 0;
+        SetFields(portrait, "dmPrintQuality=300 dmWatermarkOn=1 wmSize=72 wmFirstPageOnly=0");
         CopyToField(portrait.dmWatermark.wmFaceName, 32, u"Arial");
         CopyToField(portrait.dmWatermark.wmText, 73, u"COPY");
         landscape = portrait;
         landscape.dmOrientation = 2;
         StampReady = StampRepeat = false;
         StampPageCount = 0;
-        StoreOverlay(1);
+        StoreOverlays(machine, OfficePrinter, {Overlay(u"A", u"/a.oxl", 1)});
     }
-    ~Jobs() override
-    {
-        PrinterName[0] = 0;
-        platform::CurrentEnvironment().faults.Clear();
-    }
-    void StoreOverlay(std::uint8_t pending)
-    {
-        platform::Bytes list(4 + 1060);
-        list[4 + 1048] = pending;
-        Store(u"OverlayDataSize", 4, LittleEndian(1064));
-        Store(u"OverlayData", 3, list);
-    }
-    std::uint8_t OverlayFlag() { return Stored(u"OverlayData")[4 + 1048]; }
-
+    ~Jobs() override { PrinterName[0] = 0; }
     int Event(int code, ULONG inputBytes = 0, void* input = nullptr)
     {
         DriverDevMode* output = nullptr;
@@ -85,27 +68,18 @@ class Jobs : public PrinterTest {
     std::vector<int> results;
 };
 
-const Log WholeJob = {
-    "20736 in 20",
-    "20737 in 20",
-    "20738 in 255",
-    "20739 in 255",
-    "20740 in 255",
-    // Two pages in portrait.
-    "5001 out 1848",
-    "mark 2829625512",
-    "text COPY at 900,1450",
-    "mark 0",
-    "5001 out 1848",
-    "mark 2829625512",
-    "text COPY at 900,1450",
-    "mark 0",
-    // One in landscape.
-    "5001 out 1848",
-    "mark 2829625512",
-    "text COPY at 1300,1050",
-    "mark 0",
-};
+const Log Header = {"20736 in 20", "20737 in 20", "20738 in 255", "20739 in 255", "20740 in 255"};
+
+// What has come, and a page with the text so many times.
+Log With(Log log, const char* text, std::size_t times = 1)
+{
+    log.insert(log.end(), {"5001 out 1848", "mark 2829625512"});
+    log.insert(log.end(), times, text);
+    log.push_back("mark 0");
+    return log;
+}
+const Log Portrait = With(With(Header, "text COPY at 900,1450"), "text COPY at 900,1450");
+const Log WholeJob = With(Portrait, "text COPY at 1300,1050");
 
 TEST_F(Jobs, SendTheirHeaderStampEachPageAndLeaveTheContextAsItWas)
 {
@@ -119,13 +93,13 @@ TEST_F(Jobs, SendTheirHeaderStampEachPageAndLeaveTheContextAsItWas)
     EXPECT_EQ(Job(), WholeJob);
     EXPECT_EQ(StateOf(side.job), state);
     EXPECT_EQ(results, (std::vector<int>{1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 0}));
-    EXPECT_EQ(OverlayFlag(), 0);
+    EXPECT_EQ(OverlaysOf(machine, OfficePrinter).rows[0].ovPending, 0u);
 }
 
 TEST_F(Jobs, StampTheirFirstPageAloneIfSoWished)
 {
     portrait.dmWatermark.wmFirstPageOnly = landscape.dmWatermark.wmFirstPageOnly = 1;
-    Log expected(WholeJob.begin(), WholeJob.begin() + 9);
+    Log expected = With(Header, "text COPY at 900,1450");
     expected.insert(expected.end(), {"5001 out 1848", "5001 out 1848"});
     EXPECT_EQ(Job(), expected);
     EXPECT_EQ(Job(), expected);
@@ -135,9 +109,7 @@ TEST_F(Jobs, RepeatTheStampFromTheResetOn)
 {
     landscape.dmNupOn = 1;
     landscape.dmNupCount = 2;
-    Log expected = WholeJob;
-    expected.insert(expected.end() - 1, 3, "text COPY at 1300,1050");
-    EXPECT_EQ(Job(), expected);
+    EXPECT_EQ(Job(), With(Portrait, "text COPY at 1300,1050", 4));
     landscape.dmNupCount = 1;
     EXPECT_EQ(Job(), WholeJob);
 }

@@ -32,26 +32,14 @@ class OverlayPending : public PrinterTest {
         Store(u"OverlayDataSize", 4, LittleEndian(static_cast<DWORD>(size)));
         Store(u"OverlayData", 3, bytes);
     }
-    std::map<std::string, std::uint64_t, std::less<>> Calls()
-    {
-        auto& faults = platform::CurrentEnvironment().faults;
-        faults.Clear();
-        faults.CountCalls(true);
-        ResetOverlayPending();
-        auto calls = faults.Calls();
-        faults.Clear();
-        return calls;
-    }
-};
-
-struct ListRow {
-    std::vector<std::uint8_t> before, after;
-    std::size_t bytes;
 };
 
 TEST_F(OverlayPending, ClearsEveryFlagAndNothingElse)
 {
-    const ListRow Rows[] = {
+    const struct {
+        std::vector<std::uint8_t> before, after;
+        std::size_t bytes;
+    } Rows[] = {
         {{0, 1, 0}, {0, 0, 0}, 3184       },
         {{1, 1, 9}, {0, 0, 0}, 3184       },
         {{1},       {0},       1064       },
@@ -62,7 +50,7 @@ TEST_F(OverlayPending, ClearsEveryFlagAndNothingElse)
         {{},        {},        4          },
         {{},        {},        3          },
     };
-    for (const ListRow& row : Rows) {
+    for (const auto& row : Rows) {
         StoreList(List(row.before, row.bytes), row.bytes);
         EXPECT_EQ(ResetOverlayPending(), 1);
         EXPECT_EQ(Stored(u"OverlayData"), List(row.after, row.bytes)) << row.bytes;

@@ -9,6 +9,7 @@
 #include "settings/defaults.h"
 #include "spooler/printer_data.h"
 #include "tests/support/custom_papers.h"
+#include "tests/support/records.h"
 #include "tests/support/trace_text.h"
 #include "watermark/watermark_list.h"
 
@@ -28,9 +29,7 @@ class Stamping : public testing::Test {
     {
         platform::CurrentEnvironment().fonts = platform::MakeBuiltinFonts();
         BuildDefaultSettings(&record, nullptr, u"", 0);
-        record.dmWatermarkOn = 1;
-        record.dmWatermark.wmSize = 72;
-        record.dmWatermark.wmShading = 20;
+        SetFields(record, "dmWatermarkOn=1 wmSize=72 wmShading=20");
         CopyToField(record.dmWatermark.wmFaceName, 32, u"Arial");
         CopyToField(record.dmWatermark.wmText, 73, u"COPY");
         StampPageCount = 0;
@@ -44,10 +43,10 @@ class Stamping : public testing::Test {
         platform::CurrentEnvironment().fonts = nullptr;
         EXPECT_EQ(platform::gdi::ObjectCount(), 0u);
     }
-    PaperMetrics Metrics(int orientation, int code)
+    PaperMetrics Metrics(int orientation, int code, HANDLE printer = nullptr)
     {
         PaperMetrics metrics{};
-        GetPaperMetrics(nullptr, &metrics, record, orientation, code);
+        GetPaperMetrics(printer, &metrics, record, orientation, code);
         return metrics;
     }
     std::vector<std::string> StampTraced()
@@ -65,16 +64,14 @@ class Stamping : public testing::Test {
     HDC job = nullptr;
 };
 
-struct MetricsRow {
-    int quality, orientation, code;
-    WORD width, height, printableWidth, printableHeight, margin;
-};
-
 TEST_F(Stamping, MeasuresPagesInTheJobsResolution)
 {
     record.dmPaperWidth = 1000;
     record.dmPaperLength = 2000;
-    constexpr MetricsRow Rows[] = {
+    constexpr struct {
+        int quality, orientation, code;
+        WORD width, height, printableWidth, printableHeight, margin;
+    } Rows[] = {
         {600,  1, 1,   5100, 6600,  4898, 6398,  100},
         {300,  2, 1,   3300, 2550,  3199, 2449,  50 },
         {1200, 1, 9,   9920, 14028, 9520, 13628, 200},
@@ -84,7 +81,7 @@ TEST_F(Stamping, MeasuresPagesInTheJobsResolution)
         {300,  1, 100, 2550, 3300,  2449, 3199,  50 },
         {-1,   1, 11,  1748, 2480,  1648, 2380,  50 },
     };
-    for (const MetricsRow& row : Rows) {
+    for (const auto& row : Rows) {
         record.dmPrintQuality = static_cast<SHORT>(row.quality);
         const PaperMetrics metrics = Metrics(row.orientation, row.code);
         EXPECT_THAT((std::vector{metrics.width, metrics.height, metrics.printableWidth, metrics.printableHeight,
@@ -102,23 +99,13 @@ TEST_F(Stamping, AStoredSizeIsTheLastRowWithItsCode)
     HANDLE printer = nullptr;
     ASSERT_TRUE(OpenPrinterW(PrinterName, &printer, nullptr));
     record.dmPrintQuality = 300;
-    const std::pair<int, SIZE> rows[] = {
-        {270, {2539, 3295}}, // 215 by 279 mm
-        {271, {2397, 3578}}, // 203 by 303 mm: hundredths of an inch do not count
+    const auto size = [&](int code) {
+        return std::pair<int, int>(Metrics(1, code, printer).width, Metrics(1, code, printer).height);
     };
-    for (const auto& [code, size] : rows) {
-        PaperMetrics metrics{};
-        GetPaperMetrics(printer, &metrics, record, 1, code);
-        EXPECT_EQ(metrics.width, size.cx) << code;
-        EXPECT_EQ(metrics.height, size.cy) << code;
-    }
+    EXPECT_EQ(size(270), std::pair(2539, 3295)) << "215 by 279 mm";
+    EXPECT_EQ(size(271), std::pair(2397, 3578)) << "203 by 303 mm: hundredths of an inch do not count";
     ClosePrinter(printer);
 }
-
-struct OriginRow {
-    SHORT code, orientation, quality, size, angle, positionX, positionY;
-    LONG x, y;
-};
 
 // COPY is twice as wide as its font is high.
 TEST_F(Stamping, PlacesTheTextOnEveryPageAtEveryAngle)
@@ -126,7 +113,10 @@ TEST_F(Stamping, PlacesTheTextOnEveryPageAtEveryAngle)
     record.dmPaperWidth = 1000;
     record.dmPaperLength = 2000;
     record.dmWatermark.wmAngleMode = 3;
-    constexpr OriginRow Rows[] = {
+    constexpr struct {
+        SHORT code, orientation, quality, size, angle, positionX, positionY;
+        LONG x, y;
+    } Rows[] = {
         {1,   1, 300,  72,  30,   0,    0,   865,  1620},
         {1,   1, 300,  72,  89,   0,    0,   1044, 1897},
         {1,   1, 300,  72,  91,   0,    0,   1055, 1902},
@@ -140,7 +130,7 @@ TEST_F(Stamping, PlacesTheTextOnEveryPageAtEveryAngle)
         {256, 2, 300,  8,   45,   -100, 100, -22,  1006},
         {270, 1, 600,  200, 180,  0,    0,   4066, 4033},
     };
-    for (const OriginRow& row : Rows) {
+    for (const auto& row : Rows) {
         record.dmPaperSize = row.code;
         record.dmOrientation = row.orientation;
         record.dmPrintQuality = row.quality;

@@ -16,15 +16,10 @@ DriverDevMode DefaultRecord(const WCHAR* device = nullptr)
     return record;
 }
 
-struct Patch {
-    std::size_t offset;
-    std::vector<std::uint8_t> bytes;
-};
-
 TEST(Defaults, AreThisImageInTheUnitedStates)
 {
     const Machine machine;
-    const std::vector<Patch> patches = {
+    const std::vector<std::pair<int, RecordImage>> patches = {
         {0,    {'Q', 0, 'd', 0}                                                                      },
         {64,   {0x01, 0x04, 0x28, 0x01, 0xDC, 0x00, 0x5C, 0x06, 0x03, 0x4F, 0x00, 0x00}              },
         {76,   {1, 0, 1, 0, 0xFE, 0, 0xFE, 0, 100, 0, 1, 0, 7, 0, 0x58, 0x02, 1, 0, 1, 0, 0, 0, 3, 0}},
@@ -43,10 +38,7 @@ TEST(Defaults, AreThisImageInTheUnitedStates)
         {1322, {'0', 0}                                                                              },
     };
     RecordImage image(1848);
-    for (const Patch& patch : patches) {
-        std::copy(patch.bytes.begin(), patch.bytes.end(), image.begin() + static_cast<std::ptrdiff_t>(patch.offset));
-    }
-
+    for (const auto& [offset, bytes] : patches) std::ranges::copy(bytes, image.begin() + offset);
     EXPECT_EQ(BytesOf(DefaultRecord(u"Qd")), image);
 }
 

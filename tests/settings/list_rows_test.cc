@@ -61,15 +61,10 @@ TEST_F(ListRows, BySourceTray2TakesTheFirstFivePapersAndEveryOtherBinAll)
     }
 }
 
-struct MediaRow {
-    SHORT media;
-    std::vector<int> enabled;
-};
-
 TEST_F(ListRows, ByMedia)
 {
     const std::vector<int> plain = {0, 1, 2, 3, 4, 5, 6, 15, 16, 18, 19, 20, 21, 22, 23, 24, 26, 27};
-    const std::vector<MediaRow> rows = {
+    const std::vector<std::pair<SHORT, std::vector<int>>> rows = {
         {0,  plain                                                    },
         {1,  {0, 1}                                                   },
         {2,  {7, 8, 9, 10, 11, 12, 13, 14}                            },
@@ -81,9 +76,9 @@ TEST_F(ListRows, ByMedia)
     record.dmDefaultSource = 2;
     for (int mode : {1, 2}) {
         ListFilterMode = mode;
-        for (const MediaRow& row : rows) {
-            SelectedMedia = row.media;
-            EXPECT_EQ(Enabled(), row.enabled) << row.media;
+        for (const auto& [media, enabled] : rows) {
+            SelectedMedia = media;
+            EXPECT_EQ(Enabled(), enabled) << media;
         }
     }
 }

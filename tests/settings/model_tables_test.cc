@@ -1,19 +1,18 @@
 #include "settings/model_tables.h"
 
+#include <array>
 #include <cstring>
 
 #include "settings/lengths.h"
 
 namespace {
 
-struct MetricsRow {
-    int orientation, code;
-    PaperMetrics metrics;
-};
-
 TEST(PaperMetrics, AreThoseOfThePaperInItsOrientation)
 {
-    constexpr MetricsRow rows[] = {
+    constexpr struct {
+        int orientation, code;
+        PaperMetrics metrics;
+    } rows[] = {
         {1, 1,   {2550, 3300, 2449, 3199, 50, 50, 0}  },
         {2, 1,   {3300, 2550, 3199, 2449, 50, 50, 0}  },
         {1, 9,   {2480, 3507, 2380, 3407, 50, 50, 2}  },
@@ -23,40 +22,35 @@ TEST(PaperMetrics, AreThoseOfThePaperInItsOrientation)
         {2, 100, {3300, 2550, 3199, 2449, 50, 50, 0}  }, // unknown: Letter
         {1, 256, {2550, 3300, 2449, 3199, 50, 50, 0}  }, // no metrics of its own
     };
-    for (const MetricsRow& row : rows) {
+    for (const auto& row : rows) {
         PaperMetrics metrics{};
         EXPECT_EQ(PaperMetricsFor(&metrics, 0, row.orientation, row.code), 1);
         EXPECT_EQ(std::memcmp(&metrics, &row.metrics, sizeof metrics), 0) << row.orientation << ' ' << row.code;
     }
 }
 
-struct FitRow {
-    int bin, paper;
-    bool fits;
-};
-
 TEST(PaperFitsBin, AsTheMasksSay)
 {
-    constexpr FitRow rows[] = {
-        {2, 11,  false},
-        {1, 11,  true },
-        {2, 1,   true },
-        {2, 310, true },
-        {4, 223, true },
-        {2, 223, false},
-        {2, 256, false},
-        {1, 256, true },
-        {2, 257, false},
-        {7, 257, true },
-        {1, 306, true },
-        {4, 999, true },
-        {1, 100, false},
-        {7, 0,   false},
-        {7, 255, false},
-        {3, 9,   true }, // bin 3 counts as the first row
+    constexpr std::array<int, 3> rows[] = {
+        {2, 11,  0},
+        {1, 11,  1},
+        {2, 1,   1},
+        {2, 310, 1},
+        {4, 223, 1},
+        {2, 223, 0},
+        {2, 256, 0},
+        {1, 256, 1},
+        {2, 257, 0},
+        {7, 257, 1},
+        {1, 306, 1},
+        {4, 999, 1},
+        {1, 100, 0},
+        {7, 0,   0},
+        {7, 255, 0},
+        {3, 9,   1}, // bin 3 counts as the first row
     };
-    for (const FitRow& row : rows)
-        EXPECT_EQ(PaperFitsBin(0, row.bin, row.paper), row.fits) << row.bin << ' ' << row.paper;
+    for (const auto& [bin, paper, fits] : rows)
+        EXPECT_EQ(PaperFitsBin(0, bin, paper), fits != 0) << bin << ' ' << paper;
 }
 
 TEST(BinEntryByCode, GivesTheFirstRowForAnUnknownCode)

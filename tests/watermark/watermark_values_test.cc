@@ -185,12 +185,9 @@ TEST_F(StoredWatermarks, BrokenListsEndWhereTheyBreak)
     } Rows[] = {
         {u"99999\r\na\r\n",       u"2\r\nx\r\ny\r\n",       u"1|20|72|0|0|0|0|2|53|F\r\n", 2 },
         {u"999" + names,          u"999" + names,           ends,                          31},
-        {u"31" + names,           u"31" + names,            ends,                          31},
         {u"29" + names,           u"29" + names,            ends,                          30},
         {u"many\r\na\r\n",        u"1\r\nx\r\n",            u"\r\n",                       1 },
-        {u"-3\r\na\r\n",          u"1\r\nx\r\n",            u"\r\n",                       1 },
         {u"2\r\na\r\nb\r\n",      u"2\r\nsame\r\nsame\r\n", u"\r\n\r\n",                   2 },
-        {u"1\r\na\r\n",           u"0\r\nx\r\n",            u"\r\n",                       1 },
         {u"2",                    u"2",                     u"",                           1 },
         {u"3\r\na\r\nb\r\nc\r\n", u"3\r\nx\r\n",            u"\r\n\r\n\r\n",               2 },
         {u"3\r\na\r\nb\r\nc\r\n", u"3\r\nx\r\ny\r\nz\r\n",  u"\r\n\r\n",                   3 },
