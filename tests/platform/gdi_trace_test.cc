@@ -43,34 +43,31 @@ TEST_F(Trace, ShowsObjectsByWhatTheyAre)
         "lfStrikeOut:0,lfCharSet:0,lfOutPrecision:7,lfClipPrecision:0,lfQuality:0,lfPitchAndFamily:0,"
         "lfFaceName:\"Arial\"}}";
     const HGDIOBJ pen = CreatePen(PS_SOLID, 1, 0xFFFFFF), before = SelectObject(screen, pen);
-    const HGDIOBJ brush = CreateSolidBrush(0x404040), made = CreateFontIndirectW(&font);
-    const HGDIOBJ bitmap = CreateBitmap(8, 4, 1, 1, nullptr), plain = SelectObject(memory, bitmap);
-    const HRGN region = CreateRectRgn(1, 2, 3, 4), empty = CreateRectRgn(5, 5, 5, 5);
+    Own(CreateSolidBrush(0x404040));
+    Own(CreateFontIndirectW(&font));
+    const HGDIOBJ bitmap = Own(CreateBitmap(8, 4, 1, 1, nullptr)), plain = SelectObject(memory, bitmap);
+    const HRGN region = Own(CreateRectRgn(1, 2, 3, 4)), empty = Own(CreateRectRgn(5, 5, 5, 5));
     SelectObject(screen, region);
     SelectClipRgn(screen, empty);
     SelectClipRgn(screen, nullptr);
     SelectObject(screen, before);
     SelectObject(memory, plain);
-    for (const HGDIOBJ object : {pen, brush, made, bitmap, HGDIOBJ{region}, HGDIOBJ{empty}}) DeleteObject(object);
-    EXPECT_THAT(
-        trace->Take(),
-        ElementsAre("no dc: CreatePen [0,1,16777215] = {pen:{style:0,width:1,color:16777215}}",
-                    "dc: SelectObject [{pen:{style:0,width:1,color:16777215}}] = {stock:7}",
-                    "no dc: CreateSolidBrush [4210752] = {brush:{color:4210752}}",
-                    "no dc: CreateFontIndirectW [" + shownFont + "] = " + shownFont,
-                    "no dc: CreateBitmap [8,4,1,1,null] = {bitmap:{id:null,width:8,height:4,bits:1}}",
-                    "dc: SelectObject [{bitmap:{id:null,width:8,height:4,bits:1}}] = "
-                    "{bitmap:{id:null,width:1,height:1,bits:1}}",
-                    "no dc: CreateRectRgn [1,2,3,4] = {region:[1,2,3,4]}",
-                    "no dc: CreateRectRgn [5,5,5,5] = {region:[]}", "dc: SelectObject [{region:[1,2,3,4]}] = 2",
-                    "dc: SelectClipRgn [{region:[]}] = 1", "dc: SelectClipRgn [null] = 2",
-                    "dc: SelectObject [{stock:7}] = {pen:{style:0,width:1,color:16777215}}",
-                    "dc: SelectObject [{bitmap:{id:null,width:1,height:1,bits:1}}] = "
-                    "{bitmap:{id:null,width:8,height:4,bits:1}}",
-                    "no dc: DeleteObject [{pen:{style:0,width:1,color:16777215}}] = 1",
-                    "no dc: DeleteObject [{brush:{color:4210752}}] = 1", "no dc: DeleteObject [" + shownFont + "] = 1",
-                    "no dc: DeleteObject [{bitmap:{id:null,width:8,height:4,bits:1}}] = 1",
-                    "no dc: DeleteObject [{region:[1,2,3,4]}] = 1", "no dc: DeleteObject [{region:[]}] = 1"));
+    DeleteObject(pen);
+    EXPECT_THAT(trace->Take(),
+                ElementsAre("no dc: CreatePen [0,1,16777215] = {pen:{style:0,width:1,color:16777215}}",
+                            "dc: SelectObject [{pen:{style:0,width:1,color:16777215}}] = {stock:7}",
+                            "no dc: CreateSolidBrush [4210752] = {brush:{color:4210752}}",
+                            "no dc: CreateFontIndirectW [" + shownFont + "] = " + shownFont,
+                            "no dc: CreateBitmap [8,4,1,1,null] = {bitmap:{id:null,width:8,height:4,bits:1}}",
+                            "dc: SelectObject [{bitmap:{id:null,width:8,height:4,bits:1}}] = "
+                            "{bitmap:{id:null,width:1,height:1,bits:1}}",
+                            "no dc: CreateRectRgn [1,2,3,4] = {region:[1,2,3,4]}",
+                            "no dc: CreateRectRgn [5,5,5,5] = {region:[]}", "dc: SelectObject [{region:[1,2,3,4]}] = 2",
+                            "dc: SelectClipRgn [{region:[]}] = 1", "dc: SelectClipRgn [null] = 2",
+                            "dc: SelectObject [{stock:7}] = {pen:{style:0,width:1,color:16777215}}",
+                            "dc: SelectObject [{bitmap:{id:null,width:1,height:1,bits:1}}] = "
+                            "{bitmap:{id:null,width:8,height:4,bits:1}}",
+                            "no dc: DeleteObject [{pen:{style:0,width:1,color:16777215}}] = 1"));
     DeleteDC(memory);
 }
 
@@ -83,6 +80,7 @@ TEST_F(Trace, AnOutputArgumentIsTheResult)
     LOGFONTW font{};
     SetViewportOrgEx(screen, 5, 6, &point);
     SetWindowOrgEx(screen, 7, 8, nullptr);
+    SetWindowOrgEx(screen, 0, 0, &point);
     SetMapMode(screen, MM_ANISOTROPIC);
     SetWindowExtEx(screen, 10, -20, &size);
     SetWindowExtEx(screen, 0, 0, &size);
@@ -93,11 +91,11 @@ TEST_F(Trace, AnOutputArgumentIsTheResult)
     GetObjectW(GetStockObject(SYSTEM_FONT), 0, &font);
     EXPECT_THAT(
         trace->Take(),
-        ElementsAre("dc: SetViewportOrgEx [5,6] = [0,0]", "dc: SetWindowOrgEx [7,8,null] = 1", "dc: SetMapMode [8] = 1",
-                    "dc: SetWindowExtEx [10,-20] = [1,1]", "dc: SetWindowExtEx [0,0] = null",
-                    "dc: MoveToEx [1,2] = [0,0]", "dc: MoveToEx [3,4] = [1,2]", "dc: MoveToEx [3,4,null] = 1",
-                    "dc: GetTextExtentPointW [\"CONF\",4] = [32,18]", "no dc: GetStockObject [13] = {stock:13}",
-                    "no dc: GetObjectW [{stock:13},0] = null"));
+        ElementsAre("dc: SetViewportOrgEx [5,6] = [0,0]", "dc: SetWindowOrgEx [7,8,null] = 1",
+                    "dc: SetWindowOrgEx [0,0] = [7,8]", "dc: SetMapMode [8] = 1", "dc: SetWindowExtEx [10,-20] = [1,1]",
+                    "dc: SetWindowExtEx [0,0] = null", "dc: MoveToEx [1,2] = [0,0]", "dc: MoveToEx [3,4] = [1,2]",
+                    "dc: MoveToEx [3,4,null] = 1", "dc: GetTextExtentPointW [\"CONF\",4] = [32,18]",
+                    "no dc: GetStockObject [13] = {stock:13}", "no dc: GetObjectW [{stock:13},0] = null"));
 }
 
 class EchoTarget : public platform::gdi::EscapeTarget {

@@ -1,7 +1,6 @@
 #include "platform/kernel/memory.h"
 
 #include <cstring>
-#include <thread>
 
 #include "tests/platform/fresh_environment.h"
 
@@ -92,18 +91,6 @@ TEST_F(Memory, AHeapTakesItsBlocksWithIt)
     EXPECT_FALSE(HeapDestroy(heap));
     EXPECT_EQ(HeapAlloc(heap, 0, 16), nullptr);
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
-}
-
-TEST_F(Memory, EachThreadHasItsOwnLastError)
-{
-    SetLastError(7);
-    DWORD elsewhere = 99;
-    std::thread([&] {
-        elsewhere = GetLastError();
-        SetLastError(8);
-    }).join();
-    EXPECT_EQ(elsewhere, ERROR_SUCCESS);
-    EXPECT_EQ(GetLastError(), 7u);
 }
 
 }  // namespace

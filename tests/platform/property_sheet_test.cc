@@ -36,8 +36,6 @@ const char* NameOf(UINT code)
             return "apply";
         case PSN_RESET:
             return "reset";
-        case PSN_HELP:
-            return "help";
         case PSN_QUERYINITIALFOCUS:
             return "focus";
         default:
@@ -64,7 +62,7 @@ INT_PTR PageProc(HWND page, UINT message, WPARAM wParam, LPARAM lParam)
     return TRUE;
 }
 
-controls::SheetPagePlan Page(char letter, bool help = false)
+controls::SheetPagePlan Page(char letter)
 {
     user::DialogTemplate layout;
     layout.title = {static_cast<char16_t>(letter)};
@@ -72,7 +70,7 @@ controls::SheetPagePlan Page(char letter, bool help = false)
     layout.controls.push_back({
         u"Edit", u"", 0, FieldNumber, WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, RECT{10, 10, 60, 30}
     });
-    return {layout.title, help, [=](HWND sheet) {
+    return {layout.title, false, [=](HWND sheet) {
                 return user::MakeDialog({nullptr, 1, sheet, PageProc, letter}, layout);
             }};
 }
@@ -184,17 +182,6 @@ TEST_F(PropertySheet, KeysReachItsButtons)
         EXPECT_THAT(journal.Take(), ElementsAre("A leave"));
         user::Press(sheet, user::Key::Escape);
         EXPECT_THAT(journal.Take(), ElementsAre("A reset"));
-    });
-}
-
-TEST_F(PropertySheet, HelpGoesToTheActivePageThatHasIt)
-{
-    Run({Page('A', true), Page('B')}, [](HWND sheet) {
-        journal.Take();
-        EXPECT_EQ(user::PressButton(sheet, SheetButton::Help), Outcome::Done);
-        EXPECT_THAT(journal.Take(), ElementsAre("A field left", "A help"));
-        user::ShowPage(sheet, 1);
-        EXPECT_EQ(user::PressButton(sheet, SheetButton::Help), Outcome::Disabled);
     });
 }
 

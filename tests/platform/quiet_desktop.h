@@ -19,7 +19,6 @@ class QuietDesktop : public platform::Desktop {
     std::function<std::optional<std::u16string>(const platform::FileDialogRequest&)> pick;
     int answer = IDCANCEL;  // to message boxes that have a choice
     std::vector<platform::MessageBoxRequest> boxes;
-    std::vector<platform::HelpRequest> helps;
 
     void Opened(HWND) override
     {
@@ -44,7 +43,7 @@ class QuietDesktop : public platform::Desktop {
     {
         return pick ? pick(request) : std::nullopt;
     }
-    void Help(const platform::HelpRequest& request) override { helps.push_back(request); }
+    void Help(const platform::HelpRequest&) override {}
     void Beep(UINT) override {}
 };
 

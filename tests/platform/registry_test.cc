@@ -15,13 +15,6 @@ class Registry : public FreshEnvironment {
     static constexpr BYTE Four[] = {1, 2, 3, 4};
 };
 
-// A store that has lost its file.
-class BrokenStore : public MemoryStore {
-  public:
-    std::optional<PrinterEntry> Find(std::u16string_view) override { throw StoreError("disk full"); }
-    Access KeyAccess(std::u16string_view) override { throw StoreError("disk full"); }
-};
-
 TEST_F(Registry, KeepsAValueOfAPrintersKeyAndReadsItWithinItsRoom)
 {
     HKEY key = nullptr;

@@ -41,19 +41,6 @@ TEST(Lists, NotifyForEveryPickButNotForTheProgram)
     }
 }
 
-TEST(ComboBox, ShowsItsRowAsText)
-{
-    Rig rig({Make(u"ComboBox", 12, Stop | CBS_DROPDOWNLIST)});
-    AppendItem(rig[12], u"600 x 600", 0);
-    Send(rig[12], CB_SETCURSEL, 0, 0);
-    WCHAR text[20];
-    EXPECT_EQ(GetDlgItemTextW(rig.dialog, 12, text, 20), 9u);
-    EXPECT_EQ(std::u16string(text), u"600 x 600");
-    EXPECT_FALSE(SetDlgItemTextW(rig.dialog, 12, u"other"));
-    Send(rig[12], CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
-    EXPECT_EQ(GetDlgItemTextW(rig.dialog, 12, text, 20), 0u);
-}
-
 class ListView : public testing::Test {
   protected:
     ListView() : rig({Make(u"Edit", 10, Stop), Make(u"SysListView32", 13, Stop | LVS_REPORT | LVS_SINGLESEL)})

@@ -16,8 +16,6 @@ std::string CommandLine(WPARAM wParam, LPARAM lParam)
 {
     const std::string id = std::to_string(static_cast<SHORT>(LowWord(wParam)));
     if (!lParam) return "command " + id;
-    const Window* control = Find(reinterpret_cast<HWND>(lParam));
-    const Kind kind = control ? control->kind : Kind::Static;
     switch (HighWord(wParam)) {
         case EN_CHANGE:
             return "change " + id;
@@ -26,8 +24,7 @@ std::string CommandLine(WPARAM wParam, LPARAM lParam)
         case BN_CLICKED:
             return "click " + id;
         case CBN_SELCHANGE:
-            if (kind == Kind::ComboBox || kind == Kind::ListBox) return "pick " + id;
-            [[fallthrough]];
+            return "pick " + id;
         default:
             return "code " + std::to_string(HighWord(wParam)) + " of " + id;
     }
@@ -65,18 +62,17 @@ class Picture : public platform::RecordingSurface {
 void RigDesktop::Run(HWND top)
 {
     if (runs.empty()) return;
-    const auto run = std::move(runs.front());
+    const auto next = std::move(runs.front());
     runs.erase(runs.begin());
-    run(top);
+    next(top);
 }
 
 std::shared_ptr<platform::Surface> RigDesktop::MakePicture(HWND, int, int) { return std::make_shared<Picture>(erased); }
 
 int RigDesktop::MessageBox(const platform::MessageBoxRequest& request)
 {
-    boxes.push_back(request);
     if (duringBox) duringBox();
-    return IDCANCEL;
+    return QuietDesktop::MessageBox(request);
 }
 
 ControlTemplate Make(std::u16string className, int id, DWORD style, std::u16string text)

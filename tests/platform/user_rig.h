@@ -11,29 +11,21 @@
 #include <utility>
 #include <vector>
 
-#include "platform/seams/desktop.h"
-#include "platform/seams/surface.h"
 #include "platform/user/windows.h"
+#include "tests/platform/quiet_desktop.h"
 
 namespace user_tests {
 
 using namespace platform::user;
 
-class RigDesktop : public platform::Desktop {
+class RigDesktop : public testing_support::QuietDesktop {
   public:
-    void Opened(HWND top) override { opened.push_back(top); }
-    void Closed(HWND top) override { closed.push_back(top); }
     void Run(HWND top) override;  // takes the next of runs; without one it gives up
-    void Changed(HWND window) override { changed.push_back(window); }
     std::shared_ptr<platform::Surface> MakePicture(HWND dialog, int width, int height) override;
     int MessageBox(const platform::MessageBoxRequest& request) override;
-    std::optional<std::u16string> PickFile(const platform::FileDialogRequest&) override { return std::nullopt; }
-    void Help(const platform::HelpRequest&) override {}
     void Beep(UINT style) override { beeps.push_back(style); }
 
-    std::vector<HWND> opened, closed, changed;
     std::vector<std::function<void(HWND top)>> runs;
-    std::vector<platform::MessageBoxRequest> boxes;
     std::vector<UINT> beeps;
     std::vector<std::string> erased;  // rectangles of all pictures
     std::function<void()> duringBox;
