@@ -134,12 +134,6 @@ void TraceLog::Call(const platform::TraceCall& call)
 
 Drawing::Drawing() : contexts_(platform::gdi::ContextCount()), objects_(platform::gdi::ObjectCount())
 {
-    platform::Environment& environment = platform::CurrentEnvironment();
-    environment.fonts = platform::MakeBuiltinFonts();
-    environment.desktop = nullptr;
-    environment.trace = nullptr;
-    environment.faults.Clear();
-
     platform::user::DialogTemplate layout;
     layout.width = 100;
     layout.height = 80;
@@ -151,13 +145,11 @@ Drawing::Drawing() : contexts_(platform::gdi::ContextCount()), objects_(platform
     dialog = platform::user::MakeDialog({}, layout);
     control = platform::user::Control(dialog, ControlNumber);
     platform::user::Get(dialog)->As<platform::user::DialogState>()->picture = picture;
-    SetLastError(0);
 }
 
 Drawing::~Drawing()
 {
     platform::CurrentEnvironment().trace = nullptr;
-    platform::CurrentEnvironment().faults.Clear();
     for (const HDC job : jobs_) platform::gdi::DeleteJobContext(job);
     for (const auto& [window, context] : taken_) EXPECT_EQ(ReleaseDC(window, context), 1);
     for (const HGDIOBJ object : owned_) EXPECT_TRUE(DeleteObject(object));

@@ -11,14 +11,12 @@
 #include <vector>
 
 #include "platform/gdi/job.h"
-#include "platform/kernel.h"
 #include "platform/kernel/unicode.h"
-#include "platform/seams/environment.h"
-#include "platform/seams/fonts.h"
 #include "platform/seams/surface.h"
 #include "platform/seams/trace.h"
 #include "platform/user.h"
 #include "platform/user/windows.h"
+#include "tests/platform/fresh_environment.h"
 
 namespace gdi_test {
 
@@ -59,7 +57,7 @@ class TraceLog : public platform::TraceSink {
 
 std::string Text(const platform::TraceValue& value);
 
-class Drawing : public testing::Test {
+class Drawing : public platform::FreshEnvironment {
   protected:
     Drawing();
     ~Drawing() override;

@@ -56,7 +56,6 @@ using Mapping = Drawing;
 TEST_F(Mapping, TurnsUnitsIntoPixels)
 {
     for (const MappingRow& row : MappingRows) {
-        SCOPED_TRACE(row.name);
         const HDC job = Job();
         SetMapMode(job, row.mode);
         SetWindowOrgEx(job, row.windowOrigin.x, row.windowOrigin.y, nullptr);
@@ -65,11 +64,12 @@ TEST_F(Mapping, TurnsUnitsIntoPixels)
         EXPECT_TRUE(SetViewportExtEx(job, row.viewport.cx, row.viewport.cy, nullptr));
         SIZE adjusted{};
         SetViewportExtEx(job, row.viewport.cx, row.viewport.cy, &adjusted);
-        EXPECT_EQ(adjusted.cx, row.adjusted.cx);
-        EXPECT_EQ(adjusted.cy, row.adjusted.cy);
+        EXPECT_EQ(adjusted.cx, row.adjusted.cx) << row.name;
+        EXPECT_EQ(adjusted.cy, row.adjusted.cy) << row.name;
         MoveToEx(job, row.logical.x, row.logical.y, nullptr);
         LineTo(job, row.logical.x, row.logical.y);
-        EXPECT_THAT(page->Take(), testing::ElementsAre(testing::StartsWith("line " + std::string(row.device) + " to")));
+        EXPECT_THAT(page->Take(), testing::ElementsAre(testing::StartsWith("line " + std::string(row.device) + " to")))
+            << row.name;
     }
 }
 

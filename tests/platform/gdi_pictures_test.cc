@@ -109,22 +109,15 @@ TEST(Dibs, ThatAreDamagedAreRefusedWithTheReason)
     }
 }
 
-TEST(IconImages, AreTransparentWhereTheMaskSaysSo)
-{
-    const DibParts icon{
-        40, 2, 2, 1, 8, 0, 2, {0xFF0000, 0xFF},
-               { 0, 1, 0, 0, 0x40, 0, 0, 0}
-    };
-    EXPECT_EQ(Pixels(ParseIconImage(icon.Bytes(), nullptr).value()), "ff0000 - ");
-}
+const DibRow IconRows[] = {
+    {"ByTheMask",         {40, 2, 2, 1, 8, 0, 2, {0xFF0000, 0xFF}, {0, 1, 0, 0, 0x40, 0, 0, 0}}, "ff0000 - "},
+    {"ByTheAlphaChannel", {40, 2, 2, 1, 32, 0, 0, {}, {1, 2, 3, 0xFF, 4, 5, 6, 0x10}},           "030201 - "},
+};
 
-TEST(IconImages, WithAnAlphaChannelGoByThatAndNeedNoMask)
+TEST(IconImages, AreTransparentByTheAlphaChannelOrElseTheMask)
 {
-    const DibParts icon{
-        40, 2, 2, 1, 32, 0, 0, {    },
-               { 1, 2, 3, 0xFF, 4, 5, 6, 0x10}
-    };
-    EXPECT_EQ(Pixels(ParseIconImage(icon.Bytes(), nullptr).value()), "030201 - ");
+    for (const DibRow& row : IconRows)
+        EXPECT_EQ(Pixels(ParseIconImage(row.parts.Bytes(), nullptr).value()), row.pixels) << row.name;
 }
 
 TEST(IconImages, WithoutRoomForTheirMaskAreRefused)
@@ -196,17 +189,23 @@ TEST_F(Pictures, ABitmapIsLoadedAndTransferred)
 
 TEST_F(Pictures, WhatIsMissingOrDamagedIsNotLoaded)
 {
-    EXPECT_EQ(LoadBitmapW(module, ResourceName(99)), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_RESOURCE_NAME_NOT_FOUND);
     EXPECT_EQ(LoadBitmapW(nullptr, ResourceName(1)), nullptr);
     EXPECT_EQ(LoadBitmapW(module, u"by name"), nullptr);
-    EXPECT_EQ(LoadIconW(module, ResourceName(99)), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_RESOURCE_NAME_NOT_FOUND);
-    EXPECT_EQ(LoadBitmapW(module, ResourceName(3)), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_GEN_FAILURE);
-    EXPECT_EQ(LoadIconW(module, ResourceName(22)), nullptr);
-    EXPECT_EQ(LoadIconW(module, ResourceName(23)), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_GEN_FAILURE);
+    for (const auto& [number, error] : {
+             std::pair{99, ERROR_RESOURCE_NAME_NOT_FOUND},
+             {3,  ERROR_GEN_FAILURE            }
+    }) {
+        EXPECT_EQ(LoadBitmapW(module, ResourceName(number)), nullptr);
+        EXPECT_EQ(GetLastError(), error);
+    }
+    for (const auto& [number, error] : {
+             std::pair{99, ERROR_RESOURCE_NAME_NOT_FOUND},
+             {22, ERROR_GEN_FAILURE            },
+             {23, ERROR_GEN_FAILURE            }
+    }) {
+        EXPECT_EQ(LoadIconW(module, ResourceName(number)), nullptr);
+        EXPECT_EQ(GetLastError(), error);
+    }
 }
 
 TEST_F(Pictures, AnIconIsTheBestImageThatIsWhole)

@@ -22,14 +22,7 @@ class Shapes : public Drawing {
     HDC job;
 };
 
-TEST_F(Shapes, ARectangleIsPutInOrderAndScaled)
-{
-    Stretch(10, 5);
-    Rectangle(job, 100, 80, 20, 10);
-    EXPECT_THAT(page->Take(), ElementsAre("rectangle 10,5,50,40 pen 0/1/000000 brush ffffff"));
-}
-
-TEST_F(Shapes, PolygonsAndArcsGoPointByPoint)
+TEST_F(Shapes, AreScaledWithARectanglesCornersInOrder)
 {
     Stretch(10, 5);
     const std::array points{
@@ -37,9 +30,11 @@ TEST_F(Shapes, PolygonsAndArcsGoPointByPoint)
         POINT{10, 0 },
         POINT{10, 20}
     };
+    EXPECT_TRUE(Rectangle(job, 100, 80, 20, 10));
     EXPECT_TRUE(Polygon(job, points.data(), 3));
     EXPECT_TRUE(Arc(job, 0, -14, 20, 14, 20, 0, 10, 14));
-    EXPECT_THAT(page->Take(), ElementsAre("polygon 0,0 5,0 5,10 pen 0/1/000000 brush ffffff",
+    EXPECT_THAT(page->Take(), ElementsAre("rectangle 10,5,50,40 pen 0/1/000000 brush ffffff",
+                                          "polygon 0,0 5,0 5,10 pen 0/1/000000 brush ffffff",
                                           "arc 0,-7,10,7 from 10,0 to 5,7 pen 0/1/000000"));
     EXPECT_FALSE(Polygon(job, points.data(), 1));
     EXPECT_FALSE(Polygon(job, nullptr, 3));

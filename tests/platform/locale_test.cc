@@ -39,23 +39,13 @@ TEST(LocaleTable, GivesCountryAndLanguageOfALocaleName)
 
 class LocaleVariables : public FreshEnvironment {
   protected:
-    LocaleVariables()
-    {
-        for (const char* name : Names) {
-            const char* value = std::getenv(name);
-            before_.push_back(value == nullptr ? std::nullopt : std::optional<std::string>(value));
-        }
-    }
     ~LocaleVariables() override
     {
-        for (std::size_t i = 0; i < before_.size(); ++i) Set(Names[i], before_[i] ? before_[i]->c_str() : nullptr);
+        for (const char* name : Names) unsetenv(name);
     }
     static void Set(const char* name, const char* value) { value ? setenv(name, value, 1) : unsetenv(name); }
 
     static constexpr const char* Names[] = {"LC_ALL", "LC_PAPER", "LC_MESSAGES", "LANG"};
-
-  private:
-    std::vector<std::optional<std::string>> before_;
 };
 
 TEST_F(LocaleVariables, DecideInTheirOrder)

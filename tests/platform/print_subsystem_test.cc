@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstring>
 
 #include "platform/registry.h"
@@ -94,33 +95,56 @@ TEST_F(PrintSubsystem, TheRightToThePrinterDecidesWhetherValuesCanBeWritten)
     EXPECT_EQ(store->Value(LockedPrinter, u"Data"), std::nullopt);
 }
 
-TEST_F(PrintSubsystem, InformationIsAskedForBySizeFirst)
+// Asks for the size first and then, as a byte less is not enough, for the block, which starts with what is told.
+template <class Info, class Ask>
+std::vector<BYTE> Told(Info& info, Ask ask)
+{
+    DWORD needed = 0;
+    EXPECT_FALSE(ask(nullptr, 0, &needed));
+    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
+    std::vector<BYTE> block(std::max<std::size_t>(needed, sizeof info));
+    EXPECT_FALSE(ask(block.data(), needed - 1, &needed));
+    EXPECT_TRUE(ask(block.data(), needed, &needed));
+    std::memcpy(&info, block.data(), sizeof info);
+    return block;
+}
+
+TEST_F(PrintSubsystem, TellsAboutThePrinterAndItsDriver)
 {
     const Opened printer(Printer);
-    DWORD needed = 0;
-    EXPECT_FALSE(GetPrinterW(printer, 2, nullptr, 0, &needed));
-    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
-    std::vector<BYTE> block(needed);
-    EXPECT_FALSE(GetPrinterW(printer, 2, block.data(), needed - 1, &needed));
-    ASSERT_TRUE(GetPrinterW(printer, 2, block.data(), needed, &needed));
     PRINTER_INFO_2W info;
-    std::memcpy(&info, block.data(), sizeof info);
+    const auto block =
+        Told(info, [&](BYTE* room, DWORD size, DWORD* needed) { return GetPrinterW(printer, 2, room, size, needed); });
     EXPECT_EQ(std::u16string(info.pPrinterName), Printer);
     EXPECT_EQ(std::u16string(info.pDriverName), u"Quillet");
     EXPECT_EQ(info.pDevMode, nullptr);
-    EXPECT_FALSE(GetPrinterW(printer, 1, block.data(), needed, &needed));
+    DRIVER_INFO_3W driver;
+    const auto driverBlock = Told(driver, [&](BYTE* room, DWORD size, DWORD* needed) {
+        return GetPrinterDriverW(printer, nullptr, 3, room, size, needed);
+    });
+    EXPECT_EQ(std::u16string(driver.pName), u"Quillet");
+    EXPECT_EQ(std::u16string(driver.pConfigFile), u"C:\\WINDOWS\\system32\\spool\\DRIVERS\\W32X86\\3\\qd480ui.dll");
+    EXPECT_EQ(driver.pHelpFile, nullptr);
+}
+
+TEST_F(PrintSubsystem, KnowsOneLevelOfEachQuestion)
+{
+    const Opened printer(Printer);
+    BYTE room[4096];
+    DWORD needed = 0;
+    EXPECT_FALSE(GetPrinterW(printer, 1, room, sizeof room, &needed));
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_LEVEL);
+    SetLastError(0);
+    EXPECT_FALSE(GetPrinterDriverW(printer, nullptr, 1, room, sizeof room, &needed));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_LEVEL);
 }
 
 // What GetPrinterW gives for a stored default record, as far as it may be read.
 Bytes DefaultRecordGiven(HANDLE printer, std::size_t bytes)
 {
-    DWORD needed = 0;
-    GetPrinterW(printer, 2, nullptr, 0, &needed);
-    std::vector<BYTE> block(needed);
-    EXPECT_TRUE(GetPrinterW(printer, 2, block.data(), needed, &needed));
     PRINTER_INFO_2W info;
-    std::memcpy(&info, block.data(), sizeof info);
+    const auto block =
+        Told(info, [&](BYTE* room, DWORD size, DWORD* needed) { return GetPrinterW(printer, 2, room, size, needed); });
     const BYTE* record = reinterpret_cast<const BYTE*>(info.pDevMode);
     EXPECT_LE(record + bytes, block.data() + block.size());
     return Bytes(record, record + bytes);
@@ -142,23 +166,6 @@ TEST_F(PrintSubsystem, AStoredRecordThatClaimsMoreThanItHasIsFilledUp)
 
     store->SetDefaultRecord(Printer, Bytes{1, 2});
     EXPECT_EQ(DefaultRecordGiven(printer, 220)[2], 0);
-}
-
-TEST_F(PrintSubsystem, TellsAboutTheDriver)
-{
-    const Opened printer(Printer);
-    DWORD needed = 0;
-    EXPECT_FALSE(GetPrinterDriverW(printer, nullptr, 3, nullptr, 0, &needed));
-    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
-    std::vector<BYTE> block(needed);
-    ASSERT_TRUE(GetPrinterDriverW(printer, nullptr, 3, block.data(), needed, &needed));
-    DRIVER_INFO_3W info;
-    std::memcpy(&info, block.data(), sizeof info);
-    EXPECT_EQ(std::u16string(info.pName), u"Quillet");
-    EXPECT_EQ(std::u16string(info.pConfigFile), u"C:\\WINDOWS\\system32\\spool\\DRIVERS\\W32X86\\3\\qd480ui.dll");
-    EXPECT_EQ(info.pHelpFile, nullptr);
-    EXPECT_FALSE(GetPrinterDriverW(printer, nullptr, 1, block.data(), needed, &needed));
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_LEVEL);
 }
 
 TEST_F(PrintSubsystem, TheDriverDirectoryIsMeasuredInBytes)

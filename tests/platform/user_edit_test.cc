@@ -142,14 +142,4 @@ TEST(UpDown, AClickWritesTheFieldWithinTheRange)
     }
 }
 
-TEST(UpDown, TakesItsPlaceOutOfTheField)
-{
-    Rig rig({Make(u"Edit", 10, Stop), Make(u"msctls_updown32", 11, ArrowStyle)});
-    // The field of 50 pixels has arrows that claim as much.
-    const RECT arrows = Find(rig[11])->rect;
-    EXPECT_EQ(arrows.right, 60);
-    EXPECT_EQ(Find(rig[10])->rect.right, arrows.left);
-    EXPECT_EQ(Find(rig[11])->As<UpDownState>()->buddy, rig[10]);
-}
-
 }  // namespace user_tests
