@@ -104,9 +104,9 @@ void NeedOwnFile(const NamedFile& written, std::initializer_list<NamedFile> othe
     if (there && !fs::is_regular_file(written.path, unknown)) return;
     for (const NamedFile& other : others) {
         if (other.path.empty() || other.path == "-") continue;
-        const bool same =
-            there ? fs::equivalent(written.path, other.path, unknown)
-                  : fs::weakly_canonical(written.path, unknown) == fs::weakly_canonical(other.path, unknown);
+        const bool same = there ? fs::equivalent(written.path, other.path, unknown)
+                                : fs::weakly_canonical(fs::absolute(written.path, unknown), unknown) ==
+                                      fs::weakly_canonical(fs::absolute(other.path, unknown), unknown);
         if (same) throw UsageError(written.path + ": " + written.name + " and " + other.name + " cannot be one file");
     }
 }

@@ -245,7 +245,7 @@ TEST_F(Print, WritesOverNoneOfItsOtherFiles)
         {"out.pdf in.pdf --trace in.pdf",      "in.pdf: --trace and the input cannot be one file\n"   },
         {"out.pdf --record r --events r",      "r: --events and --record cannot be one file\n"        },
         {"r --record r",                       "r: -o and --record cannot be one file\n"              },
-        {"out.pdf --events e --trace e",       "e: --trace and --events cannot be one file\n"         },
+        {"out.pdf --events e --trace ./e",     "./e: --trace and --events cannot be one file\n"       },
         {"out.pdf --events out.pdf",           "out.pdf: --events and -o cannot be one file\n"        },
         {"out.pdf --trace out.pdf",            "out.pdf: --trace and -o cannot be one file\n"         },
         {"out.pdf --trace qd480/printers.db",  "qd480/printers.db: --trace and "                      },
