@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "pages/paper_combo.h"
@@ -88,6 +89,32 @@ long DocumentRowsApart(V v)
     for (const auto& item : v.List(IDC_DOCUMENT_SIZE).items) shown.push_back(item.data);
     return shown != codes;
 }
+// Auto, Tray1 and Manual Feed take every paper. Tray2, where it is installed, takes plain paper of the first five
+// sizes, unless it is chosen already, and no document that is fitted to some of the others.
+long SourcesApart(V v)
+{
+    const auto wrong = [&](int source, bool offered) { return v.Offers(IDC_PAPER_SOURCE, source) != offered; };
+    const short output = v.record.dmOutputPaper;
+    const bool refused = v.record.dmFitToPaper == 2 && (output == 11 || output == 15 || output == 214 || output == 215);
+    const auto takes = [&](int row) {
+        return v.record.dmDeviceFlags & 128 && !refused &&
+               (SelectedSource == 2 || (v.record.dmMediaIndex == 0 && row <= 4));
+    };
+    static int rowBefore = SelectedPaperRow;  // the list may be filled before the paper follows
+    const int row = std::exchange(rowBefore, SelectedPaperRow);
+    const bool tray2 = wrong(2, takes(row)) && wrong(2, takes(SelectedPaperRow));
+    return wrong(7, true) + wrong(1, true) + tray2 + wrong(4, true);
+}
+// Those of Tray2 come first.
+long OutputRowsApart(V v)
+{
+    constexpr LPARAM Papers[] = {1, 9, 5, 7, 310, 15, 11, 214, 215, 222};
+    const std::size_t rows = SelectedSource == 2 ? 5 : 10;
+    const auto& items = v.List(IDC_OUTPUT_SIZE).items;
+    long apart = items.size() != rows;
+    for (std::size_t k = 0; k < std::min(rows, items.size()); ++k) apart += items[k].data != Papers[k];
+    return apart;
+}
 DWORD StoredDword(V v, const char16_t* name)
 {
     const auto value = v.start.machine->store->Value(u"Ordana Quillet 4820E", name);
@@ -156,6 +183,7 @@ const Invariant Pages[] = {
     {"guide paper",             IDD_SETUP, Always,   [](V v) { return Pair(v.Checked(IDC_GUIDE_PAPER), v.record.dmGuidePaper != 0); }},
     {"guide paper locked",      IDD_SETUP, Always,   [](V v) { return Pair(v.Enabled(IDC_GUIDE_PAPER), Duplex(v) && v.record.dmMediaIndex != 1); }},
     {"source list",             IDD_SETUP, Always,   [](V v) { return Pair(v.Data(IDC_PAPER_SOURCE), v.record.dmDefaultSource); }},
+    {"sources offered",         IDD_SETUP, Always,   [](V v) { return Pair(SourcesApart(v), 0); }},
     {"Tray2 is installed",      IDD_SETUP, Always,   [](V v) { return Pair(v.Offers(IDC_PAPER_SOURCE, 2) && !(v.record.dmDeviceFlags & 128), 0); }},
     {"media list",              IDD_SETUP, Always,   [](V v) { return Pair(v.Data(IDC_MEDIA_TYPE), v.record.dmMediaIndex); }},
     {"watermark list",          IDD_SETUP, Always,   [](V v) { return Pair(v.Selection(IDC_WATERMARK) > 0, v.record.dmWatermarkOn != 0); }},
@@ -183,6 +211,7 @@ const Invariant Pages[] = {
     {"fit",                     IDD_PAPER, Always,   [](V v) { return Pair(v.Checked(IDC_FIT_TO_PAPER), v.record.dmFitToPaper == 2); }},
     {"fit locked",              IDD_PAPER, Always,   [](V v) { return Pair(v.Enabled(IDC_FIT_TO_PAPER), !FitLocked(v) && v.record.dmFitToPaper != 1); }},
     {"output paper",            IDD_PAPER, Always,   [](V v) { return Pair(v.record.dmFitToPaper == 2 ? v.Data(IDC_OUTPUT_SIZE) : 0, v.record.dmFitToPaper == 2 ? v.record.dmOutputPaper : 0); }},
+    {"output rows",             IDD_PAPER, Always,   [](V v) { return Pair(OutputRowsApart(v), 0); }},
     {"output paper locked",     IDD_PAPER, Always,   [](V v) { return Pair(v.Enabled(IDC_OUTPUT_SIZE), !FitLocked(v) && v.record.dmFitToPaper == 2); }},
     {"scaling",                 IDD_PAPER, Always,   [](V v) { return Pair(v.Shows(IDC_SCALING, v.record.dmZoom), v.record.dmZoom); }},
     {"scaling locked",          IDD_PAPER, Always,   [](V v) { return Pair(v.Enabled(IDC_SCALING) + v.Enabled(IDC_SCALING_SPIN), !FitLocked(v) && v.record.dmFitToPaper != 2 ? 2 : 0); }},
@@ -246,6 +275,8 @@ constexpr Exception PagesApart[] = {
     {"edit custom locked", [](V v) { return v.record.dmDefaultSource == 2 && !(v.record.dmDeviceFlags & 128); }, "a Tray2 that is not there counts as Tray1 in front, until Default asks the record again"},
     {"a paper comes in its media", [](V v) { return v.record.dmDefaultSource == 2 && v.record.dmMediaIndex == 0; }, "Tray2 takes the media back to plain paper and leaves the paper", true},
     {"duplex locked",   [](V v) { return v.record.dmDefaultSource == 2 && !(v.record.dmDeviceFlags & 128); }, "a Tray2 that is not there takes the media back as well; duplex opens with the next refresh"},
+    {"sources offered", [](V v) { return v.touched == IDC_MEDIA_TYPE && SelectedSource == 2 && SelectedPaperRow > 4; }, "a media that is picked asks for the paper as well, which a cancelled sheet may have left behind"},
+    {"sources offered", [](V v) { return v.touched == IDC_DEFAULT; }, "Default leaves the list of sources as the media before has made it"},
     {"paper rows",      [](V v) { return v.record.dmDefaultSource == 2 && !(v.record.dmDeviceFlags & 128); }, "a Tray2 that is not there takes the media back, and the list keeps the papers of the media before"},
     {"paper rows",      [](V v) { return SelectedSource == 2 && v.touched == IDC_DEFAULT; }, "Default filters by media, and the list keeps the papers of Tray2 until the page comes to the front"},
     {"the mode tells of scaling", [](V v) { return FitLocked(v) || v.before.dmNupOn || v.before.dmBookletPaper; }, "N-up and booklets take the mode and leave the scaling until the Paper page comes up without them", true},

@@ -245,7 +245,8 @@ void Player::Published(LONG result, const std::vector<BYTE>& output)
     if (untouched) return result == IDOK || applied_ ? Fail("nothing is published") : void();
     if (result == IDCANCEL && !applied_) return Fail("a cancelled sheet publishes a record");
     const auto& published = *reinterpret_cast<const DriverDevMode*>(output.data());
-    if (published.dmSize != RecordPublicSize || published.dmDriverExtra != RecordPrivateSize) return;
+    if (published.dmSize != RecordPublicSize || published.dmDriverExtra != RecordPrivateSize)
+        return start_.input.empty() ? Fail("what is published has other sizes") : void();
     // What was chosen behind the last Apply goes with Cancel.
     const DriverDevMode& chosen = result == IDOK ? last_ : appliedRecord_;
     const int page = result == IDOK ? dialog_ : appliedPage_;

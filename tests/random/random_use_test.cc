@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::uint64_t UsualCount = 60;
 const std::set<int> AllDialogs = {IDD_SETUP,     IDD_PAPER,        IDD_QUALITY,      IDD_DEVICE_OPTIONS, IDD_NUP_STYLE,
-                                  IDD_WATERMARK, IDD_CUSTOM_PAPER, IDD_OVERLAY_LIST, IDD_OVERLAY_EDIT};
+                                  IDD_WATERMARK, IDD_CUSTOM_PAPER, IDD_OVERLAY_LIST, IDD_OVERLAY_EDIT,   DLG_ABOUT};
 
 std::uint64_t Number(const char* variable, std::uint64_t otherwise)
 {

@@ -1,6 +1,7 @@
 #include "tests/random/steps.h"
 
 #include <sstream>
+#include <stdexcept>
 
 namespace random_use {
 
@@ -22,6 +23,7 @@ std::vector<Step> StepsOf(const std::string& word)
          numbers >> action >> comma >> ok >> comma >> file >> comma >> control >> comma >> value >> comma;)
         steps.push_back({static_cast<Action>(action), ok != 0, static_cast<std::uint8_t>(file),
                          static_cast<std::int16_t>(control), static_cast<std::int16_t>(value)});
+    if (WordOf(steps) != word) throw std::invalid_argument("no steps, or not all of them: " + word);
     return steps;
 }
 
