@@ -25,22 +25,18 @@ struct Journal {
 };
 Journal journal;
 
-const char* NameOf(UINT code)
+std::string NameOf(UINT code)
 {
-    switch (code) {
-        case PSN_SETACTIVE:
-            return "active";
-        case PSN_KILLACTIVE:
-            return "leave";
-        case PSN_APPLY:
-            return "apply";
-        case PSN_RESET:
-            return "reset";
-        case PSN_QUERYINITIALFOCUS:
-            return "focus";
-        default:
-            return "?";
-    }
+    constexpr std::pair<UINT, const char*> Names[] = {
+        {PSN_SETACTIVE,         "active"},
+        {PSN_KILLACTIVE,        "leave" },
+        {PSN_APPLY,             "apply" },
+        {PSN_RESET,             "reset" },
+        {PSN_QUERYINITIALFOCUS, "focus" },
+    };
+    for (const auto& [known, name] : Names)
+        if (code == known) return name;
+    return "?";
 }
 
 // The page's parameter is its letter.

@@ -18,9 +18,7 @@ struct Caller {
     std::vector<std::string> calls;
     std::vector<WORD> callbacks;  // reasons
     std::u16string title;         // of the sheet, while it is up
-    LONG initAnswer = 1;
-    bool adds = true;
-    LONG_PTR added = -1, unknown = -1, late = -1, setResult = -1;
+    LONG_PTR added = -1, setResult = -1;
     std::optional<LPARAM> endResult;
     PROPSHEETUI_INFO* info = nullptr;
 
@@ -74,12 +72,10 @@ LONG SheetFunction(PROPSHEETUI_INFO* info, LPARAM lParam)
         case PROPSHEETUI_REASON_INIT:
             self.calls.push_back("init");
             EXPECT_EQ(lParam, info->lParamInit);
-            self.unknown = CallIn(77, 0);
-            if (self.adds) {
-                self.added = CallIn(CPSFUNC_ADD_PCOMPROPSHEETUIW, reinterpret_cast<LPARAM>(&self.options));
-            }
+            EXPECT_EQ(CallIn(77, 0), 0) << "an unknown function";
+            self.added = CallIn(CPSFUNC_ADD_PCOMPROPSHEETUIW, reinterpret_cast<LPARAM>(&self.options));
             info->UserData = 42;
-            return self.initAnswer;
+            return 1;
         case PROPSHEETUI_REASON_GET_INFO_HEADER: {
             self.calls.push_back("header");
             auto& header = *reinterpret_cast<PROPSHEETUI_INFO_HEADER*>(lParam);

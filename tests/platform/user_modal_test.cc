@@ -17,9 +17,9 @@ HMODULE Dialogs()
     return module;
 }
 
-INT_PTR RunBox(HWND owner, int number = 101, LPARAM parameter = 0)
+INT_PTR RunBox(HWND owner, int number = 101)
 {
-    return DialogBoxParamW(Dialogs(), ResourceName(number), owner, RigProcedure, parameter);
+    return DialogBoxParamW(Dialogs(), ResourceName(number), owner, RigProcedure, 0);
 }
 
 TEST(Modal, TakesTheFocusWithANoticeAndGivesItBackWithout)

@@ -16,18 +16,15 @@ std::string CommandLine(WPARAM wParam, LPARAM lParam)
 {
     const std::string id = std::to_string(static_cast<SHORT>(LowWord(wParam)));
     if (!lParam) return "command " + id;
-    switch (HighWord(wParam)) {
-        case EN_CHANGE:
-            return "change " + id;
-        case EN_KILLFOCUS:
-            return "killfocus " + id;
-        case BN_CLICKED:
-            return "click " + id;
-        case CBN_SELCHANGE:
-            return "pick " + id;
-        default:
-            return "code " + std::to_string(HighWord(wParam)) + " of " + id;
-    }
+    constexpr std::pair<WORD, const char*> Names[] = {
+        {EN_CHANGE,     "change "   },
+        {EN_KILLFOCUS,  "killfocus "},
+        {BN_CLICKED,    "click "    },
+        {CBN_SELCHANGE, "pick "     },
+    };
+    for (const auto& [code, name] : Names)
+        if (HighWord(wParam) == code) return name + id;
+    return "code " + std::to_string(HighWord(wParam)) + " of " + id;
 }
 
 std::string NoticeLine(const NMHDR& header)
@@ -90,31 +87,17 @@ INT_PTR RigProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (!TheRig) return FALSE;
     auto& log = TheRig->log;
-    switch (message) {
-        case WM_INITDIALOG:
-            log.push_back("init");
-            break;
-        case WM_COMMAND:
-            log.push_back(CommandLine(wParam, lParam));
-            break;
-        case WM_NOTIFY:
-            log.push_back(NoticeLine(*reinterpret_cast<const NMHDR*>(lParam)));
-            break;
-        case WM_PAINT:
-            log.push_back("paint");
-            break;
-        case WM_DRAWITEM:
-            log.push_back("draw " + std::to_string(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->CtlID));
-            break;
-        case WM_HELP:
-            log.push_back("help " + std::to_string(reinterpret_cast<const HELPINFO*>(lParam)->iCtrlId));
-            break;
-        case WM_DESTROY:
-            log.push_back("destroy");
-            break;
-        default:
-            break;
-    }
+    if (message == WM_COMMAND) log.push_back(CommandLine(wParam, lParam));
+    if (message == WM_NOTIFY) log.push_back(NoticeLine(*reinterpret_cast<const NMHDR*>(lParam)));
+    if (message == WM_DRAWITEM)
+        log.push_back("draw " + std::to_string(reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->CtlID));
+    if (message == WM_HELP) log.push_back("help " + std::to_string(reinterpret_cast<const HELPINFO*>(lParam)->iCtrlId));
+    for (const auto& [plain, name] : {
+             std::pair{WM_INITDIALOG, "init"   },
+             {WM_PAINT,      "paint"  },
+             {WM_DESTROY,    "destroy"}
+    })
+        if (message == plain) log.push_back(name);
     return TheRig->answer ? TheRig->answer(dialog, message, wParam, lParam) : FALSE;
 }
 
