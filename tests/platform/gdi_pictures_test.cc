@@ -191,18 +191,20 @@ TEST_F(Pictures, WhatIsMissingOrDamagedIsNotLoaded)
 {
     EXPECT_EQ(LoadBitmapW(nullptr, ResourceName(1)), nullptr);
     EXPECT_EQ(LoadBitmapW(module, u"by name"), nullptr);
-    for (const auto& [number, error] : {
-             std::pair{99, ERROR_RESOURCE_NAME_NOT_FOUND},
-             {3,  ERROR_GEN_FAILURE            }
-    }) {
+    constexpr std::pair<int, DWORD> NoBitmaps[] = {
+        {3,  ERROR_GEN_FAILURE            },
+        {99, ERROR_RESOURCE_NAME_NOT_FOUND},
+    };
+    for (const auto& [number, error] : NoBitmaps) {
         EXPECT_EQ(LoadBitmapW(module, ResourceName(number)), nullptr);
         EXPECT_EQ(GetLastError(), error);
     }
-    for (const auto& [number, error] : {
-             std::pair{99, ERROR_RESOURCE_NAME_NOT_FOUND},
-             {22, ERROR_GEN_FAILURE            },
-             {23, ERROR_GEN_FAILURE            }
-    }) {
+    constexpr std::pair<int, DWORD> NoIcons[] = {
+        {22, ERROR_GEN_FAILURE            },
+        {99, ERROR_RESOURCE_NAME_NOT_FOUND},
+        {23, ERROR_GEN_FAILURE            },
+    };
+    for (const auto& [number, error] : NoIcons) {
         EXPECT_EQ(LoadIconW(module, ResourceName(number)), nullptr);
         EXPECT_EQ(GetLastError(), error);
     }

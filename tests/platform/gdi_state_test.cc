@@ -10,11 +10,11 @@ using State = Drawing;
 TEST_F(State, AModeThatDoesNotExistIsRefused)
 {
     const HDC screen = Context(nullptr);
-    EXPECT_EQ(CreatePen(99, 1, 0), nullptr);
     EXPECT_EQ(SetBkMode(screen, 3), 0);
     EXPECT_EQ(SetROP2(screen, 17), 0);
     EXPECT_EQ(SetMapMode(screen, 9), 0);
     EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(CreatePen(99, 1, 0), nullptr);
 }
 
 TEST_F(State, ContextsAreGivenBackTheWayTheyWereTaken)

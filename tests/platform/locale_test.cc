@@ -68,6 +68,13 @@ TEST_F(LocaleVariables, DecideInTheirOrder)
     }
 }
 
+TEST(MachineFacts, TellTheTimeOfTheClock)
+{
+    const SYSTEMTIME now = MakeMachineFacts()->LocalTime();
+    EXPECT_GE(now.wYear, 2024);
+    EXPECT_TRUE(now.wMonth >= 1 && now.wMonth <= 12);
+}
+
 TEST(FixedFacts, ListsNameLibrariesAndWindowsWithoutRegardToCase)
 {
     FixedFactValues values;

@@ -186,10 +186,9 @@ TEST_F(PrintSubsystem, ARemovedPrintersHandleIsInvalid)
 {
     const Opened printer(Printer);
     store->Remove(Printer);
-    WCHAR name[] = u"Data";
-    BYTE data[4];
     DWORD needed = 0;
-    EXPECT_EQ(GetPrinterDataW(printer, name, nullptr, data, 4, &needed), ERROR_INVALID_HANDLE);
+    WCHAR name[] = u"Data";
+    EXPECT_EQ(GetPrinterDataW(printer, name, nullptr, nullptr, 0, &needed), ERROR_INVALID_HANDLE);
     EXPECT_FALSE(GetPrinterW(printer, 2, nullptr, 0, &needed));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
 }

@@ -22,8 +22,10 @@ TEST(Lists, NotifyForEveryPickButNotForTheProgram)
     }) {
         Rig rig({Make(kind.className, 12, kind.style)});
         rig.Up([&] {
-            for (const char16_t* text : {u"a", u"b"}) Send(rig[12], kind.add, 0, reinterpret_cast<LPARAM>(text));
+            Send(rig[12], kind.add, 0, reinterpret_cast<LPARAM>(u"a"));
+            AppendItem(rig[12], u"b", 0);
             Send(rig[12], kind.select, 1, 0);
+            EXPECT_EQ(rig.Text(rig[12]), kind.add == CB_ADDSTRING ? u"b" : u"");
             EXPECT_THAT(rig.Log(), IsEmpty());
             EXPECT_EQ(Pick(rig[12], 0), Outcome::Done);
             EXPECT_EQ(Pick(rig[12], 0), Outcome::Done);

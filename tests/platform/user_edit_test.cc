@@ -132,6 +132,7 @@ TEST(UpDown, AClickWritesTheFieldWithinTheRange)
     };
     for (const SpinRow& row : rows) {
         Rig rig({Make(u"Edit", 10, Stop, row.before), Make(u"msctls_updown32", 11, ArrowStyle)});
+        EXPECT_EQ(Find(rig[10])->rect.right, Find(rig[11])->rect.left) << "the arrows take their place";
         rig.Up([&] {
             Send(rig[11], UDM_SETRANGE, 0, Range(row.lower, row.upper));
             EXPECT_THAT(rig.Log(), IsEmpty());
