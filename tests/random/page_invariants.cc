@@ -51,6 +51,38 @@ long DuplexPosition(V v)
 }
 long ResolutionPosition(V v) { return v.record.dmPrintQuality != 600 ? 2 : v.record.dmResolutionChoice == 2 ? 1 : 0; }
 
+// What no choice locks.
+long LockedForGood(V v)
+{
+    constexpr int Open[] = {IDC_WATERMARK,
+                            IDC_EDIT_WATERMARK,
+                            IDC_OVERLAY,
+                            IDC_MEDIA_TYPE,
+                            IDC_PAPER_SOURCE,
+                            IDC_DOCUMENT_SIZE,
+                            IDC_PORTRAIT,
+                            IDC_LANDSCAPE,
+                            IDC_ROTATED,
+                            IDC_SHIFT_ON,
+                            IDC_SHIFT_OFF,
+                            IDC_RESOLUTION,
+                            IDC_TONER_DENSITY,
+                            IDC_TOTAL_MEMORY,
+                            IDC_ABOUT,
+                            IDC_DEFAULT,
+                            IDC_SETUP_PAGE_LAYOUT,
+                            IDC_SETUP_PRINTER_FIGURE,
+                            IDC_PAPER_PAGE_LAYOUT,
+                            IDC_PAPER_PRINTER_FIGURE,
+                            IDC_QUALITY_PAGE_LAYOUT,
+                            IDC_QUALITY_PRINTER_FIGURE,
+                            IDC_DEVICE_PAGE_LAYOUT,
+                            IDC_DEVICE_PRINTER_FIGURE};
+    for (const int control : Open)
+        if (v.Of(control).id == control && !v.Enabled(control)) return control;
+    return 0;
+}
+
 // Lists and their stores.
 long OverlayRowsApart(V v)
 {
@@ -170,6 +202,8 @@ const Invariant Pages[] = {
     {"N-up and booklets have no fit mode",  IDD_PAPER,   Always, [](V v) { return Pair(FitLocked(v) && v.record.dmFitToPaper, 0); }},
     {"raster has no printer fonts",         IDD_QUALITY, Always, [](V v) { return Pair(v.record.dmAllRaster && v.record.dmPrinterTrueType, 0); }},
     {"raster needs plain pages",            IDD_QUALITY, Always, [](V v) { return Pair(v.record.dmAllRaster && !RasterAllowed(v), 0); }},
+
+    {"locked for good",                     AnyPage, Always,   [](V v) { return Pair(LockedForGood(v), 0); }},
 
     // Setup: what it shows and what it locks.
     {"N-up list",               IDD_SETUP, Always,   [](V v) { return Pair(v.Selection(IDC_NUP), NupPosition(v)); }},
