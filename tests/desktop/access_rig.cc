@@ -73,6 +73,7 @@ class Walker : public host::ScriptDesktop {
         heardBy = reinterpret_cast<DLGPROC>(SetWindowLongW(dialog, DWL_DLGPROC, reinterpret_cast<LONG_PTR>(Listen)));
         Heard().clear();
         looking_ = looked_ = true;
+        QCoreApplication::processEvents();  // a page's widgets come with it
         look(top);
         looking_ = false;
         if (Find(dialog)) SetWindowLongW(dialog, DWL_DLGPROC, reinterpret_cast<LONG_PTR>(heardBy));
@@ -218,6 +219,7 @@ void Access::VisitControls(const std::function<bool(const Place&)>& wanted,
     VisitAll([&](const Picture& picture, HWND top) {
         const auto* dialog = Find(platform::user::DialogOf(top))->As<platform::user::DialogState>();
         const std::vector<Place> places = Places(top);
+        EXPECT_FALSE(places.empty()) << picture.name;
         for (std::size_t i = 0; i < places.size(); ++i)
             if (wanted(places[i])) rows.try_emplace({dialog->templateNumber, int(i)}, Row{&picture, i});
     });
