@@ -1,9 +1,12 @@
 // Whether the keyboard alone reaches each control, in order, and works it.
+#include <gmock/gmock.h>
+
 #include <QtTest>
 #include <QtWidgets>
 #include <optional>
 
 #include "desktop/control_sync.h"
+#include "pclui/resources/control_numbers.h"
 #include "tests/desktop/access_rig.h"
 
 namespace accessibility {
@@ -104,6 +107,19 @@ void WorkEdit(const Place& place)
             arrows && arrows->buddy == place.handle) {
             EXPECT_NE(place.Control().text, u"9") << "the arrow keys do not count";
         }
+}
+
+// All but the second tray, which only the printer's own sheet would change, are open somewhere.
+TEST_F(Access, EveryControlIsOpenInSomeState)
+{
+    std::set<int> locked, open;
+    VisitAll([&](const Picture&, HWND top) {
+        for (const Place& place : Places(top))
+            if (TakesFocus(place.Control())) (IsWorkable(place.Control()) ? open : locked).insert(place.Control().id);
+    });
+    for (const int control : open) locked.erase(control);
+    EXPECT_THAT(locked, testing::ElementsAre(IDC_TRAY2));
+    EXPECT_GT(open.size(), 90u);
 }
 
 TEST_F(Access, EveryControlIsWorkedByTheKeyboardAlone)

@@ -9,6 +9,7 @@
 #include "desktop/qt_fonts.h"
 #include "desktop/qt_surface.h"
 #include "host/script_desktop.h"
+#include "tests/support/overlays.h"
 
 namespace accessibility {
 
@@ -22,9 +23,14 @@ using platform::user::Window;
 
 namespace {
 
-constexpr Picture DeviceWays[] = {
-    {"device-sheet",       ""                },
-    {"device-sheet-about", "page \"About\"\n"},
+// Beside the pictures of the document sheet: what these leave locked, and the printer's own sheet.
+constexpr Picture MoreWays[] = {
+    {"overlay",            "page \"Setup\"\nchoose IDC_OVERLAY \"Letterhead\"\n"                         },
+    {"overlay-row",        "page \"Setup\"\nclick IDC_EDIT_OVERLAY\nchoose IDC_OVL_LIST \"Letterhead\"\n"},
+    {"collated",           "page \"Paper\"\ntype IDC_COPIES \"2\"\nclick IDC_COLLATED\n"                 },
+    {"toner-save",         "page \"Quality\"\nchoose IDC_RESOLUTION 0\n"                                 },
+    {"device-sheet",       ""                                                                            },
+    {"device-sheet-about", "page \"About\"\n"                                                            },
 };
 
 DLGPROC heardBy = nullptr;
@@ -127,12 +133,11 @@ bool IsField(const Window& window)
            window.kind == Kind::ListView || window.kind == Kind::TreeView;
 }
 
-bool IsWorkable(const Window& window)
+bool TakesFocus(const Window& window)
 {
-    const bool takesFocus =
-        IsField(window) || (window.kind == Kind::Button && !IsGroupBox(window) && !IsOwnerDrawn(window));
-    return takesFocus && window.visible && window.enabled;
+    return IsField(window) || (window.kind == Kind::Button && !IsGroupBox(window) && !IsOwnerDrawn(window));
 }
+bool IsWorkable(const Window& window) { return TakesFocus(window) && window.visible && window.enabled; }
 
 QString TextOf(const QWidget* widget)
 {
@@ -185,7 +190,10 @@ bool Reach(HWND top, HWND control)
     return FocusedControl(top) == control;
 }
 
-Access::Access() : SheetFixture(QD_MODULE_PATH) {}
+Access::Access() : SheetFixture(QD_MODULE_PATH)
+{
+    testing_support::StoreOverlays(*store, Printer, {testing_support::Overlay(u"Letterhead", u"/letterhead.oxl")});
+}
 
 void Access::Visit(const Picture& picture, const Look& look)
 {
@@ -205,7 +213,7 @@ void Access::Visit(const Picture& picture, const Look& look)
 void Access::VisitAll(const std::function<void(const Picture&, HWND top)>& look)
 {
     for (const Picture& picture : host::Pictures) Visit(picture, [&](HWND top) { look(picture, top); });
-    for (const Picture& picture : DeviceWays) Visit(picture, [&](HWND top) { look(picture, top); });
+    for (const Picture& picture : MoreWays) Visit(picture, [&](HWND top) { look(picture, top); });
 }
 
 void Access::VisitControls(const std::function<bool(const Place&)>& wanted,
@@ -223,7 +231,7 @@ void Access::VisitControls(const std::function<bool(const Place&)>& wanted,
         for (std::size_t i = 0; i < places.size(); ++i)
             if (wanted(places[i])) rows.try_emplace({dialog->templateNumber, int(i)}, Row{&picture, i});
     });
-    ASSERT_GT(rows.size(), 20u);
+    ASSERT_FALSE(rows.empty());
     for (const auto& [key, row] : rows)
         Visit(*row.picture, [&, place = row.place](HWND top) {
             const Place control = Places(top)[place];

@@ -33,6 +33,7 @@ desktop::TopWindow* WindowOf(HWND top);
 std::vector<Place> Places(HWND top);  // in the order of the dialog's template
 
 bool IsField(const platform::user::Window& window);
+bool TakesFocus(const platform::user::Window& window);
 bool IsWorkable(const platform::user::Window& window);  // by a user, now
 
 // What a widget shows, with the mark of its letter.

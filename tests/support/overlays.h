@@ -30,7 +30,7 @@ inline platform::Bytes OverlayBytes(const std::vector<OverlayEntry>& rows, DWORD
 }
 
 // Puts the first bytes of a list into the store, with their number as its size.
-inline void StoreOverlays(Machine& machine, const char16_t* printer, const std::vector<OverlayEntry>& rows,
+inline void StoreOverlays(platform::PrinterStore& store, const char16_t* printer, const std::vector<OverlayEntry>& rows,
                           std::size_t length = static_cast<std::size_t>(-1))
 {
     platform::Bytes bytes = OverlayBytes(rows);
@@ -38,8 +38,13 @@ inline void StoreOverlays(Machine& machine, const char16_t* printer, const std::
     const auto size = static_cast<DWORD>(bytes.size());
     platform::Bytes sizeBytes(4);
     std::memcpy(sizeBytes.data(), &size, 4);
-    machine.store->SetValue(printer, u"OverlayDataSize", {4, sizeBytes});
-    machine.store->SetValue(printer, u"OverlayData", {3, bytes});
+    store.SetValue(printer, u"OverlayDataSize", {4, sizeBytes});
+    store.SetValue(printer, u"OverlayData", {3, bytes});
+}
+inline void StoreOverlays(Machine& machine, const char16_t* printer, const std::vector<OverlayEntry>& rows,
+                          std::size_t length = static_cast<std::size_t>(-1))
+{
+    StoreOverlays(*machine.store, printer, rows, length);
 }
 
 struct StoredOverlays {
