@@ -72,7 +72,7 @@ void Initialise(HWND dialog, bool editable)
     WatermarkEditable = editable;
     FieldInRange = true;
     // Half a list must not be stored over the whole one.
-    if (!LoadWatermarks(dialog, false)) {
+    if (!LoadWatermarks(dialog, false) || WatermarksUnread != 0) {
         EndDialog(dialog, 0);
         return;
     }

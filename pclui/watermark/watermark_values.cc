@@ -14,6 +14,7 @@
 #include "watermark/watermark_list.h"
 
 int WatermarksLeftOut = 0;
+int WatermarksUnread = 0;
 
 namespace {
 
@@ -95,6 +96,13 @@ std::u16string Line(const WCHAR* field, std::size_t chars)
     return std::u16string(field, end) + u"\r\n";
 }
 
+bool IsListed(const WatermarkRecord& row)
+{
+    for (int k = 0; const WatermarkRecord* listed = WatermarkRowAt(k); ++k)
+        if (lstrcmpW(listed->wmName, row.wmName) == 0) return true;
+    return false;
+}
+
 std::u16string CountLine(int count)
 {
     const std::string digits = std::to_string(count);
@@ -149,6 +157,7 @@ bool PrinterHasNoWatermarks()
 
 int ReadStoredWatermarks()
 {
+    WatermarksUnread = 0;
     StoredValues values;
     if (!ReadValues(values) || !values.AllRead()) return 1;
     RowReader reader(values);
@@ -159,7 +168,10 @@ int ReadStoredWatermarks()
         if (!reader.Next(row)) break;
         row.wmId = static_cast<SHORT>(n);
         // A row that is refused has no name in the lists either, so that these stay in step.
-        if (AddWatermarkRow(row) != 1) continue;
+        if (AddWatermarkRow(row) != 1) {
+            WatermarksUnread += !IsListed(row);
+            continue;
+        }
         WatermarkSlots[static_cast<std::size_t>(n)] = 1;
         CopyToField(WatermarkNames[index++], WatermarkNameChars, row.wmName);
     }

@@ -14,6 +14,7 @@ bool PrinterHasNoWatermarks();
 // Appends the stored rows to the list, with their slots and names. 1 when nothing is stored or can be read;
 // else 1 if the list has rows, -1 if it has none.
 int ReadStoredWatermarks();
+extern int WatermarksUnread;  // rows that the last call had no memory for
 
 // Writes the list. 1, also if the printer cannot be opened to write; 0 if the list has no rows. A row that does
 // not fit any more is left out whole, and the rows before it keep their places.

@@ -203,6 +203,11 @@ TEST_F(CustomPaperDialog, KeepsListAndEntriesTogetherWhateverFails)
     Dialog().Machine().Fail("SendDlgItemMessageW", TheDeletion);
     Dialog().Click(IDC_CP_DELETE);
     EXPECT_EQ(Names(), "Card/*Form/Poster/");
+    Dialog().Click(IDCANCEL);
+    Dialog().Machine().Fail("LVM_INSERTITEMW", 2);
+    Again();
+    EXPECT_NE(Dialog().Template(), IDD_CUSTOM_PAPER) << "a list that cannot be shown whole is not edited";
+    EXPECT_EQ(CustomPaperAccepted, 0);
 }
 
 }  // namespace

@@ -274,15 +274,18 @@ TEST(WatermarkDialog, AsksBeforeRowsAreLostForWantOfRoom)
     EXPECT_THAT(sheet.Names(), testing::StartsWith("20/"));
 }
 
+// The head, the row without a watermark, and three rows need memory each.
 TEST(WatermarkDialog, HalfAListIsNotStored)
 {
-    WatermarkSheet sheet(Abc(), 1);
-    sheet.Click(IDCANCEL);
-    sheet.Machine().Fail("GlobalAlloc");
-    sheet.Click(IDC_EDIT_WATERMARK);
-    EXPECT_EQ(sheet.Template(), IDD_SETUP);
-    EXPECT_EQ(sheet.Names(), "3/A/B/C/");
-    EXPECT_EQ(sheet.Row(IDC_WATERMARK), "A");
+    for (std::uint64_t call = 1; call <= 5; ++call) {
+        WatermarkSheet sheet(Abc(), 1);
+        sheet.Click(IDCANCEL);
+        sheet.Machine().Fail("GlobalAlloc", call);
+        sheet.Click(IDC_EDIT_WATERMARK);
+        EXPECT_EQ(sheet.Template(), IDD_SETUP) << call;
+        EXPECT_EQ(sheet.Names(), "3/A/B/C/");
+        EXPECT_EQ(sheet.Row(IDC_WATERMARK), "A");
+    }
 }
 
 }  // namespace
