@@ -44,37 +44,21 @@ TEST(Defaults, AreThisImageInTheUnitedStates)
 
 TEST(Defaults, TakeThePaperOfTheCountry)
 {
-    constexpr std::pair<int, bool> usesA4[] = {
-        {1,   false},
-        {2,   false},
-        {3,   true },
-        {44,  true },
-        {49,  true },
-        {50,  false},
-        {52,  false},
-        {59,  false},
-        {60,  true },
-        {81,  true },
-        {499, true },
-        {500, false},
-        {599, false},
-        {600, true },
-    };
-    for (const auto& [country, a4] : usesA4) {
-        const Machine machine(Machine::InCountry(country));
-        EXPECT_EQ(LocaleUsesA4(), a4) << country;
-        EXPECT_EQ(DefaultRecord().dmPaperSize, a4 ? 9 : 1) << country;
+    for (const bool a4 : {true, false}) {
+        const auto countries = a4 ? std::vector{3, 44, 49, 60, 81, 499, 600} : std::vector{1, 2, 50, 52, 59, 500, 599};
+        for (const int country : countries) {
+            const Machine machine(Machine::InCountry(country));
+            EXPECT_EQ(LocaleUsesA4(), a4) << country;
+            EXPECT_EQ(DefaultRecord().dmPaperSize, a4 ? 9 : 1) << country;
+        }
     }
 }
 
 TEST(Defaults, MissTray2WithoutTheRightToTheKey)
 {
     const Machine machine({}, {OfficePrinter, OfficeDriver, false});
-    machine.store->SetKeyValue(platform::PrinterKeyPath(OfficePrinter), u"tray2",
-                               {
-                                   1, {'1', 0, 0, 0}
-    });
-
+    const platform::Bytes installed = {'1', 0, 0, 0};
+    machine.store->SetKeyValue(platform::PrinterKeyPath(OfficePrinter), u"tray2", {1, installed});
     EXPECT_EQ(DefaultRecord().dmDeviceFlags, 0u);
 }
 

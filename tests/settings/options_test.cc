@@ -1,5 +1,7 @@
 #include "settings/options.h"
 
+#include <array>
+
 #include "settings/list_rows.h"
 #include "tests/support/machine.h"
 #include "tests/support/records.h"
@@ -114,16 +116,6 @@ TEST_F(Options, DuplexIsReadSignExtendedAndWrittenFromItsLowHalf)
     EXPECT_EQ(GetOption<DuplexPayload>(DuplexOption).guidePaper, 0x00010001u);
 }
 
-TEST_F(Options, PaperIsWrittenToThePrivateSizeToo)
-{
-    SetOption(PaperOption, PaperPayload{300, 900, 800});
-    EXPECT_EQ(record.dmPaperSize, 300);
-    EXPECT_EQ(record.dmPaperLength, 900);
-    EXPECT_EQ(record.dmPaperWidth, 800);
-    EXPECT_EQ(record.dmPaperLengthPriv, 900);
-    EXPECT_EQ(record.dmPaperWidthPriv, 800);
-}
-
 // From a record with length 254 and width 254.
 TEST_F(Options, PaperIsReadWithTheSizeOfABuiltInCode)
 {
@@ -151,7 +143,14 @@ TEST_F(Options, PaperIsReadWithTheSizeOfABuiltInCode)
     }
 }
 
-TEST_F(Options, PaperSizeDotsPacksWidthBelowLength) { EXPECT_EQ(PaperSizeDots(9), 3507u << 16 | 2480u); }
+TEST_F(Options, PaperIsWrittenToThePrivateSizeToo)
+{
+    SetOption(PaperOption, PaperPayload{300, 900, 800});
+    const DriverDevMode& r = record;
+    EXPECT_EQ((std::array{r.dmPaperSize, r.dmPaperLength, r.dmPaperWidth, r.dmPaperLengthPriv, r.dmPaperWidthPriv}),
+              (std::array<SHORT, 5>{300, 900, 800, 900, 800}));
+    EXPECT_EQ(PaperSizeDots(9), 3507u << 16 | 2480u);
+}
 
 TEST_F(Options, ANewSourceFiltersThePapers)
 {

@@ -210,11 +210,8 @@ TEST_F(DeviceSheetPhases, NameAndEndTheSheet)
     ASSERT_EQ(Call(PROPSHEETUI_REASON_INIT), 1);
     PROPSHEETUI_INFO_HEADER title{};
     EXPECT_EQ(Call(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&title)), 1);
-    EXPECT_EQ(title.Flags, 4);
-    EXPECT_EQ(title.pTitle, name.data());
-    EXPECT_EQ(title.hInst, ModuleHandle);
-    EXPECT_EQ(title.IconID, 64082u);
-
+    EXPECT_EQ(std::tuple(title.Flags, title.pTitle, title.hInst, title.IconID),
+              std::tuple(4, name.data(), ModuleHandle, 64082u));
     SETRESULT_INFO end{};
     end.Result = 5;
     EXPECT_EQ(Call(PROPSHEETUI_REASON_SET_RESULT, reinterpret_cast<LPARAM>(&end)), 1);

@@ -62,6 +62,8 @@ TEST_F(DocumentEntries, GiveTheSizeAndOpenNothing)
 
 TEST_F(DocumentEntries, HandOutTheWholeRecordWithoutAnInput)
 {
+    EXPECT_EQ(Properties(DM_UPDATE), 1);
+    EXPECT_EQ(std::exchange(output, {}).dmSize, 220);
     EXPECT_EQ(Properties(DM_MODIFY), 1);
     EXPECT_EQ(output.dmSize, 0);  // not asked for
     EXPECT_EQ(Properties(DM_COPY), 1);
@@ -82,23 +84,6 @@ TEST_F(DocumentEntries, SayHowTheSheetEnded)
         EXPECT_EQ(Advanced(), ok ? 1 : 0);
         EXPECT_EQ(output.dmSize == 220, ok);
     }
-}
-
-TEST_F(DocumentEntries, KeepWhatApplyHasPublished)
-{
-    Play([](HWND sheet) {
-        EXPECT_TRUE(ShowPage(sheet, u"Quality"));
-        const HWND page = user::DialogOf(sheet);
-        for (HWND control : user::Find(page)->children) {
-            const auto* list = user::Find(control)->As<user::ListState>();
-            if (list && list->items.size() == 3) user::Pick(control, 2);
-        }
-        EXPECT_EQ(user::PressButton(sheet, user::SheetButton::Apply), user::Outcome::Done);
-        user::PressButton(sheet, user::SheetButton::Cancel);
-    });
-    EXPECT_EQ(Properties(DM_PROMPT | DM_COPY), 2);
-    EXPECT_EQ(output.dmResolutionChoice, 1200);
-    EXPECT_EQ(output.dmPrintQuality, 1200);
 }
 
 TEST_F(DocumentEntries, GiveThePaperBySizeToAnApplicationThatNeedsIt)

