@@ -79,7 +79,8 @@ class Walker : public host::ScriptDesktop {
         heardBy = reinterpret_cast<DLGPROC>(SetWindowLongW(dialog, DWL_DLGPROC, reinterpret_cast<LONG_PTR>(Listen)));
         Heard().clear();
         looking_ = looked_ = true;
-        QCoreApplication::processEvents();  // a page's widgets come with it
+        WindowOf(top)->Sync();  // with what the steps have changed, which else shows at the next turn of the event loop
+        QCoreApplication::processEvents();
         look(top);
         looking_ = false;
         if (Find(dialog)) SetWindowLongW(dialog, DWL_DLGPROC, reinterpret_cast<LONG_PTR>(heardBy));
@@ -234,7 +235,7 @@ void Access::VisitControls(const std::function<bool(const Place&)>& wanted,
     ASSERT_FALSE(rows.empty());
     for (const auto& [key, row] : rows)
         Visit(*row.picture, [&, place = row.place](HWND top) {
-            const Place control = Places(top)[place];
+            const Place control = Places(top).at(place);
             SCOPED_TRACE(control.Name());
             ShowForKeys(top);
             look(top, control);
