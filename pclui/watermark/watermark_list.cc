@@ -63,13 +63,6 @@ WatermarkNode* LastNode()
     return node;
 }
 
-bool NameTaken(const WatermarkRecord& row)
-{
-    for (const WatermarkNode* node = WatermarkHead->next; node; node = node->next)
-        if (lstrcmpW(node->row.wmName, row.wmName) == 0) return true;
-    return false;
-}
-
 WatermarkRecord BaseRow(int id)
 {
     WatermarkRecord row{};
@@ -112,9 +105,16 @@ int BuildWatermarkList()
     return 1;
 }
 
+bool WatermarkNameTaken(const WatermarkRecord& row)
+{
+    for (int k = 0; const WatermarkRecord* listed = WatermarkRowAt(k); ++k)
+        if (lstrcmpW(listed->wmName, row.wmName) == 0) return true;
+    return false;
+}
+
 int AddWatermarkRow(WatermarkRecord row)
 {
-    if (!WatermarkHead || NameTaken(row)) return -1;
+    if (!WatermarkHead || WatermarkNameTaken(row)) return -1;
     WatermarkNode* node = NewNode();
     if (!node) return -1;
     node->row = row;

@@ -30,6 +30,9 @@ extern WatermarkPayload WatermarkOption;                                        
 // <NONE> and the seven ready-made rows. 1, or -1 without memory.
 int BuildWatermarkList();
 
+// Whether a row of the list has the name of this one.
+bool WatermarkNameTaken(const WatermarkRecord& row);
+
 // Appends a copy of the row, without its wmFirstPageOnly. 1, or -1 without memory or if the name is taken.
 int AddWatermarkRow(WatermarkRecord row);
 

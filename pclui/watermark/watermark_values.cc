@@ -96,13 +96,6 @@ std::u16string Line(const WCHAR* field, std::size_t chars)
     return std::u16string(field, end) + u"\r\n";
 }
 
-bool IsListed(const WatermarkRecord& row)
-{
-    for (int k = 0; const WatermarkRecord* listed = WatermarkRowAt(k); ++k)
-        if (lstrcmpW(listed->wmName, row.wmName) == 0) return true;
-    return false;
-}
-
 std::u16string CountLine(int count)
 {
     const std::string digits = std::to_string(count);
@@ -169,7 +162,7 @@ int ReadStoredWatermarks()
         row.wmId = static_cast<SHORT>(n);
         // A row that is refused has no name in the lists either, so that these stay in step.
         if (AddWatermarkRow(row) != 1) {
-            WatermarksUnread += !IsListed(row);
+            WatermarksUnread += !WatermarkNameTaken(row);
             continue;
         }
         WatermarkSlots[static_cast<std::size_t>(n)] = 1;
