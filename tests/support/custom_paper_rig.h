@@ -19,8 +19,6 @@ namespace testing_support {
 
 using Entries = std::vector<CustomPaperEntry>;
 
-inline constexpr int Germany = 49, UnitedStates = 1;
-
 inline const Entries Three = {Entry(257, u"Card", 0, 1000, 1500), Entry(258, u"Form", 1, 800, 1100, 8, 0),
                               Entry(259, u"Poster", 0, 2160, 3560)};
 

@@ -12,6 +12,7 @@ namespace testing_support {
 
 inline constexpr char16_t OfficePrinter[] = u"Office";
 inline constexpr char16_t OfficeDriver[] = u"Quillet";
+inline constexpr int UnitedStates = 1, Germany = 49;  // countries
 
 class Machine {
   public:

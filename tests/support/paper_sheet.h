@@ -10,9 +10,6 @@
 
 namespace testing_support {
 
-inline constexpr int UnitedStates = 1;
-inline constexpr int Germany = 49;
-
 inline const std::vector<CustomPaperEntry> FormAndCard = {Entry(257, u"Form", 0, 2100, 2970),
                                                           Entry(258, u"Card", 1, 800, 1100, 8)};
 

@@ -450,12 +450,6 @@ int Sheet::Changes()
                                 [](const user::SheetState& sheet) { return sheet.changes; });
 }
 
-bool Sheet::ApplyEnabled()
-{
-    return Of<user::SheetState>([](HWND) { return user::OpenWindows().front(); }, false,
-                                [](const user::SheetState& sheet) { return sheet.applyEnabled; });
-}
-
 DriverDevMode Sheet::Settings()
 {
     DriverDevMode settings{};

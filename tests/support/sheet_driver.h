@@ -142,7 +142,6 @@ class Sheet {
     int SelectedRow(int listView);  // -1: none
     int Template();                 // of the page or dialog on top
     int Changes();                  // words that an option has changed
-    bool ApplyEnabled();
 
     DriverDevMode Settings();  // the record that the pages edit
     // Changes that record behind the pages' backs, as another page does.
