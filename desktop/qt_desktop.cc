@@ -1,6 +1,7 @@
 #include "qt_desktop.h"
 
 #include <QEventLoop>
+#include <QPointer>
 
 #include "help_window.h"
 #include "platform/user.h"
@@ -64,8 +65,11 @@ class QtDesktop : public platform::Desktop {
 
     void Opened(HWND top) override
     {
-        auto* window = new TopWindow(
-            top, [this](const std::function<void()>& action) { Act(action); }, ParentWidget());
+        // A button that was pressed by its letter goes up a moment later, when window and desktop may be gone.
+        const auto act = [this, alive = QPointer<QObject>(&alive_)](const std::function<void()>& action) {
+            if (alive) Act(action);
+        };
+        auto* window = new TopWindow(top, act, ParentWidget());
         windows_.push_back(window);
         window->show();
         window->Sync();
