@@ -16,6 +16,16 @@ namespace platform {
 inline const std::u16string Printer = u"Office";
 inline const std::u16string LockedPrinter = u"Locked";
 
+// Why a call failed: it gave nothing, and its error is taken.
+template <class Result>
+DWORD Refusal(Result result)
+{
+    EXPECT_EQ(result, Result{});
+    const DWORD error = GetLastError();
+    SetLastError(0);
+    return error;
+}
+
 class FreshEnvironment : public ::testing::Test {
   protected:
     FreshEnvironment()

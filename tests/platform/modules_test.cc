@@ -1,6 +1,5 @@
 #include "platform/kernel/modules.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -20,10 +19,7 @@ Function* EntryOf(HMODULE module, const char* name)
     return reinterpret_cast<Function*>(modules::Entry(module, name));
 }
 
-class Modules : public FreshEnvironment {
-  protected:
-    ~Modules() override { unsetenv("QD_SAMPLE"); }
-};
+using Modules = FreshEnvironment;
 
 TEST_F(Modules, TheFirstLoadRunsTheEntryAndLaterOnesCount)
 {
@@ -38,8 +34,7 @@ TEST_F(Modules, TheFirstLoadRunsTheEntryAndLaterOnesCount)
     EXPECT_EQ(detached, 0);
     EXPECT_TRUE(FreeLibrary(module));
     EXPECT_EQ(detached, 1);
-    EXPECT_FALSE(FreeLibrary(module));
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(Refusal(FreeLibrary(module)), ERROR_INVALID_HANDLE);
 }
 
 TEST_F(Modules, AnotherNameOfTheSameFileIsTheSameModule)
@@ -64,10 +59,8 @@ TEST_F(Modules, AnEntryIsTheModulesOwn)
 {
     HMODULE module = LoadLibraryW(SamplePath.c_str());
     EXPECT_NE(GetProcAddress(module, "DllInitialize"), nullptr);
-    for (const char* name : {"malloc", "GlobalAlloc", "NoSuchEntry"}) {
-        EXPECT_EQ(GetProcAddress(module, name), nullptr) << name;
-        EXPECT_EQ(GetLastError(), ERROR_PROC_NOT_FOUND);
-    }
+    for (const char* name : {"malloc", "GlobalAlloc", "NoSuchEntry"})
+        EXPECT_EQ(Refusal(GetProcAddress(module, name)), ERROR_PROC_NOT_FOUND) << name;
     EXPECT_EQ(GetProcAddress(module, reinterpret_cast<const char*>(1)), nullptr);
     FreeLibrary(module);
 }
@@ -87,8 +80,7 @@ TEST_F(Modules, SystemLibrariesAreAnsweredByTheLayer)
     FixedFactValues values;
     values.missingLibraries = u"compstui.dll";
     UseFacts(values);
-    EXPECT_EQ(LoadLibraryA("compstui.dll"), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_MOD_NOT_FOUND);
+    EXPECT_EQ(Refusal(LoadLibraryA("compstui.dll")), ERROR_MOD_NOT_FOUND);
 }
 
 TEST_F(Modules, WhatIsNoModuleIsRefusedWithItsReason)
@@ -96,33 +88,36 @@ TEST_F(Modules, WhatIsNoModuleIsRefusedWithItsReason)
     const auto file = std::filesystem::temp_directory_path() / ("qd_text_" + std::to_string(getpid()));
     std::ofstream(file) << "this is a text, not a module";
     std::string why;
-    EXPECT_EQ(modules::Load(ToWide(file.native()), &why), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_BAD_EXE_FORMAT);
+    EXPECT_EQ(Refusal(modules::Load(ToWide(file.native()), &why)), ERROR_BAD_EXE_FORMAT);
     EXPECT_THAT(why, ::testing::HasSubstr("not an ELF file"));
     std::filesystem::remove(file);
-    EXPECT_EQ(modules::Load(ToWide(file.native()), &why), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_MOD_NOT_FOUND);
+    EXPECT_EQ(Refusal(modules::Load(ToWide(file.native()), &why)), ERROR_MOD_NOT_FOUND);
 }
 
-TEST_F(Modules, StringsAreLoadedByNumber)
+TEST_F(Modules, OneWhoseEntryRefusesToStartIsForgotten)
+{
+    setenv("QD_SAMPLE", "refuse", 1);
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(Refusal(LoadLibraryW(SamplePath.c_str())), ERROR_DLL_INIT_FAILED);
+    unsetenv("QD_SAMPLE");
+    HMODULE module = LoadLibraryW(SamplePath.c_str());
+    EXPECT_EQ(modules::LoadCount(module), 1u);
+    EXPECT_TRUE(FreeLibrary(module));
+}
+
+TEST_F(Modules, StringsAreLoadedByNumberAsFarAsTheyHaveRoom)
 {
     HMODULE module = LoadLibraryW(SamplePath.c_str());
-    const std::pair<UINT, std::u16string> rows[] = {
-        {1,    u"first"            },
-        {2,    u""                 },
-        {17,   u"Ma\u00DFstab"     },
-        {31,   u"last of its block"},
-        {4096, u"far"              },
-        {9999, u""                 },
-    };
-    for (const auto& [number, expected] : rows) {
-        WCHAR text[32] = u"stale";
-        EXPECT_EQ(LoadStringW(module, number, text, 32), static_cast<int>(expected.size())) << number;
-        EXPECT_EQ(text, expected) << number;
+    WCHAR text[32] = u"stale";
+    for (const auto& [number, room, expected] : {
+             std::tuple{17u,   32, u"Ma\u00DFstab"},
+             {1u,    4,  u"fir"         },
+             {2u,    4,  u""            },
+             {4096u, 32, u"far"         },
+             {9999u, 32, u""            }
+    }) {
+        EXPECT_EQ(LoadStringW(module, number, text, room), lstrlenW(expected)) << number;
+        EXPECT_EQ(std::u16string(text), expected) << number;
     }
-    WCHAR text[4];
-    EXPECT_EQ(LoadStringW(module, 1, text, 4), 3);
-    EXPECT_EQ(std::u16string(text), u"fir");
     FreeLibrary(module);
 }
 

@@ -20,51 +20,49 @@ void Put(Data& data, std::uint32_t value, int width)
 Data OneResource(std::uint32_t dataBytes = 3, std::uint32_t headerBytes = 32)
 {
     Data file;
-    for (const std::uint32_t dword : {0u, 0x20u, 0xFFFFu, 0xFFFFu, 0u, 0u, 0u, 0u}) Put(file, dword, 4);
-    Put(file, dataBytes, 4);
-    Put(file, headerBytes, 4);
-    for (const std::uint32_t word : {0xFFFFu, 10u, 0xFFFFu, 7u}) Put(file, word, 2);
-    for (int i = 0; i < 4; ++i) Put(file, 0, 4);
+    for (const std::uint32_t dword :
+         {0u, 0x20u, 0xFFFFu, 0xFFFFu, 0u, 0u, 0u, 0u, dataBytes, headerBytes, 0xAFFFFu, 0x7FFFFu, 0u, 0u, 0u, 0u})
+        Put(file, dword, 4);
     file.insert(file.end(), {1, 2, 3});
     return file;
 }
 
-Data ModuleFile()
-{
-    std::ifstream file(ToUtf8(QD_SAMPLE_PATH), std::ios::binary);
-    return Data(std::istreambuf_iterator<char>(file), {});
-}
-
 TEST(CompiledResources, DamageIsToldWithItsPlace)
 {
-    struct Row {
-        Data file;
+    constexpr char Foreign[] = "at byte 0: not a compiled resource file";
+    constexpr char NoHeader[] = "at byte 32: the header of a resource does not fit";
+    constexpr char NoData[] = "at byte 32: the data of a resource is cut off";
+    const struct {
+        std::uint32_t dataBytes, headerBytes;
+        std::size_t length;
         const char* why;
+    } rows[] = {
+        {3,          32,         0,  Foreign }, //
+        {4,          32,         67, NoData  }, //
+        {0xFFFFFFFF, 32,         67, NoData  }, //
+        {3,          0,          67, NoHeader}, //
+        {3,          0xFFFFFFFF, 67, NoHeader}, //
+        {3,          32,         40, NoHeader}, //
     };
-    Data cut = OneResource();
-    cut.resize(40);
+    std::string why;
+    for (const auto& row : rows) {
+        Data file = OneResource(row.dataBytes, row.headerBytes);
+        file.resize(row.length);
+        EXPECT_FALSE(ParseCompiledResources(file, &why));
+        EXPECT_EQ(why, row.why) << row.dataBytes << ' ' << row.headerBytes;
+    }
+    EXPECT_FALSE(ParseCompiledResources(Data(32, 0), &why));
+    EXPECT_EQ(why, Foreign);
     Data endlessName = OneResource();
     std::fill(endlessName.begin() + 40, endlessName.end(), std::uint8_t{1});
-    const Row rows[] = {
-        {{},                                                   "at byte 0: not a compiled resource file" },
-        {Data(32,                                              0),                                         "at byte 0: not a compiled resource file"},
-        {OneResource(4),                                                    "at byte 32: the data of a resource is cut off"                                                                                },
-        {OneResource(0xFFFFFFFF),                                                    "at byte 32: the data of a resource is cut off"},
-        {OneResource(3,                                                    0),                                                                                           "at byte 32: the header of a resource does not fit"},
-        {OneResource(3, 0xFFFFFFFF),"at byte 32: the header of a resource does not fit"},
-        {cut,                                         "at byte 32: the header of a resource does not fit"                                                                               },
-        {endlessName,                                                  "at byte 32: the header of a resource does not fit"},
-    };
-    for (const Row& row : rows) {
-        std::string why;
-        EXPECT_FALSE(ParseCompiledResources(row.file, &why)) << row.why;
-        EXPECT_EQ(why, row.why);
-    }
+    EXPECT_FALSE(ParseCompiledResources(endlessName, &why));
+    EXPECT_EQ(why, NoHeader);
 }
 
 TEST(ResourceSection, ForeignAndCutFilesAreRefused)
 {
-    Data file = ModuleFile();
+    std::ifstream sample(ToUtf8(QD_SAMPLE_PATH), std::ios::binary);
+    Data file(std::istreambuf_iterator<char>(sample), {});
     std::string why;
     EXPECT_FALSE(FindResourceSection(Data(100, 'x'), &why));
     EXPECT_EQ(why, "at byte 0: not an ELF file");

@@ -19,7 +19,7 @@ std::u16string Formatted(const WCHAR* format, Arguments... arguments)
     return text;
 }
 
-TEST_F(Text, FormatsIntegers)
+TEST_F(Text, IsFormatted)
 {
     EXPECT_EQ(Formatted(u"%d|%i|%u", -5, 7, 0xFFFFFFFFu), u"-5|7|4294967295");
     EXPECT_EQ(Formatted(u"%ld|%lu|%lx", -5, 7u, 0xABCDu), u"-5|7|abcd");
@@ -27,19 +27,11 @@ TEST_F(Text, FormatsIntegers)
     EXPECT_EQ(Formatted(u"%5d|%-5d|%05d|%.3d", 42, 42, -42, 7), u"   42|42   |-0042|007");
     EXPECT_EQ(Formatted(u"%d", INT32_MIN), u"-2147483648");
     EXPECT_EQ(Formatted(u"%02d/%02d/%04d", 1, 12, 2005), u"01/12/2005");
-}
-
-TEST_F(Text, FormatsTexts)
-{
     EXPECT_EQ(Formatted(u"[%s]", u"wide"), u"[wide]");
     EXPECT_EQ(Formatted(u"[%6s|%-6s|%.2s]", u"abc", u"abc", u"abc"), u"[   abc|abc   |ab]");
     EXPECT_EQ(Formatted(u"[%s]", static_cast<const WCHAR*>(nullptr)), u"[(null)]");
     EXPECT_EQ(Formatted(u"[%hs|%S|%ls]", "a\x80", "n", u"w"), u"[a\u20AC|n|w]");
     EXPECT_EQ(Formatted(u"%c%hc%C", u'x', 'y', 'z'), u"xyz");
-}
-
-TEST_F(Text, WhatIsNoConversionStandsAsItIsWritten)
-{
     EXPECT_EQ(Formatted(u"100%%|%q|%", 0), u"100%|q|");
     EXPECT_EQ(Formatted(u"%-5y"), u"-5y");
 }
@@ -52,7 +44,7 @@ TEST_F(Text, AFormattedTextEndsAt1024CharactersWithItsTerminator)
     EXPECT_EQ(Formatted(wide.c_str()).size(), 1023u);
 }
 
-TEST_F(Text, StringsBearNull)
+TEST_F(Text, IsCopiedJoinedAndComparedAndMayBeNull)
 {
     WCHAR text[8] = u"ab";
     EXPECT_EQ(lstrlenW(nullptr), 0);
@@ -62,11 +54,6 @@ TEST_F(Text, StringsBearNull)
     EXPECT_EQ(lstrcmpW(nullptr, nullptr), 0);
     EXPECT_LT(lstrcmpW(nullptr, u""), 0);
     EXPECT_EQ(std::u16string(text), u"ab");
-}
-
-TEST_F(Text, StringsAreCopiedJoinedAndCompared)
-{
-    WCHAR text[8];
     EXPECT_EQ(std::u16string(lstrcpynW(text, u"abcdef", 4)), u"abc");
     EXPECT_EQ(std::u16string(lstrcatW(text, u"de")), u"abcde");
     EXPECT_EQ(lstrlenW(text), 5);
@@ -98,34 +85,29 @@ TEST_F(Text, CodePagesGoBothWays)
     }
 }
 
-TEST_F(Text, AConversionIsCutToItsRoom)
+TEST_F(Text, AConversionIsCutToItsRoomButNotWithinACharacter)
 {
     WCHAR wide[] = u"....";
     ULONG written = 0;
     EXPECT_EQ(RtlMultiByteToUnicodeN(wide, 5, &written, "abc", 3), 0);
     EXPECT_EQ(written, 4u);
     EXPECT_EQ(std::u16string(wide), u"ab..");
-
-    CHAR narrow[] = "....";
-    EXPECT_EQ(RtlUnicodeToMultiByteN(narrow, 2, &written, u"abc", 6), 0);
-    EXPECT_EQ(written, 2u);
-    EXPECT_STREQ(narrow, "ab..");
+    for (const auto& [page, text, cut] : {
+             std::tuple{1252u,  u"abc",     "ab.."},
+             std::tuple{65001u, u"a\u00E9", "a..."}
+    }) {
+        FixedFactValues values;
+        values.codePage = page;
+        UseFacts(values);
+        EXPECT_EQ(GetACP(), page);
+        CHAR narrow[] = "....";
+        EXPECT_EQ(RtlUnicodeToMultiByteN(narrow, 2, &written, text, 4), 0);
+        EXPECT_EQ(written, std::string_view(cut).find('.'));
+        EXPECT_STREQ(narrow, cut);
+    }
 }
 
-TEST_F(Text, Utf8IsNotCutWithinACharacter)
-{
-    FixedFactValues values;
-    values.codePage = 65001;
-    UseFacts(values);
-    CHAR narrow[] = "....";
-    ULONG written = 0;
-    EXPECT_EQ(RtlUnicodeToMultiByteN(narrow, 2, &written, u"a\u00E9", 4), 0);
-    EXPECT_EQ(written, 1u);
-    EXPECT_STREQ(narrow, "a...");
-    EXPECT_EQ(GetACP(), 65001u);
-}
-
-TEST(Unicode, BrokenUtf8BecomesReplacementCharacters)
+TEST(Unicode, BrokenUtf8BecomesReplacementCharactersAndLoneSurrogatesComeBack)
 {
     struct Row {
         const char* utf8;
@@ -140,14 +122,7 @@ TEST(Unicode, BrokenUtf8BecomesReplacementCharacters)
         {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"}, // beyond the last character
     };
     for (const Row& row : Rows) EXPECT_EQ(ToWide(row.utf8), row.wide);
-}
-
-TEST(Unicode, LoneSurrogatesComeBack)
-{
-    for (const std::u16string& lone : {
-             std::u16string(1, 0xD800), std::u16string{u'a', 0xDFFF, u'b'}
-    })
-        EXPECT_EQ(ToWide(ToUtf8(lone)), lone);
+    for (const std::u16string lone : {u"\xD800", u"a\xDFFF b"}) EXPECT_EQ(ToWide(ToUtf8(lone)), lone);
 }
 
 }  // namespace
