@@ -114,9 +114,8 @@ TEST_F(JobHeader, NamesEverySystem)
 
 TEST_F(JobHeader, WhatTheSystemDoesNotTellIsLeftOut)
 {
-    platform::CurrentEnvironment().faults.Add("GetVersionExW", 1, true);
-    Machine::Fail("GetLocaleInfoW");
-    Machine::Fail("GetUserNameW");
+    for (const char* function : {"GetVersionExW", "GetLocaleInfoW", "GetUserNameW"})
+        platform::CurrentEnvironment().faults.Add(function, 1, true);
     const auto sent = Sent();
     ASSERT_EQ(sent.size(), 5u);
     EXPECT_EQ(sent[2], Padded("OS: Microsoft Windows OTH", 255));

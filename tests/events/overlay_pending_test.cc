@@ -63,7 +63,6 @@ TEST_F(OverlayPending, APrinterThatCannotBeOpenedKeepsItsFlags)
     const Bytes pending = List({1}, 1064);
     StoreList(pending, 1064);
     for (const std::uint64_t call : {1u, 2u}) {
-        platform::CurrentEnvironment().faults.Clear();
         Machine::Fail("OpenPrinterW", call);
         SetLastError(0);
         EXPECT_EQ(ResetOverlayPending(), 0);

@@ -16,7 +16,6 @@
 #include "platform/gdi/job.h"
 #include "platform/kernel/unicode.h"
 #include "platform/seams/environment.h"
-#include "platform/seams/fonts.h"
 #include "platform/seams/surface.h"
 
 namespace testing_support {
@@ -38,15 +37,10 @@ class Page : public platform::RecordingSurface {
 
 class RenderingSide : public platform::gdi::EscapeTarget {
   public:
-    RenderingSide()
-    {
-        platform::CurrentEnvironment().fonts = platform::MakeBuiltinFonts();
-        job = platform::gdi::CreateJobContext({}, std::make_shared<Page>(log), this);
-    }
+    RenderingSide() { job = platform::gdi::CreateJobContext({}, std::make_shared<Page>(log), this); }
     ~RenderingSide() override
     {
         platform::gdi::DeleteJobContext(job);
-        platform::CurrentEnvironment().fonts = nullptr;
         if (!leavesNothing) return;
         EXPECT_EQ(platform::gdi::ObjectCount(), 0u);
         EXPECT_EQ(platform::gdi::ContextCount(), 0u);

@@ -4,7 +4,6 @@
 
 #include "events/paper_metrics.h"
 #include "platform/gdi/job.h"
-#include "platform/seams/fonts.h"
 #include "platform/seams/surface.h"
 #include "settings/defaults.h"
 #include "spooler/printer_data.h"
@@ -27,7 +26,6 @@ class Stamping : public testing::Test {
   protected:
     Stamping()
     {
-        platform::CurrentEnvironment().fonts = platform::MakeBuiltinFonts();
         BuildDefaultSettings(&record, nullptr, u"", 0);
         SetFields(record, "dmWatermarkOn=1 wmSize=72 wmShading=20");
         CopyToField(record.dmWatermark.wmFaceName, 32, u"Arial");
@@ -39,8 +37,6 @@ class Stamping : public testing::Test {
     ~Stamping() override
     {
         platform::gdi::DeleteJobContext(job);
-        platform::CurrentEnvironment().trace = nullptr;
-        platform::CurrentEnvironment().fonts = nullptr;
         EXPECT_EQ(platform::gdi::ObjectCount(), 0u);
     }
     PaperMetrics Metrics(int orientation, int code, HANDLE printer = nullptr)
@@ -54,7 +50,6 @@ class Stamping : public testing::Test {
         const auto trace = std::make_shared<TraceLines>();
         platform::CurrentEnvironment().trace = trace;
         StampPage(job);
-        platform::CurrentEnvironment().trace = nullptr;
         return trace->Take();
     }
 

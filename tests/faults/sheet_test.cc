@@ -19,7 +19,7 @@
 #include "spooler/document_sheet.h"
 #include "tests/faults/every_place.h"
 #include "tests/faults/stored_lists.h"
-#include "tests/support/blank_surface.h"
+#include "tests/support/idle_desktop.h"
 #include "tests/support/records.h"
 
 namespace testing_support {
@@ -194,12 +194,10 @@ constexpr int OpeningOf(int dialog) { return -dialog; }
 
 // Takes the steps in the dialogs that they are for. A dialog that has not come up loses its steps; one that stays
 // when it should have gone is cancelled, and so is what is left at the end.
-class ScriptUser : public platform::Desktop {
+class ScriptUser : public IdleDesktop {
   public:
     explicit ScriptUser(Attempt& attempt) : attempt_(attempt) {}
     void Opened(HWND) override { shown = true; }
-    void Closed(HWND) override {}
-    void Changed(HWND) override {}
     void Run(HWND top) override
     {
         const int here = ModalDialog(top);
@@ -230,19 +228,12 @@ class ScriptUser : public platform::Desktop {
         user::Close(top);
         EXPECT_TRUE(user::Ended(top)) << here;
     }
-    std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override
-    {
-        return std::make_shared<testing_support::BlankSurface>();
-    }
-    int MessageBox(const platform::MessageBoxRequest&) override { return IDOK; }
     std::optional<std::u16string> PickFile(const platform::FileDialogRequest& request) override
     {
         const std::u16string path = QD_MODULE_PATH;
         if (request.accept && !request.accept(path)) return std::nullopt;
         return path;
     }
-    void Help(const platform::HelpRequest&) override {}
-    void Beep(UINT) override {}
 
     bool shown = false;
 

@@ -181,7 +181,7 @@ TEST(OverlayDialogs, ShowWhatTheListBoxHasRoomFor)
     dialog.Machine().Fail("LB_INSERTSTRING", 3);
     dialog.Click(IDC_EDIT_OVERLAY);
     EXPECT_EQ(dialog.List(), "<NONE> [Letterhead] NED");
-    dialog.Machine().Fail("LB_INSERTSTRING", 4);
+    dialog.Machine().Fail("LB_INSERTSTRING");
     dialog.Add(u"Contract", u"contract");
     EXPECT_EQ(dialog.List(), "<NONE> [Letterhead] NED");
     dialog.Click(IDOK);

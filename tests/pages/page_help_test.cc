@@ -137,7 +137,7 @@ TEST(Help, EveryPageDialogAndControlHasItsTopic)
             sheet.HelpOn(control);
             EXPECT_EQ(sheet.HelpSeenSoFar().back(), (HelpSeen{control, whole.file, HELP_WM_HELP, context}));
         }
-        for (const DWORD context : sheet.HelpContexts()) asked.insert(context);
+        for (const HelpSeen& seen : sheet.HelpSeenSoFar()) asked.insert(seen.context);
     }
     asked.erase(0);
     EXPECT_EQ(asked, TopicsOfTheFile());

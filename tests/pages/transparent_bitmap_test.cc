@@ -8,7 +8,7 @@
 #include "platform/seams/environment.h"
 #include "platform/user.h"
 #include "resources/control_numbers.h"
-#include "tests/support/scripted_desktop.h"
+#include "tests/support/idle_desktop.h"
 #include "tests/support/sheet_driver.h"
 
 namespace {

@@ -111,8 +111,7 @@ TEST(AnyCall, MayFailOnceAtEachPlace)
         ASSERT_GT(calls.size(), 15u);
         for (const auto& [function, count] : calls) {
             for (std::uint64_t call = 1; call <= count; ++call) {
-                faults.Clear();
-                testing_support::Machine::Fail(function.c_str(), call);
+                testing_support::Machine::Fail(function, call);
                 preview.Draw(record);
                 preview.ExpectAllGivenBack();
                 ASSERT_FALSE(testing::Test::HasFailure()) << function << ", call " << call;

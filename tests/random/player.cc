@@ -21,7 +21,7 @@
 #include "tests/random/ledger.h"
 #include "tests/random/messages.h"
 #include "tests/random/stores.h"
-#include "tests/support/blank_surface.h"
+#include "tests/support/idle_desktop.h"
 #include "tests/support/sheet_driver.h"
 #include "watermark/overlay_list.h"
 
@@ -49,7 +49,7 @@ constexpr Counter Counters[] = {
     {"registry keys",   platform::registry::OpenCount   },
 };
 
-class Player : public platform::Desktop {
+class Player : public testing_support::IdleDesktop {
   public:
     Player(Ledger& ledger, std::uint64_t seed, const std::optional<std::vector<Step>>& steps)
         : ledger_(ledger), random_(seed), given_(steps), start_(MakeStart(random_))
@@ -59,15 +59,7 @@ class Player : public platform::Desktop {
 
     void Play();
 
-    void Opened(HWND) override {}
-    void Closed(HWND) override {}
-    void Changed(HWND) override {}
-    void Help(const platform::HelpRequest&) override {}
     void Run(HWND top) override;
-    std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override
-    {
-        return std::make_shared<testing_support::BlankSurface>();
-    }
     int MessageBox(const platform::MessageBoxRequest& request) override
     {
         ++ledger_.boxes[at_];

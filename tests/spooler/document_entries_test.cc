@@ -1,8 +1,7 @@
 // The document's entries through the shared library, and its sheet as a user works it.
 #include "platform/kernel/modules.h"
-#include "platform/seams/fonts.h"
 #include "tests/spooler/printer_fixture.h"
-#include "tests/support/scripted_desktop.h"
+#include "tests/support/idle_desktop.h"
 
 namespace {
 
@@ -24,16 +23,10 @@ class DocumentEntries : public PrinterTest {
     {
         Play([](HWND) {});
     }
-    ~DocumentEntries() override
-    {
-        platform::CurrentEnvironment().desktop = nullptr;
-        platform::CurrentEnvironment().fonts = nullptr;
-        EXPECT_EQ(user::WindowCount(), 0u);
-    }
+    ~DocumentEntries() override { EXPECT_EQ(user::WindowCount(), 0u); }
     void Play(std::function<void(HWND sheet)> script)
     {
         platform::CurrentEnvironment().desktop = std::make_shared<ScriptedDesktop>(std::move(script));
-        platform::CurrentEnvironment().fonts = platform::MakeBuiltinFonts();
     }
     LONG Properties(DWORD mode, DEVMODEW* in = nullptr, bool withOutput = true)
     {

@@ -118,7 +118,7 @@ TEST_F(PrinterUpgrade, ARefreshGivesTheClientsRightsBackIfItHadThem)
     EXPECT_TRUE(DrvPrinterEvent(u"Locked", PRINTER_EVENT_CACHE_REFRESH, 0, 0));
     EXPECT_FALSE(platform::spooler::ActsAsSubsystem());
     EXPECT_EQ(faults.Calls().at("ClosePrinter"), 1u) << "opened to be used, not to be changed";
-    Machine::Fail("RevertToPrinterSelf", 2);
+    faults.Add("RevertToPrinterSelf", 2, false);
     EXPECT_TRUE(DrvPrinterEvent(u"Locked", PRINTER_EVENT_CACHE_REFRESH, 0, 0));
     EXPECT_EQ(faults.Calls().at("ImpersonatePrinterClient"), 1u);
 }
@@ -127,7 +127,6 @@ TEST_F(PrinterUpgrade, ARefreshNeedsBothOfTheSubsystemsHelpers)
 {
     Machine::Fail("GetProcAddress", 2);
     EXPECT_FALSE(DrvPrinterEvent(OfficePrinter, PRINTER_EVENT_CACHE_REFRESH, 0, 0));
-    platform::CurrentEnvironment().faults.Clear();
     Machine::Fail("LoadLibraryW");
     EXPECT_FALSE(DrvPrinterEvent(OfficePrinter, PRINTER_EVENT_CACHE_REFRESH, 0, 0));
     EXPECT_TRUE(DrvPrinterEvent(OfficePrinter, PRINTER_EVENT_INITIALIZE, 0, 0));

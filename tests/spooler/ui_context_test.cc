@@ -77,7 +77,6 @@ TEST_F(Context, IsNotOpenedByHalves)
              {"GetPrinterW", 2u},
              {"GlobalAlloc", 1u},
     }) {
-        platform::CurrentEnvironment().faults.Clear();
         Machine::Fail(function, call);
         EXPECT_EQ(Open(), nullptr) << function << call;
     }

@@ -56,9 +56,9 @@ class CustomPaperRig : public testing::Test {
         result_ = CustomPaperAccepted = -2;
         sheet_->Try([this](HWND page) {
             LoadCustomPaperList();
-            result_ = static_cast<int>(
-                DialogBoxParamW(ResourceHandle, ResourceName(IDD_CUSTOM_PAPER), page, CustomPaper_DlgProc, 0));
-            return platform::user::Outcome::Done;
+            const WCHAR* const layout = ResourceName(IDD_CUSTOM_PAPER);
+            result_ = static_cast<int>(DialogBoxParamW(ResourceHandle, layout, page, CustomPaper_DlgProc, 0));
+            return user::Outcome::Done;
         });
         return *sheet_;
     }
@@ -82,11 +82,10 @@ class CustomPaperRig : public testing::Test {
     std::string Names()
     {
         std::string names;
-        const auto rows = Dialog().Rows(IDC_CP_LIST);
-        const int selected = Dialog().SelectedRow(IDC_CP_LIST);
-        for (int row = 0; row < static_cast<int>(rows.size()); ++row)
-            names += (row == selected ? "*" : "") + platform::ToUtf8(rows[static_cast<std::size_t>(row)][0]) + "/";
-        EXPECT_EQ(WorkListCount(), static_cast<int>(rows.size()));
+        int row = 0;
+        for (const auto& cells : Dialog().Rows(IDC_CP_LIST))
+            names += (row++ == Dialog().SelectedRow(IDC_CP_LIST) ? "*" : "") + platform::ToUtf8(cells[0]) + "/";
+        EXPECT_EQ(WorkListCount(), row);
         return names;
     }
     std::string Size(int row = 0)
@@ -98,21 +97,22 @@ class CustomPaperRig : public testing::Test {
     {
         const bool inches = Dialog().Checked(IDC_CP_UNIT_INCH);
         std::string shown = platform::ToUtf8(Dialog().Text(IDC_CP_NAME)) + ":";
-        const std::vector<int> fields = inches ? std::vector{IDC_CP_WIDTH_INCH, IDC_CP_WIDTH_SIXTEENTHS,
-                                                             IDC_CP_HEIGHT_INCH, IDC_CP_HEIGHT_SIXTEENTHS}
-                                               : std::vector{IDC_CP_WIDTH_MM, IDC_CP_HEIGHT_MM};
+        std::vector fields = {IDC_CP_WIDTH_MM, IDC_CP_HEIGHT_MM};
+        if (inches) fields = {IDC_CP_WIDTH_INCH, IDC_CP_WIDTH_SIXTEENTHS, IDC_CP_HEIGHT_INCH, IDC_CP_HEIGHT_SIXTEENTHS};
         for (const int field : fields) shown += " " + platform::ToUtf8(Dialog().Text(field));
         return shown;
     }
     // New, Delete, list, name, unit, OK as letters, those that can be used.
     std::string Usable()
     {
-        std::string usable;
-        for (const auto& [control, letter] :
-             {std::pair(IDC_CP_NEW, 'N'), std::pair(IDC_CP_DELETE, 'D'), std::pair(IDC_CP_LIST, 'l'),
-              std::pair(IDC_CP_NAME, 'n'), std::pair(IDC_CP_UNIT_MM, 'u'), std::pair(IDOK, 'O')})
-            if (Dialog().Enabled(control)) usable += letter;
-        return usable;
+        return Dialog().Usable({
+            {'N', IDC_CP_NEW    },
+            {'D', IDC_CP_DELETE },
+            {'l', IDC_CP_LIST   },
+            {'n', IDC_CP_NAME   },
+            {'u', IDC_CP_UNIT_MM},
+            {'O', IDOK          }
+        });
     }
 
     int result_ = -2;

@@ -1,12 +1,10 @@
 // Stored custom sizes for tests.
 #pragma once
 
-#include <cstring>
-#include <initializer_list>
 #include <string_view>
 
 #include "spooler/stored_records.h"
-#include "tests/support/machine.h"
+#include "tests/support/stored_bytes.h"
 
 namespace testing_support {
 
@@ -24,45 +22,25 @@ inline CustomPaperEntry Entry(SHORT code, std::u16string_view name, SHORT unit, 
     return entry;
 }
 
-inline platform::Bytes DwordBytes(DWORD value)
-{
-    platform::Bytes bytes(4);
-    std::memcpy(bytes.data(), &value, 4);
-    return bytes;
-}
-
-// Puts bytes into the slot as they are, with a length of their own.
-inline void StorePapers(Machine& machine, const platform::Bytes& bytes, DWORD length,
+inline void StorePapers(platform::PrinterStore& store, const platform::Bytes& bytes, DWORD length,
                         const std::u16string& printer = OfficePrinter)
 {
-    machine.store->SetValue(printer, u"CustomPaperDataSize", {4, DwordBytes(length)});
-    machine.store->SetValue(printer, u"CustomPaperData", {3, bytes});
+    StoreSized(store, printer, u"CustomPaperData", bytes, length);
 }
-
-inline platform::Bytes PaperBytes(const std::vector<CustomPaperEntry>& entries)
-{
-    platform::Bytes bytes(entries.size() * sizeof(CustomPaperEntry));
-    if (!entries.empty()) std::memcpy(bytes.data(), entries.data(), bytes.size());
-    return bytes;
-}
-
-inline void StorePapers(Machine& machine, const std::vector<CustomPaperEntry>& entries,
+inline platform::Bytes PaperBytes(const std::vector<CustomPaperEntry>& entries) { return RowBytes(entries); }
+inline void StorePapers(platform::PrinterStore& store, const std::vector<CustomPaperEntry>& entries,
                         const std::u16string& printer = OfficePrinter)
 {
-    const platform::Bytes bytes = PaperBytes(entries);
-    StorePapers(machine, bytes, static_cast<DWORD>(bytes.size()), printer);
+    StorePapers(store, PaperBytes(entries), static_cast<DWORD>(entries.size() * sizeof entries[0]), printer);
 }
 
 // What is stored, as many whole records as its size says.
-inline std::vector<CustomPaperEntry> PapersOf(Machine& machine, const std::u16string& printer = OfficePrinter)
+inline std::vector<CustomPaperEntry> PapersOf(platform::PrinterStore& store,
+                                              const std::u16string& printer = OfficePrinter)
 {
-    const platform::Bytes size = machine.store->Value(printer, u"CustomPaperDataSize").value().bytes;
-    const platform::Bytes bytes = machine.store->Value(printer, u"CustomPaperData").value().bytes;
-    DWORD length = 0;
-    std::memcpy(&length, size.data(), sizeof length);
-    std::vector<CustomPaperEntry> entries(length / sizeof(CustomPaperEntry));
-    if (!entries.empty()) std::memcpy(entries.data(), bytes.data(), length);
-    return entries;
+    platform::Bytes bytes = StoredBytes(store, printer, u"CustomPaperData");
+    bytes.resize(StoredSize(store, printer, u"CustomPaperData"));
+    return RowsIn<CustomPaperEntry>(bytes);
 }
 
 }  // namespace testing_support

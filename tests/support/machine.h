@@ -1,10 +1,12 @@
-// A machine for tests without windows: one printer in a store in memory, and facts to choose from.
+// A machine for tests without windows: one printer in a store in memory, built-in fonts, and facts to choose from.
+// With it all goes that tests plug into the environment.
 #pragma once
 
 #include <memory>
 #include <string>
 
 #include "platform/seams/environment.h"
+#include "platform/seams/fonts.h"
 #include "platform/seams/memory_stores.h"
 #include "platform/seams/system_facts.h"
 
@@ -16,13 +18,14 @@ inline constexpr int UnitedStates = 1, Germany = 49;  // countries
 
 class Machine {
   public:
-    explicit Machine(platform::FixedFactValues facts = {},
-                     platform::PrinterEntry printer = {OfficePrinter, OfficeDriver})
+    explicit Machine(const platform::FixedFactValues& facts = {},
+                     const platform::PrinterEntry& printer = {OfficePrinter, OfficeDriver})
     {
         store->Add(printer);
         platform::Environment& environment = platform::CurrentEnvironment();
         environment.printers = store;
         environment.registry = store;
+        environment.fonts = platform::MakeBuiltinFonts();
         environment.facts = platform::MakeFixedFacts(facts);
         environment.faults.Clear();
     }
@@ -32,6 +35,9 @@ class Machine {
         environment.faults.Clear();
         environment.printers = nullptr;
         environment.registry = nullptr;
+        environment.fonts = nullptr;
+        environment.desktop = nullptr;
+        environment.trace = nullptr;
         environment.facts = platform::MakeFixedFacts({});
     }
     Machine(const Machine&) = delete;
@@ -43,11 +49,13 @@ class Machine {
         facts.country = country;
         return facts;
     }
-    // The call-th call of a platform function fails.
-    static void Fail(const char* function, std::uint64_t call = 1)
+    // From now on the call-th call of a platform function fails, and no other.
+    static void Fail(const std::string& function, std::uint64_t call = 1)
     {
+        platform::CurrentEnvironment().faults.Clear();
         platform::CurrentEnvironment().faults.Add(function, call, false);
     }
+    operator platform::PrinterStore&() const { return *store; }
 
     std::shared_ptr<platform::MemoryStore> store = std::make_shared<platform::MemoryStore>();
 };

@@ -64,11 +64,11 @@ class OverlaySheet : private NoBlocksLeft, public FormsFolder, public SetupSheet
     // "NED": New, Edit and Delete, where they can be used.
     std::string Usable()
     {
-        std::string usable;
-        if (Enabled(IDC_OVL_NEW)) usable += 'N';
-        if (Enabled(IDC_OVL_EDIT)) usable += 'E';
-        if (Enabled(IDC_OVL_DELETE)) usable += 'D';
-        return usable;
+        return Sheet::Usable({
+            {'N', IDC_OVL_NEW   },
+            {'E', IDC_OVL_EDIT  },
+            {'D', IDC_OVL_DELETE}
+        });
     }
     std::u16string File() { return Settings().dmOverlayFile; }
 };

@@ -1,12 +1,10 @@
 // Stored form overlays for tests.
 #pragma once
 
-#include <cstring>
 #include <string_view>
-#include <vector>
 
 #include "spooler/stored_records.h"
-#include "tests/support/machine.h"
+#include "tests/support/stored_bytes.h"
 
 namespace testing_support {
 
@@ -23,9 +21,9 @@ inline OverlayEntry Overlay(std::u16string_view name, std::u16string_view path, 
 // The list as it is stored: the number in front, then the rows.
 inline platform::Bytes OverlayBytes(const std::vector<OverlayEntry>& rows, DWORD index = 0)
 {
-    platform::Bytes bytes(4 + rows.size() * sizeof(OverlayEntry));
-    std::memcpy(bytes.data(), &index, 4);
-    if (!rows.empty()) std::memcpy(bytes.data() + 4, rows.data(), rows.size() * sizeof(OverlayEntry));
+    platform::Bytes bytes = DwordBytes(index);
+    const platform::Bytes list = RowBytes(rows);
+    bytes.insert(bytes.end(), list.begin(), list.end());
     return bytes;
 }
 
@@ -35,16 +33,7 @@ inline void StoreOverlays(platform::PrinterStore& store, const char16_t* printer
 {
     platform::Bytes bytes = OverlayBytes(rows);
     if (length < bytes.size()) bytes.resize(length);
-    const auto size = static_cast<DWORD>(bytes.size());
-    platform::Bytes sizeBytes(4);
-    std::memcpy(sizeBytes.data(), &size, 4);
-    store.SetValue(printer, u"OverlayDataSize", {4, sizeBytes});
-    store.SetValue(printer, u"OverlayData", {3, bytes});
-}
-inline void StoreOverlays(Machine& machine, const char16_t* printer, const std::vector<OverlayEntry>& rows,
-                          std::size_t length = static_cast<std::size_t>(-1))
-{
-    StoreOverlays(*machine.store, printer, rows, length);
+    StoreSized(store, printer, u"OverlayData", bytes, static_cast<DWORD>(bytes.size()));
 }
 
 struct StoredOverlays {
@@ -53,18 +42,12 @@ struct StoredOverlays {
     std::vector<OverlayEntry> rows;
 };
 
-inline StoredOverlays OverlaysOf(Machine& machine, const char16_t* printer)
+inline StoredOverlays OverlaysOf(platform::PrinterStore& store, const char16_t* printer)
 {
-    StoredOverlays stored;
-    const auto size = machine.store->Value(printer, u"OverlayDataSize");
-    const auto list = machine.store->Value(printer, u"OverlayData");
-    if (size && size->bytes.size() == 4) std::memcpy(&stored.size, size->bytes.data(), 4);
-    if (!list || list->bytes.size() < 4 || stored.size < 4) return stored;
-    std::memcpy(&stored.index, list->bytes.data(), 4);
-    stored.rows.resize((list->bytes.size() - 4) / sizeof(OverlayEntry));
-    if (!stored.rows.empty())
-        std::memcpy(stored.rows.data(), list->bytes.data() + 4, stored.rows.size() * sizeof(OverlayEntry));
-    return stored;
+    const platform::Bytes list = StoredBytes(store, printer, u"OverlayData");
+    const DWORD size = StoredSize(store, printer, u"OverlayData");
+    if (size < 4 || list.size() < 4) return {size, 0, {}};
+    return {size, RowsIn<DWORD>(list)[0], RowsIn<OverlayEntry>(list, 4)};
 }
 
 }  // namespace testing_support

@@ -60,7 +60,7 @@ class PaperSheet : public WatchedSheet {
     {
         Try([&](HWND page) {
             code(page);
-            return platform::user::Outcome::Done;
+            return user::Outcome::Done;
         });
     }
 

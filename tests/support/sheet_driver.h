@@ -10,22 +10,19 @@
 
 #include <condition_variable>
 #include <deque>
-#include <functional>
-#include <memory>
 #include <mutex>
-#include <string>
-#include <string_view>
 #include <thread>
 #include <vector>
 
 #include "driver_dev_mode.h"
-#include "platform/seams/desktop.h"
-#include "platform/seams/surface.h"
-#include "platform/user/actions.h"
+#include "module.h"
+#include "tests/support/idle_desktop.h"
 #include "tests/support/machine.h"
 #include "tests/support/trace_text.h"
 
 namespace testing_support {
+
+namespace user = platform::user;
 
 inline constexpr WCHAR TestPrinter[] = u"Ordana Quillet 4820E";
 // A tab of the driver's own before the module's pages, so that no page of the module is the first, and to
@@ -42,13 +39,9 @@ struct HelpSeen {
 };
 
 // Works off steps from another thread.
-class SteppedDesktop : public platform::Desktop {
+class SteppedDesktop : public IdleDesktop {
   public:
-    void Opened(HWND) override {}
-    void Closed(HWND) override {}
     void Run(HWND top) override;
-    void Changed(HWND) override {}
-    std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override;
     int MessageBox(const platform::MessageBoxRequest& request) override;
     // Offers the answers in their turn until one is accepted; without one the dialog is cancelled.
     std::optional<std::u16string> PickFile(const platform::FileDialogRequest& request) override;
@@ -85,15 +78,14 @@ class SteppedDesktop : public platform::Desktop {
 class TestMachine : public Machine {
   public:
     explicit TestMachine(const platform::FixedFactValues& facts = {});
-    ~TestMachine();
 
     SteppedDesktop& Desktop() { return *desktop_; }
     TraceLines& Trace() { return *trace_; }
-    HMODULE Module() const;  // the library, where the resources are
+    HMODULE Module() const { return ResourceHandle; }  // the library, where the resources are
 
   private:
-    std::shared_ptr<SteppedDesktop> desktop_;
-    std::shared_ptr<TraceLines> trace_;
+    std::shared_ptr<SteppedDesktop> desktop_ = std::make_shared<SteppedDesktop>();
+    std::shared_ptr<TraceLines> trace_ = std::make_shared<TraceLines>();
 };
 
 class Sheet {
@@ -110,67 +102,90 @@ class Sheet {
 
     // Steps.
     Sheet& Page(std::u16string_view title);
-    Sheet& Click(int control);
-    Sheet& Choose(int control, int row);
+    Sheet& Click(int control) { return On("click", control, user::Click); }
+    Sheet& Choose(int control, int row) { return On("choose", control, user::Pick, row); }
     Sheet& Choose(int control, std::u16string_view text);
-    Sheet& Type(int control, std::u16string_view text);
-    Sheet& Append(int control, std::u16string_view text);
-    Sheet& Paste(int control, std::u16string_view text);
+    Sheet& Type(int control, std::u16string_view text) { return On("type", control, user::Type, text); }
+    Sheet& Append(int control, std::u16string_view text) { return On("append to", control, user::Append, text); }
+    Sheet& Paste(int control, std::u16string_view text) { return On("paste into", control, user::Paste, text); }
     Sheet& Spin(int upDown, bool up, int times = 1);
-    Sheet& Row(int listView, int row);
-    Sheet& Focus(int control);
-    Sheet& Press(platform::user::Key key);
+    Sheet& Row(int listView, int row) { return On("row of", listView, user::SelectRow, row); }
+    Sheet& Focus(int control) { return On("focus", control, user::Focus); }
+    Sheet& HelpOn(int control) { return On("help on", control, user::ContextHelp); }
+    Sheet& Press(user::Key key);
     Sheet& CloseDialog();  // the close box of the dialog on top
-    Sheet& Apply();
-    Sheet& PressHelp();
-    Sheet& HelpOn(int control);
-    DriverDevMode Ok();                                        // the published record
-    DriverDevMode Cancel();                                    // what an earlier Apply has published; zeros if none did
-    LRESULT Send(UINT message, WPARAM wParam, LPARAM lParam);  // to the page's procedure, and what it returns
-    LRESULT Notice(int control, int code);                     // as if the control had sent it
-    platform::user::Outcome Try(std::function<platform::user::Outcome(HWND page)> action);
+    Sheet& Apply() { return PressButton(user::SheetButton::Apply); }
+    Sheet& PressHelp() { return PressButton(user::SheetButton::Help); }
+    DriverDevMode Ok() { return End(user::SheetButton::Ok); }          // the published record
+    DriverDevMode Cancel() { return End(user::SheetButton::Cancel); }  // what an earlier Apply has published, or zeros
+    LRESULT Send(UINT message, WPARAM wParam, LPARAM lParam);          // to the page's procedure, and what it returns
+    LRESULT Notice(int control, int code);                             // as if the control had sent it
+    user::Outcome Try(std::function<user::Outcome(HWND page)> action);
 
     // What the page and the sheet show.
-    std::vector<std::u16string> Items(int control);
-    std::vector<LPARAM> ItemData(int control);
-    int Selection(int control);
-    bool Enabled(int control);
-    bool Checked(int control);
-    std::u16string Text(int control);
-    HWND Handle(int control);
+    std::vector<std::u16string> Items(int control) { return OfItems(control, &user::ListItem::text); }
+    std::vector<LPARAM> ItemData(int control) { return OfItems(control, &user::ListItem::data); }
+    int Selection(int control) { return Of(control, &user::ListState::selection, -1); }
+    bool Enabled(int control) { return Of(control, &user::Window::enabled); }
+    bool Checked(int control) { return Of(control, &user::ButtonState::check) != 0; }
+    // The letters of those that can be used.
+    std::string Usable(std::initializer_list<std::pair<char, int>> controls)
+    {
+        std::string usable;
+        for (const auto& [letter, control] : controls)
+            if (Enabled(control)) usable += letter;
+        return usable;
+    }
+    std::u16string Text(int control) { return Of(control, &user::Window::text); }
+    HWND Handle(int control) { return Of(control, &user::Window::handle); }
     std::vector<std::vector<std::u16string>> Rows(int listView);
-    int SelectedRow(int listView);  // -1: none
-    int Template();                 // of the page or dialog on top
-    int Changes();                  // words that an option has changed
+    int SelectedRow(int listView);                                        // -1: none
+    int Template() { return Of(0, &user::DialogState::templateNumber); }  // of the page or dialog on top
+    int Changes();                                                        // words that an option has changed
 
     DriverDevMode Settings();  // the record that the pages edit
     // Changes that record behind the pages' backs, as another page does.
     Sheet& Change(const Prepare& change);
     DriverDevMode Published() const { return published_; }
     std::vector<std::string> Drawn();  // calls since the last question
-    std::vector<DWORD> HelpContexts()  // all that have been asked for
-    {
-        std::vector<DWORD> contexts;
-        for (const HelpSeen& seen : HelpSeenSoFar()) contexts.push_back(seen.context);
-        return contexts;
-    }
     const std::vector<HelpSeen>& HelpSeenSoFar() { return machine_.Desktop().helpSeen; }
     TestMachine& Machine() { return machine_; }
 
   private:
     void Run(const Prepare& prepare);
     void Step(std::function<void(HWND sheet, HWND page)> step);
-    void Act(const std::string& what, std::function<platform::user::Outcome(HWND sheet, HWND page)> action);
+    Sheet& Act(const std::string& what, std::function<user::Outcome(HWND sheet, HWND page)> action);
     // A step of the user on a control.
-    template <class Action>
-    Sheet& On(const char* verb, int control, Action action);
-    // What is read of a window that has such a state, else the other value.
-    template <class State, class Value, class Read>
-    Value Of(std::function<HWND(HWND page)> place, Value otherwise, Read read);
-    template <class State, class Value, class Read>
-    Value Of(int control, Value otherwise, Read read);
-    Sheet& PressButton(platform::user::SheetButton button);
-    DriverDevMode End(platform::user::SheetButton button);
+    template <class Action, class... Arguments>
+    Sheet& On(const char* verb, int control, Action action, Arguments... arguments)
+    {
+        return Act(verb + std::string(" ") + std::to_string(control),
+                   [=](HWND, HWND page) { return action(user::Control(page, control), arguments...); });
+    }
+    // What a control (0: the page) holds itself, or in the state of its kind; the other value without such a one.
+    template <class State, class Value>
+    Value Of(int control, Value State::*member, Value otherwise = {})
+    {
+        Step([&](HWND, HWND page) {
+            const user::Window* window = user::Find(control != 0 ? user::Control(page, control) : page);
+            const State* state = nullptr;
+            if constexpr (std::is_same_v<State, user::Window>)
+                state = window;
+            else
+                state = window ? window->As<State>() : nullptr;
+            if (state) otherwise = state->*member;
+        });
+        return otherwise;
+    }
+    template <class Value>
+    std::vector<Value> OfItems(int control, Value user::ListItem::*member)
+    {
+        std::vector<Value> values;
+        for (const user::ListItem& item : Of(control, &user::ListState::items)) values.push_back(item.*member);
+        return values;
+    }
+    Sheet& PressButton(user::SheetButton button);
+    DriverDevMode End(user::SheetButton button);
 
     TestMachine machine_;
     DriverDevMode published_{};

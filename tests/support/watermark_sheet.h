@@ -41,28 +41,30 @@ class WatermarkSheet : public SetupSheet {
     // The list box, the selected row in brackets; then the names in memory if these differ.
     std::string List()
     {
-        const auto items = Items(IDC_WM_LIST);
-        std::string shown, held;
-        const int selected = Selection(IDC_WM_LIST);
-        for (int i = 0; i < static_cast<int>(items.size()); ++i) {
-            const std::string text = platform::ToUtf8(items[static_cast<std::size_t>(i)]);
-            shown += (i ? " " : "") + (i == selected ? "[" + text + "]" : text);
-        }
+        const auto line = [](const std::vector<std::u16string>& names, int selected) {
+            std::string text;
+            for (const std::u16string& name : names) {
+                text += (text.empty() ? "" : " ") + platform::ToUtf8(selected == 0 ? u"[" + name + u"]" : name);
+                --selected;
+            }
+            return text;
+        };
+        std::vector<std::u16string> names;
         for (int i = 0; const WatermarkRecord* row = WatermarkRowAt(i); ++i) {
-            const std::string name = platform::ToUtf8(row->wmName);
-            held += (i ? " " : "") + (i == WatermarkIndex ? "[" + name + "]" : name);
-            EXPECT_EQ(name, platform::ToUtf8(WatermarkNames[static_cast<std::size_t>(i)])) << i;
+            names.emplace_back(row->wmName);
+            EXPECT_EQ(names.back(), WatermarkNames[static_cast<std::size_t>(i)]) << i;
         }
+        const std::string shown = line(Items(IDC_WM_LIST), Selection(IDC_WM_LIST)), held = line(names, WatermarkIndex);
         return shown == held ? shown : shown + " | " + held;
     }
     // "NDE": New, Delete, the editor's name field, where they can be used.
     std::string Usable()
     {
-        std::string usable;
-        if (Enabled(IDC_WM_NEW)) usable += 'N';
-        if (Enabled(IDC_WM_DELETE)) usable += 'D';
-        if (Enabled(IDC_WM_NAME)) usable += 'E';
-        return usable;
+        return Sheet::Usable({
+            {'N', IDC_WM_NEW   },
+            {'D', IDC_WM_DELETE},
+            {'E', IDC_WM_NAME  }
+        });
     }
     std::string Said()
     {
@@ -81,10 +83,9 @@ class WatermarkSheet : public SetupSheet {
         for (const int control : {IDC_WM_SHADING, IDC_WM_SIZE, IDC_WM_VERTICAL, IDC_WM_HORIZONTAL, IDC_WM_ANGLE})
             fields += Field(control) + " ";
         fields += Row(IDC_WM_FACE) + " ";
-        for (const auto& [control, letter] :
-             {std::pair(IDC_WM_BOLD, 'B'), std::pair(IDC_WM_ITALIC, 'I'), std::pair(IDC_WM_USER_POSITION, 'U')})
-            if (Checked(control)) fields += letter;
-        return fields;
+        if (Checked(IDC_WM_BOLD)) fields += 'B';
+        if (Checked(IDC_WM_ITALIC)) fields += 'I';
+        return fields + (Checked(IDC_WM_USER_POSITION) ? "U" : "");
     }
     std::string Field(int control) { return platform::ToUtf8(Text(control)); }
     bool HasFocus(int control)
@@ -93,7 +94,7 @@ class WatermarkSheet : public SetupSheet {
         HWND focus = nullptr;
         Try([&focus](HWND) {
             focus = GetFocus();
-            return platform::user::Outcome::Done;
+            return user::Outcome::Done;
         });
         return focus == handle;
     }

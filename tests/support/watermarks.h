@@ -1,12 +1,12 @@
 // Stored watermarks for tests.
 #pragma once
 
-#include <cstring>
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "platform/kernel/unicode.h"
-#include "tests/support/machine.h"
+#include "tests/support/stored_bytes.h"
 
 namespace testing_support {
 
@@ -16,7 +16,7 @@ struct StoredWatermark {
 };
 
 // Puts texts into the three values as they are, as many characters as there is room for.
-inline void StoreWatermarks(Machine& machine, std::u16string_view texts, std::u16string_view names,
+inline void StoreWatermarks(platform::PrinterStore& store, std::u16string_view texts, std::u16string_view names,
                             std::u16string_view attributes, const std::u16string& printer = OfficePrinter)
 {
     for (const auto& [name, text] : {
@@ -26,11 +26,12 @@ inline void StoreWatermarks(Machine& machine, std::u16string_view texts, std::u1
     }) {
         platform::Bytes bytes(3000);
         std::memcpy(bytes.data(), text.data(), std::min(bytes.size(), 2 * text.size()));
-        machine.store->SetValue(printer, name, {3, bytes});
+        store.SetValue(printer, name, {3, bytes});
     }
 }
 
-inline void StoreWatermarks(Machine& machine, const std::vector<StoredWatermark>& rows, const std::u16string& printer)
+inline void StoreWatermarks(platform::PrinterStore& store, const std::vector<StoredWatermark>& rows,
+                            const std::u16string& printer)
 {
     const std::string count = std::to_string(rows.size()) + "\r\n";
     std::u16string texts(count.begin(), count.end()), names = texts, attributes;
@@ -39,16 +40,15 @@ inline void StoreWatermarks(Machine& machine, const std::vector<StoredWatermark>
         names += row.name + u"\r\n";
         attributes += row.attributes + u"\r\n";
     }
-    StoreWatermarks(machine, texts, names, attributes, printer);
+    StoreWatermarks(store, texts, names, attributes, printer);
 }
 
 // A stored value up to its terminator, with '/' at the line ends.
-inline std::string StoredLines(Machine& machine, const char16_t* name, const std::u16string& printer = OfficePrinter)
+inline std::string StoredLines(platform::PrinterStore& store, const char16_t* name,
+                               const std::u16string& printer = OfficePrinter)
 {
-    const platform::Bytes bytes = machine.store->Value(printer, name).value().bytes;
-    std::u16string text(bytes.size() / 2, u'\0');
-    std::memcpy(text.data(), bytes.data(), text.size() * 2);
-    std::string lines = platform::ToUtf8(text.substr(0, text.find(u'\0')));
+    const auto text = RowsIn<char16_t>(StoredBytes(store, printer, name));
+    std::string lines = platform::ToUtf8(std::u16string(text.begin(), std::ranges::find(text, u'\0')));
     for (std::size_t at; (at = lines.find("\r\n")) != std::string::npos;) lines.replace(at, 2, "/");
     return lines;
 }

@@ -5,7 +5,6 @@
 #include <array>
 
 #include "platform/gdi/job.h"
-#include "platform/seams/fonts.h"
 #include "tests/support/machine.h"
 #include "tests/support/records.h"
 #include "watermark/face_list.h"
@@ -19,7 +18,6 @@ class Placement : public testing::Test {
   protected:
     Placement()
     {
-        platform::CurrentEnvironment().fonts = platform::MakeBuiltinFonts();
         watermark.wmSize = 72;
         CopyToField(watermark.wmFaceName, 32, u"Times New Roman");
         CopyToField(watermark.wmText, 73, u"DRAFT");
@@ -28,7 +26,6 @@ class Placement : public testing::Test {
     {
         EXPECT_EQ(platform::gdi::ContextCount(), 0u);
         EXPECT_EQ(platform::gdi::ObjectCount(), 0u);
-        platform::CurrentEnvironment().fonts = nullptr;
     }
     bool Place(LONG resolution = 300)
     {
