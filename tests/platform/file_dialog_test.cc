@@ -55,9 +55,8 @@ class FileDialog : public testing::Test {
         // The first of the offered names that is accepted.
         desktop_->pick = [this](const FileDialogRequest& request) -> std::optional<std::u16string> {
             request_ = request;
-            for (const auto& name : offered_) {
+            for (const auto& name : offered_)
                 if (request.accept(name)) return name;
-            }
             return std::nullopt;
         };
     }
@@ -67,12 +66,6 @@ class FileDialog : public testing::Test {
     {
         offered_ = std::move(offered);
         return GetSaveFileNameW(&dialog_);
-    }
-    BOOL Open(std::vector<std::u16string> offered)
-    {
-        offered_ = std::move(offered);
-        dialog_.Flags |= OFN_FILEMUSTEXIST;
-        return GetOpenFileNameW(&dialog_);
     }
     std::u16string Within(const char16_t* name) const { return folderText_ + u"/" + name; }
 
@@ -109,42 +102,32 @@ TEST_F(FileDialog, GivesTheWholePathWithTheDefaultExtension)
     EXPECT_EQ(file_[0], Within(u"a.oxl").size() + 1) << "what the buffer would have to hold";
 }
 
-TEST_F(FileDialog, ShowsTheHookWhatWasPickedCutToItsRoom)
+TEST_F(FileDialog, LetsTheHookRefuseWhatItIsShownCutToItsRoom)
 {
-    EXPECT_TRUE(Save({u"form.a"}));
-    EXPECT_EQ(seen.name, u"form.a");
+    seen.refused = u"formula";
+    EXPECT_FALSE(Save({u"formulary.oxl"}));
     EXPECT_EQ(seen.folder, folderText_);
     EXPECT_EQ(seen.data, 5);
-    EXPECT_TRUE(Save({u"formulary.oxl"}));
-    EXPECT_EQ(seen.name, u"formula");
+    EXPECT_TRUE(Save({u"formulary.oxl", u"form.a"}));
+    EXPECT_EQ(seen.name, u"form.a");
 }
 
-TEST_F(FileDialog, StaysWhenTheHookRefuses)
+TEST_F(FileDialog, RefusesWhatIsNoFileOfAFolderAndAsksBeforeItReplacesOne)
 {
-    seen.refused = u"a.oxl";
-    EXPECT_TRUE(Save({u"a", u"b"}));
-    EXPECT_EQ(std::u16string(file_), Within(u"b.oxl"));
-}
-
-TEST_F(FileDialog, AsksBeforeItReplacesAFile)
-{
-    EXPECT_FALSE(Save({u"old.oxl"}));
-    ASSERT_EQ(desktop_->boxes.size(), 1U);
-    EXPECT_EQ(desktop_->boxes[0].style, MB_OKCANCEL | MB_ICONEXCLAMATION);
+    EXPECT_FALSE(Save({u"", u"missing/a", folderText_, u"b/", std::u16string(u"a\0b", 3), u"old.oxl"}));
+    ASSERT_EQ(desktop_->boxes.size(), 6U);
+    EXPECT_EQ(desktop_->boxes[5].style, MB_OKCANCEL | MB_ICONEXCLAMATION);
     desktop_->answer = IDOK;
     EXPECT_TRUE(Save({u"old.oxl"}));
 }
 
-TEST_F(FileDialog, RefusesWhatIsNoFileOfAFolder)
-{
-    EXPECT_FALSE(Save({u"", u"missing/a", folderText_, u"b/", std::u16string(u"a\0b", 3)}));
-    EXPECT_EQ(desktop_->boxes.size(), 5U);
-}
-
 TEST_F(FileDialog, OpensOnlyWhatExists)
 {
-    EXPECT_FALSE(Open({u"a.oxl"}));
-    EXPECT_TRUE(Open({u"old"}));
+    dialog_.Flags |= OFN_FILEMUSTEXIST;
+    offered_ = {u"a.oxl"};
+    EXPECT_FALSE(GetOpenFileNameW(&dialog_));
+    offered_ = {u"old"};
+    EXPECT_TRUE(GetOpenFileNameW(&dialog_));
     EXPECT_EQ(std::u16string(file_), Within(u"old.oxl"));
 }
 

@@ -50,7 +50,9 @@ TEST_F(Memory, WhatIsNoBlockIsRefusedAndNotFollowed)
     GlobalFree(freedHandle);
     int local = 0;
     for (HGLOBAL bad : {freed, freedHandle, static_cast<HGLOBAL>(&local), reinterpret_cast<HGLOBAL>(6000002)}) {
+        SetLastError(0);
         EXPECT_EQ(GlobalFree(bad), bad);
+        EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
         EXPECT_EQ(Refusal(GlobalLock(bad)), ERROR_INVALID_HANDLE);
     }
     EXPECT_EQ(GlobalFree(nullptr), nullptr);

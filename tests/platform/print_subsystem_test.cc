@@ -93,6 +93,7 @@ TEST_F(PrintSubsystem, ValuesAreWrittenByRightAndAsFarAsTheStoreCan)
     full->Add({Printer, u"Quillet", true});
     CurrentEnvironment().printers = full;
     EXPECT_EQ(SetPrinterDataW(printer, name, REG_DWORD, data, 1), ERROR_GEN_FAILURE);
+    EXPECT_EQ(GetLastError(), ERROR_GEN_FAILURE);
 }
 
 // Asks for the size first and then, as a byte less is not enough, for the block, which starts with what is told.

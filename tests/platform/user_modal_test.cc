@@ -1,9 +1,12 @@
 // Modal dialogs: from template to end, and what lies below meanwhile.
 #include <gmock/gmock.h>
 
+#include <array>
+
 #include "platform/kernel.h"
 #include "platform/kernel/modules.h"
 #include "platform/seams/environment.h"
+#include "tests/platform/fresh_environment.h"
 #include "tests/platform/user_rig.h"
 
 namespace user_tests {
@@ -59,24 +62,13 @@ TEST(Modal, IsCancelledWhenTheDesktopGivesUp)
 TEST(Modal, FailsWithAReason)
 {
     Rig rig({});
-    const struct {
-        int number;
-        HWND owner;
-        DWORD error;
-    } rows[] = {
-        {999, nullptr,                          ERROR_RESOURCE_NAME_NOT_FOUND},
-        {102, nullptr,                          ERROR_INVALID_PARAMETER      },
-        {103, nullptr,                          1407                         },
-        {101, reinterpret_cast<HWND>(0x123456), ERROR_INVALID_WINDOW_HANDLE  },
-    };
-    for (const auto& row : rows) {
-        SetLastError(0);
-        EXPECT_EQ(RunBox(row.owner, row.number), -1);
-        EXPECT_EQ(GetLastError(), row.error) << row.number;
-    }
+    const auto refusal = [](HWND owner, int number) { return platform::Refusal(RunBox(owner, number) + 1); };
+    EXPECT_EQ(refusal(nullptr, 999), ERROR_RESOURCE_NAME_NOT_FOUND);
+    EXPECT_EQ(refusal(nullptr, 102), ERROR_INVALID_PARAMETER) << "ends within its counts";
+    EXPECT_EQ(refusal(nullptr, 103), 1407u) << "of an unknown class";
+    EXPECT_EQ(refusal(reinterpret_cast<HWND>(0x123456), 101), ERROR_INVALID_WINDOW_HANDLE);
     platform::CurrentEnvironment().desktop = nullptr;
-    EXPECT_EQ(RunBox(nullptr), -1);
-    EXPECT_EQ(GetLastError(), ERROR_NOT_SUPPORTED);
+    EXPECT_EQ(refusal(nullptr, 101), ERROR_NOT_SUPPORTED);
 }
 
 TEST(MessageBox, IsShownByTheDesktopWithTheFocusAwayFromTheField)
@@ -126,9 +118,9 @@ TEST(Template, ExtendedOnesComeWithEveryKindOfControl)
 {
     Rig rig({});
     rig.desktop->runs = {[&](HWND top) {
-        EXPECT_EQ(Find(Control(top, 1019))->Width(), 137);
-        EXPECT_EQ(Find(Control(top, 1019))->Height(), 161);
-        EXPECT_FALSE(Find(Control(top, 1019))->enabled);
+        const Window& picture = *Find(Control(top, 1019));
+        EXPECT_EQ(std::pair(picture.Width(), picture.Height()), std::pair(137, 161));
+        EXPECT_FALSE(picture.enabled);
         EXPECT_EQ(Find(top)->Width(), 378);
         EXPECT_EQ(Find(Control(top, 11))->As<UpDownState>()->buddy, Control(top, 10));
         EXPECT_EQ(Find(Control(top, 12))->kind, Kind::ComboBox);
@@ -142,22 +134,16 @@ TEST(Template, ExtendedOnesComeWithEveryKindOfControl)
     EXPECT_EQ(RunBox(nullptr, 100), 1);
 }
 
-std::vector<std::uint8_t> TemplateBytes(int number)
-{
-    const auto bytes = platform::modules::Resource(Dialogs(), platform::modules::DialogResource, number);
-    return {bytes.begin(), bytes.end()};
-}
-
 TEST(Template, EveryCutIsRefusedWithAReason)
 {
     for (const int number : {100, 101}) {
-        const auto whole = TemplateBytes(number);
+        const auto whole = platform::modules::Resource(Dialogs(), platform::modules::DialogResource, number);
         ASSERT_TRUE(ParseDialogTemplate(whole, nullptr));
         for (std::size_t length = 0; length + 2 < whole.size(); ++length) {
             // A buffer of its own, so that a sanitizer sees any read past it.
-            const std::vector<std::uint8_t> cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
+            const auto kept = whole.first(length);
             std::string why;
-            EXPECT_FALSE(ParseDialogTemplate(cut, &why)) << number << ":" << length;
+            EXPECT_FALSE(ParseDialogTemplate(std::vector(kept.begin(), kept.end()), &why)) << number << ":" << length;
             EXPECT_NE(why, "");
         }
     }
@@ -165,9 +151,7 @@ TEST(Template, EveryCutIsRefusedWithAReason)
 
 TEST(Template, UnitsBecomePixelsByTheNearest)
 {
-    const struct {
-        int units, across, down;
-    } rows[] = {
+    constexpr std::array<int, 3> Rows[] = {
         {0,   0,   0  },
         {1,   2,   2  },
         {4,   6,   7  },
@@ -176,9 +160,9 @@ TEST(Template, UnitsBecomePixelsByTheNearest)
         {-1,  -2,  -2 },
         {252, 378, 410},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(PixelsAcross(row.units), row.across) << row.units;
-        EXPECT_EQ(PixelsDown(row.units), row.down) << row.units;
+    for (const auto& [units, across, down] : Rows) {
+        EXPECT_EQ(PixelsAcross(units), across) << units;
+        EXPECT_EQ(PixelsDown(units), down) << units;
     }
 }
 

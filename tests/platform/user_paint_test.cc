@@ -15,53 +15,36 @@ std::vector<ControlTemplate> Pictures()
             Make(u"Edit", 10, Stop)};
 }
 
-std::vector<std::string> Paint(Rig& rig)
-{
-    PaintPending();
-    return rig.Log();
-}
-
-struct PaintRow {
-    const char* what;
-    void (*change)(const Rig& rig);
-    std::vector<std::string> painted;
-};
-
 TEST(Paint, OnlyWhatIsInvalidIsPainted)
 {
-    const PaintRow rows[] = {
-        {"nothing",                               [](const Rig&) {},                                              {}                    },
-        {"one control",                           [](const Rig& rig) { InvalidateRect(rig[21], nullptr, TRUE); }, {"draw 21"}           },
-        {"controls in the order of the template",
-         [](const Rig& rig) {
-             InvalidateRect(rig[21], nullptr, FALSE);
-             InvalidateRect(rig[20], nullptr, FALSE);
-         },                                                                                                       {"draw 20", "draw 21"}},
-        {"the dialog",
-         [](const Rig& rig) { InvalidateRect(rig.dialog, nullptr, FALSE); },
-         {"paint", "draw 20", "draw 21"}                                                                                                },
-        {"changes of controls",
-         [](const Rig& rig) {
-             EnableWindow(rig[29], FALSE);
-             ShowWindow(rig[29], SW_HIDE);
-         },                                                                                                       {}                    },
-        {"a change of an owner-drawn one",        [](const Rig& rig) { EnableWindow(rig[21], FALSE); },           {"draw 21"}           },
-        {"one that stays hidden",                 [](const Rig& rig) { InvalidateRect(rig[22], nullptr, TRUE); }, {}                    },
-        {"one that is shown",                     [](const Rig& rig) { ShowWindow(rig[22], SW_SHOW); },           {"draw 22"}           },
-        {"one without redrawing",
-         [](const Rig& rig) {
-             Send(rig[21], WM_SETREDRAW, FALSE, 0);
-             InvalidateRect(rig[21], nullptr, TRUE);
-         },                                                                                                       {}                    },
-    };
-    for (const PaintRow& row : rows) {
-        Rig rig(Pictures());
-        rig.Up([&] {
-            row.change(rig);
-            EXPECT_EQ(Paint(rig), row.painted) << row.what;
-            EXPECT_THAT(Paint(rig), IsEmpty()) << row.what;
-        });
-    }
+    Rig rig(Pictures());
+    rig.Up([&] {
+        const auto painted = [&] {
+            PaintPending();
+            auto first = rig.Log();
+            PaintPending();
+            EXPECT_THAT(rig.Log(), IsEmpty());
+            return first;
+        };
+        EXPECT_THAT(painted(), IsEmpty());
+        InvalidateRect(rig[21], nullptr, FALSE);
+        InvalidateRect(rig[20], nullptr, FALSE);
+        EXPECT_THAT(painted(), ElementsAre("draw 20", "draw 21")) << "in the order of the template";
+        InvalidateRect(rig.dialog, nullptr, FALSE);
+        EXPECT_THAT(painted(), ElementsAre("paint", "draw 20", "draw 21"));
+        EnableWindow(rig[29], FALSE);
+        ShowWindow(rig[29], SW_HIDE);
+        EXPECT_THAT(painted(), IsEmpty());
+        EnableWindow(rig[21], FALSE);
+        EXPECT_THAT(painted(), ElementsAre("draw 21")) << "it paints its state itself";
+        InvalidateRect(rig[22], nullptr, TRUE);
+        EXPECT_THAT(painted(), IsEmpty()) << "hidden";
+        ShowWindow(rig[22], SW_SHOW);
+        EXPECT_THAT(painted(), ElementsAre("draw 22"));
+        Send(rig[21], WM_SETREDRAW, FALSE, 0);
+        InvalidateRect(rig[21], nullptr, TRUE);
+        EXPECT_THAT(painted(), IsEmpty());
+    });
 }
 
 TEST(Paint, ErasingClearsTheRectangleAndPlainInvalidatingDoesNot)
