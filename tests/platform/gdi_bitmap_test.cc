@@ -67,10 +67,8 @@ TEST_F(Bitmaps, OfUnknownDepthOrEndlessSizeAreRefused)
 {
     EXPECT_EQ(CreateBitmap(1, 1, 1, 8, nullptr), nullptr);
     EXPECT_EQ(CreateBitmap(1, 1, 3, 1, nullptr), nullptr);
-    EXPECT_EQ(CreateBitmap(-1, 1, 1, 1, nullptr), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(CreateBitmap(2147483647, 2147483647, 1, 1, nullptr), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_NOT_ENOUGH_MEMORY);
+    EXPECT_EQ(Refusal(CreateBitmap(-1, 1, 1, 1, nullptr)), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(Refusal(CreateBitmap(2147483647, 2147483647, 1, 1, nullptr)), ERROR_NOT_ENOUGH_MEMORY);
 }
 
 TEST_F(Bitmaps, AreDescribedWithTheirRows)
@@ -82,8 +80,7 @@ TEST_F(Bitmaps, AreDescribedWithTheirRows)
     EXPECT_EQ(told.bmHeight, 3);
     EXPECT_EQ(told.bmWidthBytes, 4);
     EXPECT_EQ(told.bmBitsPixel, 1);
-    EXPECT_EQ(GetObjectW(bitmap, 8, &told), 0);
-    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
+    EXPECT_EQ(Refusal(GetObjectW(bitmap, 8, &told)), ERROR_INSUFFICIENT_BUFFER);
 }
 
 TEST_F(Bitmaps, FillsStayWithinBitmapAndClip)
@@ -111,8 +108,7 @@ TEST_F(Bitmaps, WhatNeedsASurfaceIsRefused)
     const Memory memory(2, 2, 32);
     EXPECT_FALSE(LineTo(memory.context, 1, 1));
     EXPECT_FALSE(TextOutW(memory.context, 0, 0, u"a", 1));
-    EXPECT_FALSE(Arc(memory.context, 0, 0, 2, 2, 0, 0, 0, 0));
-    EXPECT_EQ(GetLastError(), ERROR_NOT_SUPPORTED);
+    EXPECT_EQ(Refusal(Arc(memory.context, 0, 0, 2, 2, 0, 0, 0, 0)), ERROR_NOT_SUPPORTED);
 }
 
 TEST_F(Bitmaps, OperationsCombineSourceAndTarget)

@@ -4,9 +4,6 @@ namespace gdi_test {
 
 namespace {
 
-using platform::TraceOwner;
-using platform::TraceValue;
-
 std::string Joined(const Lines& parts, char between)
 {
     std::string text;
@@ -14,20 +11,6 @@ std::string Joined(const Lines& parts, char between)
         if (&part != &parts.front()) text += between;
         text += part;
     }
-    return text;
-}
-
-std::string Within(char open, const Lines& parts, char close)
-{
-    std::string text(1, open);
-    text += Joined(parts, ',');
-    return text + close;
-}
-
-std::string HexOf(const TraceValue::Binary& binary)
-{
-    std::string text = "x";
-    for (const std::uint8_t byte : binary.bytes) text += Hex(byte).substr(4);
     return text;
 }
 
@@ -103,34 +86,6 @@ void SurfaceLog::Image(const RECT& target, const platform::PixelImage& image)
 }
 
 void SurfaceLog::Erase(const RECT& box) { Add({"erase", Shown(box)}); }
-
-std::string Text(const TraceValue& traced)
-{
-    const auto& value = traced.value;
-    if (const auto* number = std::get_if<std::int64_t>(&value)) return std::to_string(*number);
-    if (const auto* text = std::get_if<std::u16string>(&value)) return '"' + platform::ToUtf8(*text) + '"';
-    if (const auto* binary = std::get_if<TraceValue::Binary>(&value)) return HexOf(*binary);
-    Lines parts;
-    if (const auto* array = std::get_if<TraceValue::Array>(&value)) {
-        for (const TraceValue& part : *array) parts.push_back(Text(part));
-        return Within('[', parts, ']');
-    }
-    if (const auto* fields = std::get_if<TraceValue::Object>(&value)) {
-        for (const auto& [name, part] : *fields) parts.push_back(name + ":" + Text(part));
-        return Within('{', parts, '}');
-    }
-    return "null";
-}
-
-void TraceLog::Call(const platform::TraceCall& call)
-{
-    const std::string context = std::get_if<std::monostate>(&call.context.value) ? "no dc" : "dc";
-    const std::string owner = call.on.kind == TraceOwner::Kind::Job       ? " on job"
-                              : call.on.kind == TraceOwner::Kind::Control ? " on " + std::to_string(call.on.control)
-                                                                          : "";
-    lines_.push_back(context + owner + ": " + call.function + " " + Text(TraceValue(call.args)) + " = " +
-                     Text(call.result));
-}
 
 Drawing::Drawing() : contexts_(platform::gdi::ContextCount()), objects_(platform::gdi::ObjectCount())
 {

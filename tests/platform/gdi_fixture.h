@@ -13,13 +13,15 @@
 #include "platform/gdi/job.h"
 #include "platform/kernel/unicode.h"
 #include "platform/seams/surface.h"
-#include "platform/seams/trace.h"
 #include "platform/user.h"
 #include "platform/user/windows.h"
 #include "tests/platform/fresh_environment.h"
+#include "tests/support/trace_text.h"
 
 namespace gdi_test {
 
+using platform::Refusal;
+using testing_support::TraceLines;
 using Lines = std::vector<std::string>;
 
 std::string Hex(COLORREF color);  // "00ff00"
@@ -45,18 +47,6 @@ class SurfaceLog : public platform::Surface {
     Lines lines_;
 };
 
-// "dc on 7: Rectangle [4,4,120,156] = 1"; the numbers of contexts are left out.
-class TraceLog : public platform::TraceSink {
-  public:
-    void Call(const platform::TraceCall& call) override;
-    Lines Take() { return std::exchange(lines_, {}); }
-
-  private:
-    Lines lines_;
-};
-
-std::string Text(const platform::TraceValue& value);
-
 class Drawing : public platform::FreshEnvironment {
   protected:
     Drawing();
@@ -74,7 +64,8 @@ class Drawing : public platform::FreshEnvironment {
 
     std::shared_ptr<SurfaceLog> picture = std::make_shared<SurfaceLog>();  // of the dialog
     std::shared_ptr<SurfaceLog> page = std::make_shared<SurfaceLog>();
-    std::shared_ptr<TraceLog> trace = std::make_shared<TraceLog>();  // listens only where a test plugs it in
+    // Listens only where a test plugs it in.
+    std::shared_ptr<TraceLines> trace = std::make_shared<TraceLines>(true);
     HWND dialog = nullptr, control = nullptr;
 
     static constexpr int ControlNumber = 7;

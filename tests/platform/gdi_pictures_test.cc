@@ -54,20 +54,19 @@ std::string Pixels(const platform::PixelImage& image)
 }
 
 struct DibRow {
-    const char* name;
     DibParts parts;
-    const char* pixels;
+    const char* told;  // the pixels, or why there are none
 };
 const DibRow DibRows[] = {
-    {"EightBits",         {},                                                                  "ff0000 0000ff "},
-    {"OneBit",            {40, 2, 1, 1, 1, 0, 2, {0xFF0000, 0xFF}, {0x40, 0, 0, 0}},           "ff0000 0000ff "},
-    {"FourBits",          {40, 2, 1, 1, 4, 0, 2, {0xFF0000, 0xFF}, {0x10, 0, 0, 0}},           "0000ff ff0000 "},
-    {"TwentyFourBits",    {40, 1, 1, 1, 24, 0, 0, {}, {0x33, 0x22, 0x11, 0}},                  "112233 "       },
-    {"ThirtyTwoBits",     {40, 1, 1, 1, 32, 0, 0, {}, {0x33, 0x22, 0x11, 0}},                  "112233 "       },
-    {"FromTheBottomUp",   {40, 1, 2, 1, 8, 0, 2, {0xFF0000, 0xFF}, {0, 0, 0, 0, 1, 0, 0, 0}},  "0000ff ff0000 "},
-    {"FromTheTopDown",    {40, 1, -2, 1, 8, 0, 2, {0xFF0000, 0xFF}, {0, 0, 0, 0, 1, 0, 0, 0}}, "ff0000 0000ff "},
-    {"BeyondItsTable",    {40, 1, 1, 1, 8, 0, 1, {0xFF0000}, {200, 0, 0, 0}},                  "000000 "       },
-    {"TableOfTrueColour", {40, 1, 1, 1, 24, 0, 2, {1, 2}, {0x33, 0x22, 0x11, 0}},              "112233 "       },
+    {{},                                                                  "ff0000 0000ff "},
+    {{40, 2, 1, 1, 1, 0, 2, {0xFF0000, 0xFF}, {0x40, 0, 0, 0}},           "ff0000 0000ff "},
+    {{40, 2, 1, 1, 4, 0, 2, {0xFF0000, 0xFF}, {0x10, 0, 0, 0}},           "0000ff ff0000 "},
+    {{40, 1, 1, 1, 24, 0, 0, {}, {0x33, 0x22, 0x11, 0}},                  "112233 "       },
+    {{40, 1, 1, 1, 32, 0, 0, {}, {0x33, 0x22, 0x11, 0}},                  "112233 "       },
+    {{40, 1, 2, 1, 8, 0, 2, {0xFF0000, 0xFF}, {0, 0, 0, 0, 1, 0, 0, 0}},  "0000ff ff0000 "},
+    {{40, 1, -2, 1, 8, 0, 2, {0xFF0000, 0xFF}, {0, 0, 0, 0, 1, 0, 0, 0}}, "ff0000 0000ff "},
+    {{40, 1, 1, 1, 8, 0, 1, {0xFF0000}, {200, 0, 0, 0}},                  "000000 "       },
+    {{40, 1, 1, 1, 24, 0, 2, {1, 2}, {0x33, 0x22, 0x11, 0}},              "112233 "       },
 };
 
 TEST(Dibs, GiveTheirPixelsFromTheTop)
@@ -75,64 +74,55 @@ TEST(Dibs, GiveTheirPixelsFromTheTop)
     for (const DibRow& row : DibRows) {
         std::string why;
         const auto dib = ParseDib(row.parts.Bytes(), &why);
-        ASSERT_TRUE(dib) << row.name << ": " << why;
-        EXPECT_EQ(Pixels(dib->image), row.pixels) << row.name;
+        ASSERT_TRUE(dib) << row.told << ": " << why;
+        EXPECT_EQ(Pixels(dib->image), row.told);
     }
 }
 
-struct DamagedRow {
-    const char* name;
-    DibParts parts;
-    const char* why;
-};
-const DamagedRow DamagedRows[] = {
-    {"SmallHeader",    {12, 2, 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},               "a header of 12 bytes"        },
-    {"HugeHeader",     {0xFFFFFFFF, 2, 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},       "a header of 4294967295 bytes"},
-    {"NoWidth",        {40, 0, 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},               "a size of 0 by 1"            },
-    {"NegativeWidth",  {40, -5, 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},              "a size of -5 by 1"           },
-    {"LeastHeight",    {40, 1, -2147483647 - 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}}, "a size of 1 by -2147483648"  },
-    {"EndlessSize",    {40, 2147483647, 2147483647, 1, 8, 0, 2, {1, 2}, {0}},      "a size of 2147483647"        },
-    {"Planes",         {40, 2, 1, 2, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},               "2 planes"                    },
-    {"Bits",           {40, 2, 1, 1, 16, 0, 0, {}, {0, 0, 0, 0}},                  "16 bits a pixel"             },
-    {"Compression",    {40, 2, 1, 1, 8, 1, 2, {1, 2}, {0, 0, 0, 0}},               "compression 1"               },
-    {"TooManyColours", {40, 2, 1, 1, 4, 0, 17, {1, 2}, {0, 0, 0, 0}},              "a table of 17 colours"       },
-    {"TableCutOff",    {40, 2, 1, 1, 8, 0, 0, {1, 2}, {0, 0, 0, 0}},               "the colour table is cut off" },
-    {"PixelsCutOff",   {40, 2, 2, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0, 0, 0, 0}},      "the pixels are cut off"      },
+const DibRow DamagedRows[] = {
+    {{12, 2, 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},               "a header of 12 bytes"        },
+    {{0xFFFFFFFF, 2, 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},       "a header of 4294967295 bytes"},
+    {{40, 0, 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},               "a size of 0 by 1"            },
+    {{40, -5, 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},              "a size of -5 by 1"           },
+    {{40, 1, -2147483647 - 1, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0}}, "a size of 1 by -2147483648"  },
+    {{40, 2147483647, 2147483647, 1, 8, 0, 2, {1, 2}, {0}},      "a size of 2147483647"        },
+    {{40, 2, 1, 2, 8, 0, 2, {1, 2}, {0, 0, 0, 0}},               "2 planes"                    },
+    {{40, 2, 1, 1, 16, 0, 0, {}, {0, 0, 0, 0}},                  "16 bits a pixel"             },
+    {{40, 2, 1, 1, 8, 1, 2, {1, 2}, {0, 0, 0, 0}},               "compression 1"               },
+    {{40, 2, 1, 1, 4, 0, 17, {1, 2}, {0, 0, 0, 0}},              "a table of 17 colours"       },
+    {{40, 2, 1, 1, 8, 0, 0, {1, 2}, {0, 0, 0, 0}},               "the colour table is cut off" },
+    {{40, 2, 2, 1, 8, 0, 2, {1, 2}, {0, 0, 0, 0, 0, 0, 0}},      "the pixels are cut off"      },
 };
 
 TEST(Dibs, ThatAreDamagedAreRefusedWithTheReason)
 {
-    for (const DamagedRow& row : DamagedRows) {
+    for (const DibRow& row : DamagedRows) {
         std::string why;
-        EXPECT_FALSE(ParseDib(row.parts.Bytes(), &why)) << row.name;
-        EXPECT_THAT(why, HasSubstr(row.why)) << row.name;
+        EXPECT_FALSE(ParseDib(row.parts.Bytes(), &why)) << row.told;
+        EXPECT_THAT(why, HasSubstr(row.told));
     }
 }
 
-const DibRow IconRows[] = {
-    {"ByTheMask",         {40, 2, 2, 1, 8, 0, 2, {0xFF0000, 0xFF}, {0, 1, 0, 0, 0x40, 0, 0, 0}}, "ff0000 - "},
-    {"ByTheAlphaChannel", {40, 2, 2, 1, 32, 0, 0, {}, {1, 2, 3, 0xFF, 4, 5, 6, 0x10}},           "030201 - "},
-};
-
 TEST(IconImages, AreTransparentByTheAlphaChannelOrElseTheMask)
 {
-    for (const DibRow& row : IconRows)
-        EXPECT_EQ(Pixels(ParseIconImage(row.parts.Bytes(), nullptr).value()), row.pixels) << row.name;
+    const DibRow rows[] = {
+        {{40, 2, 2, 1, 8, 0, 2, {0xFF0000, 0xFF}, {0, 1, 0, 0, 0x40, 0, 0, 0}}, "ff0000 - "},
+        {{40, 2, 2, 1, 32, 0, 0, {}, {1, 2, 3, 0xFF, 4, 5, 6, 0x10}},           "030201 - "},
+    };
+    for (const DibRow& row : rows) EXPECT_EQ(Pixels(ParseIconImage(row.parts.Bytes(), nullptr).value()), row.told);
 }
 
 TEST(IconImages, WithoutRoomForTheirMaskAreRefused)
 {
+    const DibRow rows[] = {
+        {{},                                              "without room for its mask"},
+        {{40, 2, 2, 1, 8, 0, 2, {1, 2}, {0, 1, 0, 0, 0}}, "cut off"                  },
+    };
     std::string why;
-    EXPECT_FALSE(ParseIconImage(DibParts{}.Bytes(), &why));
-    EXPECT_THAT(why, HasSubstr("without room for its mask"));
-    EXPECT_FALSE(ParseIconImage(
-        DibParts{
-            40, 2, 2, 1, 8, 0, 2, {1,  2},
-                   { 0, 1, 0, 0, 0}
+    for (const DibRow& row : rows) {
+        EXPECT_FALSE(ParseIconImage(row.parts.Bytes(), &why));
+        EXPECT_THAT(why, HasSubstr(row.told));
     }
-            .Bytes(),
-        &why));
-    EXPECT_THAT(why, HasSubstr("cut off"));
     EXPECT_FALSE(ParseIconImage({}, &why));
 }
 
@@ -174,8 +164,8 @@ TEST_F(Pictures, ABitmapIsLoadedAndTransferred)
     platform::CurrentEnvironment().trace = trace;
     const HBITMAP bitmap = LoadBitmapW(module, ResourceName(1));
     Own(LoadBitmapW(module, ResourceName(2)));
-    EXPECT_THAT(trace->Take(), ElementsAre("no dc: LoadBitmapW [1] = {bitmap:{id:1,width:2,height:2,bits:32}}",
-                                           "no dc: LoadBitmapW [2] = {bitmap:{id:2,width:3,height:1,bits:1}}"));
+    EXPECT_THAT(trace->Take(), ElementsAre("- LoadBitmapW [1] = {bitmap:{id:1,width:2,height:2,bits:32}}",
+                                           "- LoadBitmapW [2] = {bitmap:{id:2,width:3,height:1,bits:1}}"));
     platform::CurrentEnvironment().trace = nullptr;
     const HDC memory = CreateCompatibleDC(nullptr), context = Context(control);
     const HGDIOBJ before = SelectObject(memory, bitmap);
@@ -191,23 +181,10 @@ TEST_F(Pictures, WhatIsMissingOrDamagedIsNotLoaded)
 {
     EXPECT_EQ(LoadBitmapW(nullptr, ResourceName(1)), nullptr);
     EXPECT_EQ(LoadBitmapW(module, u"by name"), nullptr);
-    constexpr std::pair<int, DWORD> NoBitmaps[] = {
-        {3,  ERROR_GEN_FAILURE            },
-        {99, ERROR_RESOURCE_NAME_NOT_FOUND},
-    };
-    for (const auto& [number, error] : NoBitmaps) {
-        EXPECT_EQ(LoadBitmapW(module, ResourceName(number)), nullptr);
-        EXPECT_EQ(GetLastError(), error);
-    }
-    constexpr std::pair<int, DWORD> NoIcons[] = {
-        {22, ERROR_GEN_FAILURE            },
-        {99, ERROR_RESOURCE_NAME_NOT_FOUND},
-        {23, ERROR_GEN_FAILURE            },
-    };
-    for (const auto& [number, error] : NoIcons) {
-        EXPECT_EQ(LoadIconW(module, ResourceName(number)), nullptr);
-        EXPECT_EQ(GetLastError(), error);
-    }
+    EXPECT_EQ(Refusal(LoadBitmapW(module, ResourceName(3))), ERROR_GEN_FAILURE);
+    EXPECT_EQ(Refusal(LoadBitmapW(module, ResourceName(99))), ERROR_RESOURCE_NAME_NOT_FOUND);
+    EXPECT_EQ(Refusal(LoadIconW(module, ResourceName(99))), ERROR_RESOURCE_NAME_NOT_FOUND);
+    for (const int damaged : {22, 23}) EXPECT_EQ(Refusal(LoadIconW(module, ResourceName(damaged))), ERROR_GEN_FAILURE);
 }
 
 TEST_F(Pictures, AnIconIsTheBestImageThatIsWhole)
@@ -217,7 +194,7 @@ TEST_F(Pictures, AnIconIsTheBestImageThatIsWhole)
     const HDC context = Context(control);
     platform::CurrentEnvironment().trace = trace;
     EXPECT_TRUE(DrawIcon(context, 3, 4, icon));
-    EXPECT_THAT(trace->Take(), ElementsAre("dc on 7: DrawIcon [3,4,{icon:21}] = 1"));
+    EXPECT_THAT(trace->Take(), ElementsAre("7 DrawIcon [3,4,{icon:21}] = 1"));
     EXPECT_THAT(picture->Take(), ElementsAre("clip 10,20,60,50", "image 13,24,15,25 of 2x1 ff0000 -", "clip none"));
 }
 
@@ -234,17 +211,13 @@ TEST_F(Pictures, AnIconOnABitmapLeavesWhatItsMaskHides)
     DeleteObject(bitmap);
 }
 
-TEST_F(Pictures, StaticsPaintTheirPicture)
+TEST_F(Pictures, StaticsPaintTheirPictureOrFrame)
 {
     EXPECT_THAT(Painted(SS_BITMAP, 1), ElementsAre("image 10,20,12,22 of 2x2 ff0000 00ff00 0000ff ffffff"));
     EXPECT_THAT(Painted(SS_BITMAP, 2), ElementsAre("image 10,20,13,21 of 3x1 000000 ffffff 000000"));
     EXPECT_THAT(Painted(SS_ICON, 21), ElementsAre("image 10,20,12,21 of 2x1 ff0000 -"));
     EXPECT_THAT(Painted(SS_ICON, 99), testing::IsEmpty());
     EXPECT_THAT(Painted(SS_LEFT, 1), testing::IsEmpty());
-}
-
-TEST_F(Pictures, StaticsPaintTheirFrame)
-{
     EXPECT_THAT(Painted(SS_WHITEFRAME, 0), ElementsAre("rectangle 10,20,60,50 pen 0/1/ffffff brush none"));
     EXPECT_THAT(Painted(SS_GRAYFRAME, 0), ElementsAre("rectangle 10,20,60,50 pen 0/1/808080 brush none"));
     EXPECT_THAT(Painted(SS_BLACKRECT, 0), ElementsAre("fill 10,20,60,50 000000"));

@@ -37,8 +37,7 @@ TEST_F(Shapes, AreScaledWithARectanglesCornersInOrder)
                                           "polygon 0,0 5,0 5,10 pen 0/1/000000 brush ffffff",
                                           "arc 0,-7,10,7 from 10,0 to 5,7 pen 0/1/000000"));
     EXPECT_FALSE(Polygon(job, points.data(), 1));
-    EXPECT_FALSE(Polygon(job, nullptr, 3));
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(Refusal(Polygon(job, nullptr, 3)), ERROR_INVALID_PARAMETER);
 }
 
 TEST_F(Shapes, TextIsScaledAndTakesItsColours)
@@ -69,10 +68,8 @@ TEST_F(Shapes, ATextThatIsNotThereOrSpacedByHandIsRefused)
 {
     const INT advances[] = {5};
     EXPECT_FALSE(TextOutW(job, 0, 0, nullptr, 1));
-    EXPECT_FALSE(TextOutW(job, 0, 0, u"a", -1));
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
-    EXPECT_FALSE(ExtTextOutW(job, 0, 0, 0, nullptr, u"a", 1, advances));
-    EXPECT_EQ(GetLastError(), ERROR_NOT_SUPPORTED);
+    EXPECT_EQ(Refusal(TextOutW(job, 0, 0, u"a", -1)), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(Refusal(ExtTextOutW(job, 0, 0, 0, nullptr, u"a", 1, advances)), ERROR_NOT_SUPPORTED);
     EXPECT_THAT(page->Take(), IsEmpty());
 }
 

@@ -12,8 +12,7 @@ TEST_F(State, AModeThatDoesNotExistIsRefused)
     const HDC screen = Context(nullptr);
     EXPECT_EQ(SetBkMode(screen, 3), 0);
     EXPECT_EQ(SetROP2(screen, 17), 0);
-    EXPECT_EQ(SetMapMode(screen, 9), 0);
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(Refusal(SetMapMode(screen, 9)), ERROR_INVALID_PARAMETER);
     EXPECT_EQ(CreatePen(99, 1, 0), nullptr);
 }
 
@@ -32,8 +31,7 @@ TEST_F(State, AWindowThatIsGoneHasNoContextAndIsDrawnNowhere)
 {
     const HDC context = Context(control);
     platform::user::Destroy(dialog);
-    EXPECT_EQ(GetDC(control), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_WINDOW_HANDLE);
+    EXPECT_EQ(Refusal(GetDC(control)), ERROR_INVALID_WINDOW_HANDLE);
     RECT client{1, 2, 3, 4};
     EXPECT_FALSE(GetClientRect(control, &client));
     EXPECT_EQ(client.left, 1);
@@ -51,8 +49,7 @@ TEST_F(State, ASelectedObjectCannotBeDeletedUntilItIsPutDownOrItsContextGoes)
     EXPECT_FALSE(DeleteObject(pen));
     EXPECT_EQ(SelectObject(screen, before), pen);
     EXPECT_TRUE(DeleteObject(pen));
-    EXPECT_FALSE(DeleteObject(pen));
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(Refusal(DeleteObject(pen)), ERROR_INVALID_HANDLE);
     ReleaseDC(nullptr, screen);
     EXPECT_TRUE(DeleteObject(brush));
 }
@@ -87,8 +84,7 @@ TEST_F(State, WhatIsNoObjectIsRefusedEverywhere)
     EXPECT_FALSE(FillRect(screen, &box, static_cast<HBRUSH>(GetStockObject(BLACK_PEN))));
     EXPECT_FALSE(PaintRgn(screen, static_cast<HRGN>(wrong)));
     EXPECT_EQ(SelectClipRgn(screen, static_cast<HRGN>(wrong)), ERROR_REGION);
-    EXPECT_FALSE(DrawIcon(screen, 0, 0, static_cast<HICON>(wrong)));
-    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(Refusal(DrawIcon(screen, 0, 0, static_cast<HICON>(wrong))), ERROR_INVALID_HANDLE);
 }
 
 TEST_F(State, AFontIsDescribedAsItWasMade)

@@ -22,9 +22,9 @@ TEST_F(Trace, OfAControlNamesItsNumber)
     GetClientRect(control, &client);
     Rectangle(context, 4, 4, 120, 156);
     ReleaseDC(control, context);
-    EXPECT_THAT(trace->Take(), ElementsAre(testing::MatchesRegex("dc on 7: GetDC \\[\\] = [0-9]+"),
-                                           "no dc on 7: GetClientRect [] = [0,0,50,30]",
-                                           "dc on 7: Rectangle [4,4,120,156] = 1", "dc on 7: ReleaseDC [] = 1"));
+    EXPECT_THAT(trace->Take(),
+                ElementsAre(testing::MatchesRegex("7 GetDC \\[\\] = [0-9]+"), "7 GetClientRect [] = [0,0,50,30]",
+                            "7 Rectangle [4,4,120,156] = 1", "7 ReleaseDC [] = 1"));
 }
 
 TEST_F(Trace, ShowsObjectsByWhatTheyAre)
@@ -53,21 +53,21 @@ TEST_F(Trace, ShowsObjectsByWhatTheyAre)
     SelectObject(screen, before);
     SelectObject(memory, plain);
     DeleteObject(pen);
-    EXPECT_THAT(trace->Take(),
-                ElementsAre("no dc: CreatePen [0,1,16777215] = {pen:{style:0,width:1,color:16777215}}",
-                            "dc: SelectObject [{pen:{style:0,width:1,color:16777215}}] = {stock:7}",
-                            "no dc: CreateSolidBrush [4210752] = {brush:{color:4210752}}",
-                            "no dc: CreateFontIndirectW [" + shownFont + "] = " + shownFont,
-                            "no dc: CreateBitmap [8,4,1,1,null] = {bitmap:{id:null,width:8,height:4,bits:1}}",
-                            "dc: SelectObject [{bitmap:{id:null,width:8,height:4,bits:1}}] = "
-                            "{bitmap:{id:null,width:1,height:1,bits:1}}",
-                            "no dc: CreateRectRgn [1,2,3,4] = {region:[1,2,3,4]}",
-                            "no dc: CreateRectRgn [5,5,5,5] = {region:[]}", "dc: SelectObject [{region:[1,2,3,4]}] = 2",
-                            "dc: SelectClipRgn [{region:[]}] = 1", "dc: SelectClipRgn [null] = 2",
-                            "dc: SelectObject [{stock:7}] = {pen:{style:0,width:1,color:16777215}}",
-                            "dc: SelectObject [{bitmap:{id:null,width:1,height:1,bits:1}}] = "
-                            "{bitmap:{id:null,width:8,height:4,bits:1}}",
-                            "no dc: DeleteObject [{pen:{style:0,width:1,color:16777215}}] = 1"));
+    EXPECT_THAT(
+        trace->Take(),
+        ElementsAre("- CreatePen [0,1,16777215] = {pen:{style:0,width:1,color:16777215}}",
+                    "- SelectObject [{pen:{style:0,width:1,color:16777215}}] = {stock:7}",
+                    "- CreateSolidBrush [4210752] = {brush:{color:4210752}}",
+                    "- CreateFontIndirectW [" + shownFont + "] = " + shownFont,
+                    "- CreateBitmap [8,4,1,1,null] = {bitmap:{id:null,width:8,height:4,bits:1}}",
+                    "- SelectObject [{bitmap:{id:null,width:8,height:4,bits:1}}] = "
+                    "{bitmap:{id:null,width:1,height:1,bits:1}}",
+                    "- CreateRectRgn [1,2,3,4] = {region:[1,2,3,4]}", "- CreateRectRgn [5,5,5,5] = {region:[]}",
+                    "- SelectObject [{region:[1,2,3,4]}] = 2", "- SelectClipRgn [{region:[]}] = 1",
+                    "- SelectClipRgn [null] = 2", "- SelectObject [{stock:7}] = {pen:{style:0,width:1,color:16777215}}",
+                    "- SelectObject [{bitmap:{id:null,width:1,height:1,bits:1}}] = "
+                    "{bitmap:{id:null,width:8,height:4,bits:1}}",
+                    "- DeleteObject [{pen:{style:0,width:1,color:16777215}}] = 1"));
     DeleteDC(memory);
 }
 
@@ -89,13 +89,12 @@ TEST_F(Trace, AnOutputArgumentIsTheResult)
     MoveToEx(screen, 3, 4, nullptr);
     GetTextExtentPointW(screen, u"CONFIDENTIAL", 4, &size);
     GetObjectW(GetStockObject(SYSTEM_FONT), 0, &font);
-    EXPECT_THAT(
-        trace->Take(),
-        ElementsAre("dc: SetViewportOrgEx [5,6] = [0,0]", "dc: SetWindowOrgEx [7,8,null] = 1",
-                    "dc: SetWindowOrgEx [0,0] = [7,8]", "dc: SetMapMode [8] = 1", "dc: SetWindowExtEx [10,-20] = [1,1]",
-                    "dc: SetWindowExtEx [0,0] = null", "dc: MoveToEx [1,2] = [0,0]", "dc: MoveToEx [3,4] = [1,2]",
-                    "dc: MoveToEx [3,4,null] = 1", "dc: GetTextExtentPointW [\"CONF\",4] = [32,18]",
-                    "no dc: GetStockObject [13] = {stock:13}", "no dc: GetObjectW [{stock:13},0] = null"));
+    EXPECT_THAT(trace->Take(), ElementsAre("- SetViewportOrgEx [5,6] = [0,0]", "- SetWindowOrgEx [7,8,null] = 1",
+                                           "- SetWindowOrgEx [0,0] = [7,8]", "- SetMapMode [8] = 1",
+                                           "- SetWindowExtEx [10,-20] = [1,1]", "- SetWindowExtEx [0,0] = null",
+                                           "- MoveToEx [1,2] = [0,0]", "- MoveToEx [3,4] = [1,2]",
+                                           "- MoveToEx [3,4,null] = 1", "- GetTextExtentPointW [\"CONF\",4] = [32,18]",
+                                           "- GetStockObject [13] = {stock:13}", "- GetObjectW [{stock:13},0] = null"));
 }
 
 class EchoTarget : public platform::gdi::EscapeTarget {
@@ -121,11 +120,10 @@ TEST_F(Trace, EscapesShowTheirInputAndWhatComesBack)
     EXPECT_EQ(ExtEscape(job, 99, 0, nullptr, 2, output.data()), -3);
     EXPECT_EQ(ExtEscape(job, 5001, 4, nullptr, 0, nullptr), -1);
     EXPECT_EQ(ExtEscape(screen, 5001, 0, nullptr, 0, nullptr), 0);
-    EXPECT_THAT(
-        trace->Take(),
-        ElementsAre("dc on job: ExtEscape [20736,2,x3035,0,null] = 0", "dc on job: ExtEscape [5001,0,null,2] = xabab",
-                    "dc on job: ExtEscape [99,0,null,2] = null", "dc on job: ExtEscape [5001,4,null,0,null] = -1",
-                    "dc: ExtEscape [5001,0,null,0,null] = 0"));
+    EXPECT_THAT(trace->Take(),
+                ElementsAre("job ExtEscape [20736,2,x3035,0,null] = 0", "job ExtEscape [5001,0,null,2] = xabab",
+                            "job ExtEscape [99,0,null,2] = null", "job ExtEscape [5001,4,null,0,null] = -1",
+                            "- ExtEscape [5001,0,null,0,null] = 0"));
 }
 
 TEST_F(Trace, ColoursRectanglesAndTheLayersOwnPaintingAreNoPartOfIt)

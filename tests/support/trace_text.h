@@ -1,6 +1,6 @@
 // The trace of drawing calls as one line of text a call, for tests to compare: what is drawn on, the
-// function, its arguments as compact JSON, and the result where it is of interest. Contexts and handles of
-// objects are left out, since their numbers say nothing.
+// function, its arguments as compact JSON (bytes as x0aff), and the result where it is of interest. Contexts and
+// handles of objects are left out, since their numbers say nothing.
 #pragma once
 
 #include <mutex>
@@ -15,12 +15,14 @@ std::string TraceText(const platform::TraceValue& value);
 
 class TraceLines : public platform::TraceSink {
   public:
+    explicit TraceLines(bool withResults = false) : withResults_(withResults) {}
     void Call(const platform::TraceCall& call) override;
 
-    // "1069 Rectangle [0,0,137,161]", in the order of the calls, and forgets them.
+    // "1069 Rectangle [0,0,137,161]" or, with results, "- GetDC [] = 5", in the order of the calls; forgets them.
     std::vector<std::string> Take();
 
   private:
+    const bool withResults_;
     std::mutex mutex_;
     std::vector<std::string> lines_;
 };
