@@ -1,14 +1,6 @@
-#include "events/document_event.h"
-
-#include <cstddef>
 #include <limits>
 
-#include "events/stamping.h"
-#include "settings/defaults.h"
-#include "tests/events/rendering_side.h"
-#include "tests/support/machine.h"
-#include "tests/support/records.h"
-#include "watermark/watermark_list.h"
+#include "tests/events/stamp_fixture.h"
 
 namespace {
 
@@ -17,39 +9,20 @@ using testing::IsEmpty;
 
 constexpr ULONG Word = sizeof(void*);
 
-// What the platform hands over when a context is made; the reset has the record alone.
-struct Creation {
-    const WCHAR *driver, *device;
-    const void* record;
-    ULONG_PTR informationContext;
-};
-static_assert(sizeof(Creation) == 4 * sizeof(void*));
-
-class DocumentEvents : public testing::Test {
+class DocumentEvents : public StampTest {
   protected:
-    DocumentEvents()
+    DocumentEvents() { record.dmWatermark.wmAngleMode = 2; }
+    // What the platform hands over when a context is made; the reset has the record alone.
+    int Create()
     {
-        BuildDefaultSettings(&record, nullptr, u"", 0);
-        SetFields(record, "dmPrintQuality=300 dmWatermarkOn=1 wmSize=72 wmAngleMode=2");
-        CopyToField(record.dmWatermark.wmFaceName, 32, u"Arial");
-        CopyToField(record.dmWatermark.wmText, 73, u"COPY");
-        StampPageCount = 0;
-        StampReady = StampRepeat = false;
+        const void* const input[4] = {u"", u"", &record, nullptr};
+        return Event(DOCUMENTEVENT_CREATEDCPRE, sizeof input, input);
     }
-    int Event(int code, ULONG inputBytes = 0, const void* input = nullptr, ULONG room = 0, void* output = nullptr)
+    int Reset()
     {
-        return DrvDocumentEvent(nullptr, side.job, code, inputBytes, const_cast<void*>(input), room, output);
+        const void* const input = &record;
+        return Event(DOCUMENTEVENT_RESETDCPRE, sizeof input, &input);
     }
-    int Create(const void* given)
-    {
-        const Creation input{u"", u"", given, 0};
-        return Event(DOCUMENTEVENT_CREATEDCPRE, sizeof input, &input);
-    }
-    int Reset(const void* given) { return Event(DOCUMENTEVENT_RESETDCPRE, sizeof given, &given); }
-
-    Machine machine;
-    RenderingSide side;
-    DriverDevMode record{};
 };
 
 TEST_F(DocumentEvents, OfWhichNothingIsToBeDoneAreAnswered)
@@ -85,12 +58,10 @@ TEST_F(DocumentEvents, ACreationIsTakenWithItsFourWordsAndAResetWithItsOne)
     for (const auto& row : Rows) {
         record.dmPrintQuality = -3;
         StampRepeat = StampReady = true;
-        const Creation creation[2] = {
-            {u"", u"", &record, row.informationContext}
-        };
-        const void* reset[2] = {&record, nullptr};
+        const void* creation[5] = {u"", u"", &record, reinterpret_cast<void*>(row.informationContext)};
+        const void* reset[2] = {&record};
         const void* output = nullptr;
-        const void* input = row.event == 1 ? static_cast<const void*>(creation) : reset;
+        const void* input = row.event == 1 ? creation : reset;
         EXPECT_EQ(Event(row.event, row.inputBytes, input, row.room, &output), row.result) << row.inputBytes;
         EXPECT_EQ(record.dmPrintQuality, row.taken ? 600 : -3) << row.inputBytes << " " << row.informationContext;
         EXPECT_EQ(output, row.stored ? &record : nullptr) << row.room;
@@ -111,7 +82,7 @@ TEST_F(DocumentEvents, AQualityThatIsNoResolutionIsReplaced)
     for (const auto& [quality, resolution, after] : Rows) {
         record.dmPrintQuality = quality;
         record.dmResolution = resolution;
-        Create(&record);
+        Create();
         EXPECT_EQ(record.dmPrintQuality, after) << quality << ", " << resolution;
     }
 }
@@ -123,7 +94,7 @@ TEST_F(DocumentEvents, TheDiagonalOfThePageGoesIntoTheCallersRecord)
             record.dmWatermarkOn = on;
             record.dmWatermark.wmAngle = 0;
             StampReady = true;
-            EXPECT_EQ(created ? Create(&record) : Reset(&record), 1);
+            EXPECT_EQ(created ? Create() : Reset(), 1);
             EXPECT_EQ(StampReady, on == 1);
             EXPECT_EQ(record.dmWatermark.wmAngle, on == 1 ? 53 : 0) << on;
         }
@@ -145,7 +116,7 @@ TEST_F(DocumentEvents, ARecordIsNotTouchedBehindItsEnd)
         SetFields(record, "dmPrintQuality=-3 dmResolution=1200 wmAngle=0");
         record.dmSize = static_cast<WORD>(publicBytes);
         record.dmDriverExtra = static_cast<WORD>(privateBytes);
-        EXPECT_EQ(Create(&record), 1);
+        EXPECT_EQ(Create(), 1);
         EXPECT_EQ(record.dmPrintQuality, qualityAfter) << publicBytes << " + " << privateBytes;
         const bool whole = qualityAfter == 1200;
         EXPECT_EQ(record.dmWatermark.wmAngle, whole ? 53 : 0);
@@ -155,29 +126,24 @@ TEST_F(DocumentEvents, ARecordIsNotTouchedBehindItsEnd)
 
 TEST_F(DocumentEvents, APageIsStampedFromWhatTheRenderingSideHolds)
 {
-    constexpr struct {
-        int answer;
-        DWORD on;
-        SHORT quality;
-        const char* text;  // that the page gets; null: none
-    } Rows[] = {
-        {1,  1, 300, "text COPY at 900,1450" },
+    constexpr std::tuple<int, DWORD, SHORT, const char*> rows[] = {
+        {1,  1, 300, "text COPY at 900,1450" }, // answer, on, quality, the text that the page gets
         {1,  1, -3,  "text COPY at 1800,2900"}, // 600
-        {1,  2, 300, nullptr                 },
-        {1,  0, 300, nullptr                 },
-        {0,  1, 300, nullptr                 },
-        {-1, 1, 300, nullptr                 },
+        {1,  2, 300, ""                      },
+        {1,  0, 300, ""                      },
+        {0,  1, 300, ""                      },
+        {-1, 1, 300, ""                      },
     };
-    for (const auto& row : Rows) {
+    for (const auto& [answer, on, quality, text] : rows) {
         side.held = record;
-        side.held.dmWatermarkOn = row.on;
-        side.held.dmPrintQuality = row.quality;
+        side.held.dmWatermarkOn = on;
+        side.held.dmPrintQuality = quality;
         side.held.dmWatermark.wmAngleMode = 0;
-        side.answer = row.answer;
+        side.answer = answer;
         EXPECT_EQ(Event(7), 1);
         Log expected = {"5001 out 1848"};
-        if (row.text) expected.insert(expected.end(), {"mark 2829625512", row.text, "mark 0"});
-        EXPECT_EQ(side.Take(), expected) << row.answer << ", " << row.on;
+        if (*text) expected.insert(expected.end(), {"mark 2829625512", text, "mark 0"});
+        EXPECT_EQ(side.Take(), expected) << answer << ", " << on;
     }
     EXPECT_EQ(StampPageCount, 2u);
     Machine::Fail("GlobalAlloc");

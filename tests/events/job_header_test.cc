@@ -18,7 +18,7 @@ class JobHeader : public testing::Test {
   protected:
     std::vector<std::string> Sent(const FixedFactValues& facts = {})
     {
-        platform::CurrentEnvironment().facts = platform::MakeFixedFacts(facts);
+        Machine::UseFacts(facts);
         side.inputs.clear();
         SendJobHeader(side.job);
         return side.inputs;

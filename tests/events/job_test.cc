@@ -1,70 +1,51 @@
 // Whole jobs, event by event as the platform sends them.
-#include "events/document_event.h"
-#include "events/stamping.h"
-#include "platform/kernel.h"
-#include "platform/spooler/printers.h"
-#include "settings/defaults.h"
-#include "spooler/printer_data.h"
-#include "tests/events/rendering_side.h"
-#include "tests/spooler/printer_fixture.h"
+#include "tests/events/stamp_fixture.h"
 #include "tests/support/overlays.h"
-#include "watermark/watermark_list.h"
 
 namespace {
 
 using namespace testing_support;
 
-class Jobs : public PrinterTest {
+class Jobs : public StampTest {
   protected:
     Jobs()
     {
-        lstrcpyW(PrinterName, OfficePrinter);
-        BuildDefaultSettings(&portrait, nullptr, u"", 0);
-        SetFields(portrait, "dmPrintQuality=300 dmWatermarkOn=1 wmSize=72 wmFirstPageOnly=0");
-        CopyToField(portrait.dmWatermark.wmFaceName, 32, u"Arial");
-        CopyToField(portrait.dmWatermark.wmText, 73, u"COPY");
         landscape = portrait;
         landscape.dmOrientation = 2;
-        StampReady = StampRepeat = false;
-        StampPageCount = 0;
         StoreOverlays(machine, OfficePrinter, {Overlay(u"A", u"/a.oxl", 1)});
     }
-    ~Jobs() override { PrinterName[0] = 0; }
-    int Event(int code, ULONG inputBytes = 0, void* input = nullptr)
+    void Send(int code, ULONG inputBytes = 0, const void* input = nullptr)
     {
         DriverDevMode* output = nullptr;
-        const int result = DrvDocumentEvent(printer, side.job, code, inputBytes, input, sizeof output, &output);
+        results.push_back(Event(code, inputBytes, input, sizeof output, &output));
         // The rendering side works with the record that the event hands on.
         if (output) side.held = *output;
-        results.push_back(result);
-        return result;
     }
     void Page()
     {
-        Event(DOCUMENTEVENT_STARTPAGE);
-        Event(DOCUMENTEVENT_ENDPAGE);
+        Send(DOCUMENTEVENT_STARTPAGE);
+        Send(DOCUMENTEVENT_ENDPAGE);
     }
     // Two pages in portrait, a reset, and one in landscape.
     Log Job()
     {
         results.clear();
         DriverDevMode first = portrait, second = landscape, *reset = &second;
-        void* creation[4] = {nullptr, nullptr, &first, nullptr};
-        Event(DOCUMENTEVENT_CREATEDCPRE, sizeof creation, creation);
-        Event(DOCUMENTEVENT_CREATEDCPOST);
-        Event(DOCUMENTEVENT_STARTDOC);
+        const void* creation[4] = {nullptr, nullptr, &first, nullptr};
+        Send(DOCUMENTEVENT_CREATEDCPRE, sizeof creation, creation);
+        Send(DOCUMENTEVENT_CREATEDCPOST);
+        Send(DOCUMENTEVENT_STARTDOC);
         Page();
         Page();
-        Event(DOCUMENTEVENT_RESETDCPRE, sizeof reset, &reset);
-        Event(DOCUMENTEVENT_RESETDCPOST);
+        Send(DOCUMENTEVENT_RESETDCPRE, sizeof reset, &reset);
+        Send(DOCUMENTEVENT_RESETDCPOST);
         Page();
-        Event(DOCUMENTEVENT_ENDDOC);
-        Event(DOCUMENTEVENT_DELETEDC);
+        Send(DOCUMENTEVENT_ENDDOC);
+        Send(DOCUMENTEVENT_DELETEDC);
         return side.Take();
     }
 
-    RenderingSide side;
-    DriverDevMode portrait{}, landscape{};
+    DriverDevMode &portrait = record, landscape{};
     std::vector<int> results;
 };
 

@@ -1,9 +1,6 @@
 #include "events/overlay_pending.h"
 
-#include "platform/kernel.h"
-#include "platform/spooler/printers.h"
-#include "spooler/printer_data.h"
-#include "tests/spooler/printer_fixture.h"
+#include "tests/support/printer_fixture.h"
 
 namespace {
 
@@ -23,16 +20,7 @@ Bytes List(const std::vector<std::uint8_t>& flags, std::size_t size)
     return bytes;
 }
 
-class OverlayPending : public PrinterTest {
-  protected:
-    OverlayPending() { lstrcpyW(PrinterName, OfficePrinter); }
-    ~OverlayPending() override { PrinterName[0] = 0; }
-    void StoreList(const Bytes& bytes, std::size_t size)
-    {
-        Store(u"OverlayDataSize", 4, LittleEndian(static_cast<DWORD>(size)));
-        Store(u"OverlayData", 3, bytes);
-    }
-};
+using OverlayPending = PrinterTest;
 
 TEST_F(OverlayPending, ClearsEveryFlagAndNothingElse)
 {
@@ -51,17 +39,17 @@ TEST_F(OverlayPending, ClearsEveryFlagAndNothingElse)
         {{},        {},        3          },
     };
     for (const auto& row : Rows) {
-        StoreList(List(row.before, row.bytes), row.bytes);
+        Store(u"OverlayData", List(row.before, row.bytes));
         EXPECT_EQ(ResetOverlayPending(), 1);
         EXPECT_EQ(Stored(u"OverlayData"), List(row.after, row.bytes)) << row.bytes;
-        EXPECT_EQ(Stored(u"OverlayDataSize"), LittleEndian(static_cast<DWORD>(row.bytes)));
+        EXPECT_EQ(Stored(u"OverlayDataSize"), DwordBytes(static_cast<DWORD>(row.bytes)));
     }
 }
 
 TEST_F(OverlayPending, APrinterThatCannotBeOpenedKeepsItsFlags)
 {
     const Bytes pending = List({1}, 1064);
-    StoreList(pending, 1064);
+    Store(u"OverlayData", pending);
     for (const std::uint64_t call : {1u, 2u}) {
         Machine::Fail("OpenPrinterW", call);
         SetLastError(0);

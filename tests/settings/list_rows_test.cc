@@ -2,21 +2,17 @@
 
 #include <numeric>
 
-#include "module.h"
-#include "tests/support/machine.h"
-#include "tests/support/records.h"
+#include "tests/support/printer_fixture.h"
 
 namespace {
 
 using namespace testing_support;
 
 // The lists as the pages load them, with two custom sizes, and back to their start at the end.
-class ListRows : public testing::Test {
+class ListRows : public PrinterTest {
   protected:
     ListRows()
     {
-        static const bool loaded = DllInitialize(LoadLibraryW(QD_MODULE_PATH), DLL_PROCESS_ATTACH, nullptr) != 0;
-        EXPECT_TRUE(loaded);
         CurrentSettings = &record;
         constexpr int bins[] = {7, 1, 2, 4};
         for (int k = 0; k < 4; ++k) SourceRows[k].code = bins[k];
@@ -26,11 +22,10 @@ class ListRows : public testing::Test {
     }
     ~ListRows() override
     {
-        CurrentSettings = nullptr;
         for (ListRow& row : SourceRows) row = {};
         for (ListRow& row : MediaRows) row = {};
         for (PaperRow& row : PaperRows) row = {};
-        PaperRowCount = 26;
+        PaperRowCount = BuiltInPaperRows;
         SelectedMedia = 0;
         MediaIndex = 0;
         ListFilterMode = FilterBySource;

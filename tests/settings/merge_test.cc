@@ -1,5 +1,7 @@
 #include "settings/merge.h"
 
+#include <array>
+
 #include "settings/defaults.h"
 #include "settings/record_copy.h"
 #include "settings/wide_text.h"
@@ -10,18 +12,23 @@ namespace {
 
 using namespace testing_support;
 
-DriverDevMode Default()
+DriverDevMode Default(const std::string& fields = {})
 {
     DriverDevMode record;
     BuildDefaultSettings(&record, u"Quillet", u"", 0);
+    SetFields(record, fields);
     return record;
 }
 
+DriverDevMode Merged(DriverDevMode target, const DriverDevMode& source)
+{
+    EXPECT_EQ(MergeSettings(&target, PublicPart(&source)), 1);
+    return target;
+}
+
 // Merged over a record that holds another legal value in each of these fields.
-constexpr struct {
-    const char* field;
-    int least, greatest, otherwise;
-} PrivateBounds[] = {
+// Field, least, greatest, otherwise.
+constexpr std::tuple<const char*, int, int, int> PrivateBounds[] = {
     {"dmNupOn",           0,   1,   0  },
     {"dmFitToPaper",      0,   2,   0  },
     {"dmZoom",            20,  400, 100},
@@ -41,40 +48,28 @@ constexpr struct {
     {"dmDeviceFlags",     128, 128, 0  },
 };
 
-std::int64_t Merged(const char* field, std::int64_t given)
-{
-    DriverDevMode target = BusyRecord(), source = Default();
-    SetField(source, field, given);
-    EXPECT_EQ(MergeSettings(&target, PublicPart(&source)), 1);
-    return GetField(target, field);
-}
-
 TEST(Merge, ReplacesAPrivateFieldOutsideItsBounds)
 {
-    for (const auto& row : PrivateBounds) {
-        EXPECT_EQ(Merged(row.field, row.least), row.least) << row.field;
-        EXPECT_EQ(Merged(row.field, row.greatest), row.greatest) << row.field;
-        EXPECT_EQ(Merged(row.field, row.least - 1), row.otherwise) << row.field;
-        EXPECT_EQ(Merged(row.field, row.greatest + 1), row.otherwise) << row.field;
+    const auto merged = [](const std::string& field, int given) {
+        return GetField(Merged(BusyRecord(), Default(field + "=" + std::to_string(given))), field);
+    };
+    for (const auto& [field, least, greatest, otherwise] : PrivateBounds) {
+        EXPECT_EQ(merged(field, least), least) << field;
+        EXPECT_EQ(merged(field, greatest), greatest) << field;
+        EXPECT_EQ(merged(field, least - 1), otherwise) << field;
+        EXPECT_EQ(merged(field, greatest + 1), otherwise) << field;
     }
-    DriverDevMode target = Default(), source = Default();
-    source.dmTotalMemory = 144;
-    source.dmAvailableMemory = 1;
-    MergeSettings(&target, PublicPart(&source));
-    EXPECT_EQ(target.dmAvailableMemory, 4763) << "is worked out anew";
-    for (const int resolution : {300, 600, 1200}) EXPECT_EQ(Merged("dmResolution", resolution), resolution);
-    EXPECT_EQ(Merged("dmResolution", 601), 600);
-    EXPECT_EQ(Merged("dmDeviceFlags", 0), 0);
+    EXPECT_EQ(Merged(Default(), Default("dmTotalMemory=144 dmAvailableMemory=1")).dmAvailableMemory, 4763)
+        << "is worked out anew";
+    for (const int resolution : {300, 600, 1200}) EXPECT_EQ(merged("dmResolution", resolution), resolution);
+    EXPECT_EQ(merged("dmResolution", 601), 600);
+    EXPECT_EQ(merged("dmDeviceFlags", 0), 0);
 }
 
 constexpr DWORD Always = DM_DEFAULTSOURCE;
 
-constexpr struct {
-    const char* field;
-    int given;
-    DWORD fields;  // of the source
-    int expected;
-} PublicRows[] = {
+// Field, value and dmFields of the source, and the value that comes out.
+constexpr std::tuple<const char*, int, DWORD, int> PublicRows[] = {
     {"dmOrientation",   1,    DM_ORIENTATION,   1   },
     {"dmOrientation",   2,    DM_ORIENTATION,   2   },
     {"dmOrientation",   3,    DM_ORIENTATION,   1   },
@@ -109,13 +104,13 @@ constexpr struct {
 
 TEST(Merge, TakesOrReplacesEachPublicField)
 {
-    for (const auto& row : PublicRows) {
-        DriverDevMode target = BusyRecord(), source = Default();
-        source.dmFields = row.fields;
-        SetField(source, row.field, row.given);
-        MergeSettings(&target, PublicPart(&source));
-        EXPECT_EQ(GetField(target, row.field), row.expected) << row.field << ' ' << row.given;
-        EXPECT_EQ(target.dmFields, Always | (row.fields & ~(DM_DUPLEX | DM_COLLATE))) << row.field << ' ' << row.given;
+    for (const auto& [field, given, fields, expected] : PublicRows) {
+        DriverDevMode source = Default();
+        source.dmFields = fields;
+        SetField(source, field, given);
+        const DriverDevMode merged = Merged(BusyRecord(), source);
+        EXPECT_EQ(GetField(merged, field), expected) << field << ' ' << given;
+        EXPECT_EQ(merged.dmFields, Always | (fields & ~(DM_DUPLEX | DM_COLLATE))) << field << ' ' << given;
     }
 }
 
@@ -149,31 +144,25 @@ constexpr struct {
 TEST(Merge, LeavesOneWayOfGivingThePaper)
 {
     for (const auto& row : PaperRows) {
-        DriverDevMode target = BusyRecord(), source = Default();
+        DriverDevMode source = Default();
         source.dmFields = row.fields;
         source.dmPaperSize = row.code;
         source.dmPaperLength = row.length;
         source.dmPaperWidth = row.width;
         source.dmFormName[0] = u'S';
-        MergeSettings(&target, PublicPart(&source));
-        EXPECT_EQ(target.dmPaperSize, row.expectedCode) << row.what;
-        EXPECT_EQ(target.dmPaperLength, row.expectedLength) << row.what;
-        EXPECT_EQ(target.dmPaperWidth, row.expectedWidth) << row.what;
-        EXPECT_EQ(target.dmFields, Always | row.expectedFields) << row.what;
-        EXPECT_EQ(target.dmFormName[0], row.expectedForm) << row.what;
+        const DriverDevMode merged = Merged(BusyRecord(), source);
+        EXPECT_EQ(std::tuple(merged.dmPaperSize, merged.dmPaperLength, merged.dmPaperWidth, merged.dmFields,
+                             merged.dmFormName[0]),
+                  std::tuple(row.expectedCode, row.expectedLength, row.expectedWidth, Always | row.expectedFields,
+                             row.expectedForm))
+            << row.what;
     }
 }
 
 TEST(Merge, ChecksTheNupLayoutOnlyWhileItIsOn)
 {
-    constexpr struct {
-        BYTE on;
-        SHORT count;
-        BYTE flag;
-        SHORT expectedCount;
-        BYTE expectedFlag;
-    } rows[] = {
-        {1, 1,  1,   1,  1},
+    constexpr int rows[][5] = {
+        {1, 1,  1,   1,  1}, // on, count, a flag; count and flag that come out
         {1, 2,  0,   2,  0},
         {1, 4,  2,   4,  0},
         {1, 6,  255, 6,  0},
@@ -183,26 +172,24 @@ TEST(Merge, ChecksTheNupLayoutOnlyWhileItIsOn)
         {0, 3,  9,   3,  9},
         {5, 77, 8,   77, 8},
     };
-    for (const auto& row : rows) {
-        DriverDevMode target = Default(), source = Default();
-        source.dmNupOn = row.on;
-        source.dmNupCount = row.count;
-        source.dmNupVertical = source.dmNupDescending = source.dmNupBorder = row.flag;
+    for (const auto& [on, count, flag, expectedCount, expectedFlag] : rows) {
+        DriverDevMode source = Default();
         source.dmReserved283 = 0x5A;
-        MergeSettings(&target, PublicPart(&source));
-        EXPECT_EQ(target.dmNupCount, row.expectedCount) << int{row.on} << ' ' << row.count;
-        for (const BYTE flag : {target.dmNupVertical, target.dmNupDescending, target.dmNupBorder})
-            EXPECT_EQ(flag, row.expectedFlag) << int{row.on} << ' ' << row.count;
-        EXPECT_EQ(target.dmReserved283, 0x5A);
+        source.dmNupOn = static_cast<BYTE>(on);
+        source.dmNupCount = static_cast<SHORT>(count);
+        source.dmNupVertical = source.dmNupDescending = source.dmNupBorder = static_cast<BYTE>(flag);
+        const DriverDevMode merged = Merged(Default(), source);
+        EXPECT_EQ((std::array<int, 5>{merged.dmNupCount, merged.dmNupVertical, merged.dmNupDescending,
+                                      merged.dmNupBorder, merged.dmReserved283}),
+                  (std::array{expectedCount, expectedFlag, expectedFlag, expectedFlag, 0x5A}))
+            << on << ' ' << count;
     }
 }
 
 TEST(Merge, ChecksTheTextModeByTheStoredGraphicsMode)
 {
-    constexpr struct {
-        BYTE graphics, text, expected;
-    } rows[] = {
-        {0, 2,   2  },
+    constexpr BYTE rows[][3] = {
+        {0, 2,   2  }, // graphics mode, text mode, the one that comes out
         {0, 3,   2  },
         {1, 0,   0  },
         {1, 200, 2  },
@@ -210,28 +197,24 @@ TEST(Merge, ChecksTheTextModeByTheStoredGraphicsMode)
         {2, 255, 255},
         {3, 9,   2  }, // the graphics mode becomes 1
     };
-    for (const auto& row : rows) {
-        DriverDevMode target = BusyRecord(), source = Default();
-        source.dmGraphicsMode = row.graphics;
-        source.dmTextMode = row.text;
-        MergeSettings(&target, PublicPart(&source));
-        EXPECT_EQ(target.dmTextMode, row.expected) << int{row.graphics} << ' ' << int{row.text};
+    for (const auto& [graphics, text, expected] : rows) {
+        DriverDevMode source = Default();
+        source.dmGraphicsMode = graphics;
+        source.dmTextMode = text;
+        EXPECT_EQ(Merged(BusyRecord(), source).dmTextMode, expected) << int{graphics} << ' ' << int{text};
     }
 }
 
 TEST(Merge, CopiesTheOverlayFileUpToItsTerminatorOrTheEndOfTheField)
 {
-    DriverDevMode target = Default(), source = Default();
+    DriverDevMode target = Default(), source = Default("dmOverlayFirstPage=0x0101");
     target.dmOverlayFile[5] = u'z';
     CopyBounded(source.dmOverlayFile, u"ab", 262);
-    MergeSettings(&target, PublicPart(&source));
+    target = Merged(target, source);
     EXPECT_EQ(std::u16string(target.dmOverlayFile), u"ab");
     EXPECT_EQ(target.dmOverlayFile[5], u'z');
-
-    std::fill(std::begin(source.dmOverlayFile), std::end(source.dmOverlayFile), u'p');
-    source.dmOverlayFirstPage = 0x0101;
-    MergeSettings(&target, PublicPart(&source));
-    EXPECT_EQ(std::u16string(target.dmOverlayFile), std::u16string(261, u'p'));
+    std::ranges::fill(source.dmOverlayFile, u'p');
+    EXPECT_EQ(std::u16string(Merged(target, source).dmOverlayFile), std::u16string(261, u'p'));
 }
 
 TEST(Merge, KeepsWhatNoRuleNames)
@@ -241,11 +224,10 @@ TEST(Merge, KeepsWhatNoRuleNames)
         "dmModelParam3",    "dmModelParam4",  "dmModelParam5", "dmModelParam6",   "dmNupModelByte",  "dmNupModelValue1",
         "dmNupModelValue2", "dmConstantFlag", "dmPreviewMode", "dmLogPixels",     "dmPanningHeight",
     };
-    DriverDevMode target = Default(), source;
+    DriverDevMode source;
     std::memset(static_cast<void*>(&source), 0x11, sizeof source);
     SetFields(source, "dmSpecVersion=1025 dmSize=220 dmDriverExtra=1628");
-    MergeSettings(&target, PublicPart(&source));
-
+    const DriverDevMode target = Merged(Default(), source);
     for (const char* field : kept) EXPECT_EQ(GetField(target, field), GetField(Default(), field)) << field;
     EXPECT_EQ(std::u16string(target.dmDeviceName), u"Quillet");
     EXPECT_EQ(std::u16string(target.dmOverlayReserved), u"0");
@@ -262,11 +244,10 @@ TEST(Merge, SkipsAPublicPartThatIsNotItsOwn)
         {1025, 0  },
     };
     for (const auto& [specVersion, size] : rows) {
-        DriverDevMode target = Default(), source = BusyRecord();
+        DriverDevMode source = BusyRecord();
         source.dmSpecVersion = specVersion;
         source.dmSize = size;
-        EXPECT_EQ(MergeSettings(&target, PublicPart(&source)), 1);
-        EXPECT_EQ(BytesOf(target), BytesOf(Default())) << specVersion << ' ' << size;
+        EXPECT_EQ(BytesOf(Merged(Default(), source)), BytesOf(Default())) << specVersion << ' ' << size;
     }
     DriverDevMode target = Default();
     EXPECT_EQ(MergeSettings(&target, nullptr), 1);

@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "settings/list_rows.h"
 #include "tests/support/machine.h"
 #include "tests/support/records.h"
 
@@ -30,11 +29,8 @@ Buffer Read(int group, int key, std::size_t bytes)
 TEST_F(Options, AreReadAs16BitsAndWrittenInTheFieldsWidth)
 {
     const Buffer byte = {0x81, 0, 0xEE}, word = {0x81, 0x81, 0xEE};
-    const struct {
-        int group, key;
-        const char* field;
-        Buffer read;  // from a record with 0x81 in the field's bytes; 0xEE is untouched
-    } rows[] = {
+    // What is read is from a record with 0x81 in the field's bytes; 0xEE is untouched.
+    const std::tuple<int, int, const char*, Buffer> rows[] = {
         {1031, 1022, "dmTonerSave",       byte},
         {1031, 1026, "dmSmoothtone",      byte},
         {1031, 1030, "dmAllRaster",       byte},
@@ -55,15 +51,15 @@ TEST_F(Options, AreReadAs16BitsAndWrittenInTheFieldsWidth)
         {3013, 9505, "dmImageShiftOn",    word},
         {3013, 9507, "dmImageRotated",    word},
     };
-    for (const auto& row : rows) {
+    for (const auto& [group, key, name, read] : rows) {
         record = BusyRecord();
-        const RecordField& field = FieldOf(row.field);
+        const RecordField& field = FieldOf(name);
         RecordImage expected = BytesOf(record);
         std::fill_n(expected.begin() + static_cast<std::ptrdiff_t>(field.offset), field.width, 0x81);
         const std::uint8_t in[] = {0x81, 0x81};
-        EXPECT_EQ(SetOption(row.group, row.key, in), 1);
-        EXPECT_EQ(BytesOf(record), expected) << row.field;
-        EXPECT_EQ(Read(row.group, row.key, 3), row.read) << row.field;
+        EXPECT_EQ(SetOption(group, key, in), 1);
+        EXPECT_EQ(BytesOf(record), expected) << name;
+        EXPECT_EQ(Read(group, key, 3), read) << name;
     }
 }
 
@@ -119,11 +115,7 @@ TEST_F(Options, DuplexIsReadSignExtendedAndWrittenFromItsLowHalf)
 // From a record with length 254 and width 254.
 TEST_F(Options, PaperIsReadWithTheSizeOfABuiltInCode)
 {
-    constexpr struct {
-        SHORT code;
-        PaperPayload read;
-        int country;
-    } rows[] = {
+    constexpr std::tuple<SHORT, PaperPayload, int> rows[] = {
         {9,   {9, 3507, 2480},   1  },
         {1,   {1, 3300, 2550},   49 },
         {223, {223, 2362, 1748}, 1  },
@@ -133,12 +125,12 @@ TEST_F(Options, PaperIsReadWithTheSizeOfABuiltInCode)
         {0,   {9, 3507, 2480},   49 },
         {100, {9, 3507, 2480},   81 },
     };
-    for (const auto& row : rows) {
-        const Machine machine(Machine::InCountry(row.country));
-        record.dmPaperSize = row.code;
+    for (const auto& [code, expected, country] : rows) {
+        const Machine machine(Machine::InCountry(country));
+        record.dmPaperSize = code;
         record.dmPaperLength = record.dmPaperWidth = 254;
         const auto read = GetOption<PaperPayload>(PaperOption);
-        EXPECT_EQ(BytesOf(read), BytesOf(row.read)) << row.code;
+        EXPECT_EQ(BytesOf(read), BytesOf(expected)) << code;
         EXPECT_EQ(BytesOf(PaperPayload{record.dmPaperSize, record.dmPaperLength, record.dmPaperWidth}), BytesOf(read));
     }
 }
@@ -150,19 +142,6 @@ TEST_F(Options, PaperIsWrittenToThePrivateSizeToo)
     EXPECT_EQ((std::array{r.dmPaperSize, r.dmPaperLength, r.dmPaperWidth, r.dmPaperLengthPriv, r.dmPaperWidthPriv}),
               (std::array<SHORT, 5>{300, 900, 800, 900, 800}));
     EXPECT_EQ(PaperSizeDots(9), 3507u << 16 | 2480u);
-}
-
-TEST_F(Options, ANewSourceFiltersThePapers)
-{
-    SourceRows[2].code = 2;
-    ListFilterMode = FilterBySource;
-    PaperRowCount = BuiltInPaperRows;
-    PaperRows[4].enabled = PaperRows[5].enabled = 77;
-    SetOption(SourceOption, SHORT{2});
-    EXPECT_NE(PaperRows[4].enabled, 0u);
-    EXPECT_EQ(PaperRows[5].enabled, 0u);
-    SourceRows[2].code = 0;
-    PaperRowCount = 0;
 }
 
 TEST_F(Options, Tray2CanBeSetAndNotCleared)

@@ -52,16 +52,6 @@ TEST(WideToNarrow, StopsAtTheLimit)
     }
 }
 
-TEST(HeapCopyString, LivesInTheHeap)
-{
-    const Machine machine;
-    HANDLE heap = HeapCreate(0, 0, 0);
-    EXPECT_EQ(std::u16string(HeapCopyString(u"Quillet", heap)), u"Quillet");
-    Machine::Fail("HeapAlloc");
-    EXPECT_EQ(HeapCopyString(u"Quillet", heap), nullptr);
-    HeapDestroy(heap);
-}
-
 TEST(DecimalNumber, EndsAtTheFirstCharacterThatIsNoDigit)
 {
     EXPECT_EQ(DecimalNumber("44"), 44);

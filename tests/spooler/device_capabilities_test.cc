@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "spooler/paper_lists.h"
-#include "tests/spooler/printer_fixture.h"
 #include "tests/support/custom_papers.h"
+#include "tests/support/printer_fixture.h"
 #include "tests/support/records.h"
 
 namespace {
@@ -107,14 +107,15 @@ TEST_F(Capability, WithoutStoredSizesTheListsHave27Rows)
 
 TEST_F(Capability, WritesNoMoreThanTheAnswerPromises)
 {
-    for (const auto& [stored, names] : {
-             std::pair{1,     28    },
-             {32740, 32767 },
-             {32741, -32768},
-             {65508, -1    },
-             {65509, 0     },
-             {65511, 2     }
-    }) {
+    constexpr std::pair<int, int> rows[] = {
+        {1,     28    },
+        {32740, 32767 },
+        {32741, -32768},
+        {65508, -1    },
+        {65509, 0     },
+        {65511, 2     },
+    };
+    for (const auto& [stored, names] : rows) {
         StorePapers(machine, platform::Bytes(56, 1), static_cast<DWORD>(stored) * 56);
         EXPECT_EQ(Ask(DC_PAPERS), stored + 27);
         EXPECT_EQ(Ask(DC_PAPERNAMES), names);

@@ -1,7 +1,7 @@
 #include "spooler/paper_sizes.h"
 
-#include "tests/spooler/printer_fixture.h"
 #include "tests/support/custom_papers.h"
+#include "tests/support/printer_fixture.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include "settings/record_copy.h"
 #include "settings/tray2_value.h"
 #include "spooler/format_text.h"
-#include "tests/spooler/printer_fixture.h"
+#include "tests/support/printer_fixture.h"
 #include "tests/support/records.h"
 
 namespace {
@@ -24,14 +24,15 @@ class Conversion351 : public PrinterTest {
         error = GetLastError();
         return result;
     }
-    void PromiseRecord(WORD size, WORD extra)
+    DEVMODEW* PromiseRecord(WORD size, WORD extra)
     {
         buffer.assign(4096, 0);
-        auto* record = reinterpret_cast<DriverDevMode*>(buffer.data());
+        auto* record = reinterpret_cast<DEVMODEW*>(buffer.data());
         record->dmSpecVersion = 1025;
         record->dmDriverVersion = 296;
         record->dmSize = size;
         record->dmDriverExtra = extra;
+        return record;
     }
 
     DriverDevMode input = BusyRecord();
@@ -40,67 +41,48 @@ class Conversion351 : public PrinterTest {
     DWORD error = 0;
 };
 
-TEST_F(Conversion351, TellsTheRoomThatItNeeds)
+TEST_F(Conversion351, TellsTheRoomThatItNeedsAndRefusesWhatIsMissingOrPromisesMoreThanThereIs)
 {
     constexpr struct {
         DWORD mode;
         LONG room;
+        WORD size, extra;  // that the output promises
+        bool in, out;
         BOOL result;
         DWORD error;
         LONG needed;
     } Rows[] = {
-        {CDM_CONVERT351,     0,    FALSE, 122, 300 },
-        {CDM_CONVERT351,     -1,   FALSE, 122, 300 },
-        {CDM_CONVERT351,     299,  FALSE, 122, 300 },
-        {CDM_CONVERT351,     300,  TRUE,  0,   300 },
-        {CDM_CONVERT351,     4096, TRUE,  0,   300 },
-        {CDM_DRIVER_DEFAULT, 1847, FALSE, 122, 1848},
-        {CDM_DRIVER_DEFAULT, 1848, TRUE,  122, 1848}, // of asking the driver how long its name is
-        {CDM_CONVERT,        0,    FALSE, 87,  0   },
-        {CDM_CONVERT,        71,   FALSE, 87,  71  },
-        {3,                  4096, FALSE, 0,   4096},
-        {0,                  0,    FALSE, 0,   0   },
+        {CDM_CONVERT351,     0,    0,   0,    true,  true,  FALSE, 122, 300 },
+        {CDM_CONVERT351,     -1,   0,   0,    true,  true,  FALSE, 122, 300 },
+        {CDM_CONVERT351,     299,  0,   0,    true,  true,  FALSE, 122, 300 },
+        {CDM_CONVERT351,     300,  0,   0,    true,  true,  TRUE,  0,   300 },
+        {CDM_CONVERT351,     4096, 0,   0,    true,  true,  TRUE,  0,   300 },
+        {CDM_CONVERT351,     400,  220, 0,    false, true,  FALSE, 87,  400 },
+        {CDM_CONVERT351,     300,  220, 0,    true,  false, FALSE, 122, 300 },
+        {CDM_DRIVER_DEFAULT, 1847, 0,   0,    true,  true,  FALSE, 122, 1848},
+        {CDM_DRIVER_DEFAULT, 1848, 0,   0,    true,  true,  TRUE,  122, 1848}, // of asking the driver how long its name is
+        {CDM_CONVERT,        0,    0,   0,    true,  true,  FALSE, 87,  0   },
+        {CDM_CONVERT,        71,   0,   0,    true,  true,  FALSE, 87,  71  },
+        {CDM_CONVERT,        300,  220, 0,    true,  true,  TRUE,  0,   220 },
+        {CDM_CONVERT,        300,  71,  0,    true,  true,  TRUE,  0,   71  }, // a size of no version
+        {CDM_CONVERT,        1847, 220, 1628, true,  true,  FALSE, 87,  1847},
+        {CDM_CONVERT,        220,  220, 0,    false, true,  FALSE, 87,  220 },
+        {CDM_CONVERT,        220,  220, 0,    true,  false, FALSE, 87,  220 },
+        {3,                  4096, 0,   0,    true,  true,  FALSE, 0,   4096},
+        {0,                  0,    0,   0,    true,  true,  FALSE, 0,   0   },
     };
     for (const auto& row : Rows) {
-        EXPECT_EQ(Convert(row.mode, row.room), row.result) << row.mode << " with room for " << row.room;
-        EXPECT_EQ(error, row.error) << row.mode << " with room for " << row.room;
-        EXPECT_EQ(needed, row.needed) << row.mode << " with room for " << row.room;
-        buffer.clear();
-    }
-}
-
-TEST_F(Conversion351, RefusesWhatIsMissingOrPromisesMoreThanThereIs)
-{
-    const struct {
-        WORD size, extra;  // of the output
-        DWORD mode;
-        LONG room;
-        bool in, out;
-        DWORD error;  // 0: none
-        LONG needed;
-    } rows[] = {
-        {220, 0,    CDM_CONVERT,    300,  true,  true,  0,   220 },
-        {71,  0,    CDM_CONVERT,    300,  true,  true,  0,   71  }, // a size of no version
-        {220, 1628, CDM_CONVERT,    1847, true,  true,  87,  1847},
-        {220, 0,    CDM_CONVERT,    220,  false, true,  87,  220 },
-        {220, 0,    CDM_CONVERT,    220,  true,  false, 87,  220 },
-        {220, 0,    CDM_CONVERT351, 400,  false, true,  87,  400 },
-        {220, 0,    CDM_CONVERT351, 300,  true,  false, 122, 300 },
-    };
-    for (const auto& row : rows) {
         PromiseRecord(row.size, row.extra);
-        EXPECT_EQ(Convert(row.mode, row.room, row.in, row.out), row.error == 0) << row.size << ' ' << row.room;
-        EXPECT_EQ(error, row.error) << row.size << ' ' << row.room;
-        EXPECT_EQ(needed, row.needed) << row.size << ' ' << row.room;
+        EXPECT_EQ(Convert(row.mode, row.room, row.in, row.out), row.result) << row.mode << ' ' << row.room;
+        EXPECT_EQ(error, row.error) << row.mode << ' ' << row.room;
+        EXPECT_EQ(needed, row.needed) << row.mode << ' ' << row.room;
     }
-    PromiseRecord(71, 0);
-    reinterpret_cast<DEVMODEW*>(buffer.data())->dmSpecVersion = 0;
+    PromiseRecord(71, 0)->dmSpecVersion = 0;
     EXPECT_FALSE(Convert(CDM_CONVERT, 300));
     EXPECT_EQ(error, 87u);
     for (const DWORD mode : {CDM_CONVERT, CDM_CONVERT351, CDM_DRIVER_DEFAULT, DWORD{3}}) {
         SetLastError(0);
-        auto* out = reinterpret_cast<DEVMODEW*>(buffer.data());
-        EXPECT_FALSE(DrvConvertDevMode(OfficePrinter, PublicPart(&input), out, nullptr, mode));
+        EXPECT_FALSE(DrvConvertDevMode(OfficePrinter, PublicPart(&input), PromiseRecord(220, 0), nullptr, mode));
         EXPECT_EQ(GetLastError(), 87u) << mode;
     }
 }
@@ -123,28 +105,24 @@ TEST_F(Conversion351, TheDefaultIsTheModelsWithoutTheInput)
 
 TEST_F(Conversion351, ARefusedJobHasAMessageAsFarAsThereIsRoom)
 {
-    struct Row {
-        std::uint64_t call;  // the allocation that fails
-        DWORD room;
-        std::u16string message;
-        DWORD needed;
+    // the allocation that fails, room
+    const std::tuple<std::uint64_t, DWORD, std::u16string, DWORD> rows[] = {
+        {1, 64,          u"Memory allocation failed",   25},
+        {1, 8,           u"Memory ",                    25},
+        {1, 0,           u"unwritten",                  25},
+        {4, 64,          u"Invalid DEVMODE structure.", 27},
+        {4, 0x7FFF,      u"Invalid DEVMODE structure.", 27},
+        {4, 0xFFFFFFFFu, u"Invalid DEVMODE structure.", 27},
+        {9, 64,          u"unwritten",                  0 }, // which prints
     };
-    for (const Row& row : {
-             Row{1, 64,          u"Memory allocation failed",   25},
-             {1, 8,           u"Memory ",                    25},
-             {1, 0,           u"unwritten",                  25},
-             {4, 64,          u"Invalid DEVMODE structure.", 27},
-             {4, 0x7FFF,      u"Invalid DEVMODE structure.", 27},
-             {4, 0xFFFFFFFFu, u"Invalid DEVMODE structure.", 27},
-             {9, 64,          u"unwritten",                  0 }, // which prints
-    }) {
+    for (const auto& [call, room, text, characters] : rows) {
         std::vector<WCHAR> message(0x8000);
         lstrcpyW(message.data(), u"unwritten");
-        DEVQUERYPRINT_INFO info{sizeof info, 1, printer, PublicPart(&input), message.data(), row.room, 0};
-        Machine::Fail("GlobalAlloc", row.call);
-        EXPECT_EQ(DevQueryPrintEx(&info), row.needed == 0);
-        EXPECT_EQ(std::u16string(message.data()), row.message) << row.room;
-        EXPECT_EQ(info.cchNeeded, row.needed);
+        DEVQUERYPRINT_INFO info{sizeof info, 1, printer, PublicPart(&input), message.data(), room, 0};
+        Machine::Fail("GlobalAlloc", call);
+        EXPECT_EQ(DevQueryPrintEx(&info), characters == 0);
+        EXPECT_EQ(std::u16string(message.data()), text) << room;
+        EXPECT_EQ(info.cchNeeded, characters);
     }
 }
 

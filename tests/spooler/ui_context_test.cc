@@ -1,7 +1,7 @@
 #include "spooler/ui_context.h"
 
 #include "spooler/printer_data.h"
-#include "tests/spooler/printer_fixture.h"
+#include "tests/support/printer_fixture.h"
 
 namespace {
 

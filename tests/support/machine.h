@@ -26,8 +26,8 @@ class Machine {
         environment.printers = store;
         environment.registry = store;
         environment.fonts = platform::MakeBuiltinFonts();
-        environment.facts = platform::MakeFixedFacts(facts);
         environment.faults.Clear();
+        UseFacts(facts);
     }
     ~Machine()
     {
@@ -38,7 +38,7 @@ class Machine {
         environment.fonts = nullptr;
         environment.desktop = nullptr;
         environment.trace = nullptr;
-        environment.facts = platform::MakeFixedFacts({});
+        UseFacts({});
     }
     Machine(const Machine&) = delete;
     Machine& operator=(const Machine&) = delete;
@@ -48,6 +48,10 @@ class Machine {
         platform::FixedFactValues facts;
         facts.country = country;
         return facts;
+    }
+    static void UseFacts(const platform::FixedFactValues& facts)
+    {
+        platform::CurrentEnvironment().facts = platform::MakeFixedFacts(facts);
     }
     // From now on the call-th call of a platform function fails, and no other.
     static void Fail(const std::string& function, std::uint64_t call = 1)

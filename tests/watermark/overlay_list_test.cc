@@ -1,32 +1,21 @@
 #include "watermark/overlay_list.h"
 
-#include <gtest/gtest.h>
-
-#include "module.h"
-#include "platform/kernel/memory.h"
 #include "platform/kernel/unicode.h"
-#include "spooler/printer_data.h"
 #include "tests/support/overlays.h"
+#include "tests/support/printer_fixture.h"
 
 namespace {
 
 using namespace testing_support;
 
-class OverlayStore : public testing::Test {
+class OverlayStore : public PrinterTest {
   protected:
-    OverlayStore()
-    {
-        if (!ModuleHandle) DllInitialize(LoadLibraryW(QD_MODULE_PATH), DLL_PROCESS_ATTACH, nullptr);
-        lstrcpyW(PrinterName, OfficePrinter);
-        blocks = platform::memory::BlockCount();
-        StoreOverlays(machine, OfficePrinter, three);
-    }
+    OverlayStore() { StoreOverlays(machine, OfficePrinter, three); }
     ~OverlayStore() override
     {
         FreeOverlayEntries(OverlayList);
         OverlayList = OverlaySelected = OverlayEditing = nullptr;
         OverlayIndex = 0;
-        EXPECT_EQ(platform::memory::BlockCount(), blocks);
     }
     static int Load(int index)
     {
@@ -52,8 +41,6 @@ class OverlayStore : public testing::Test {
         return row;
     }
 
-    std::size_t blocks = 0;
-    Machine machine;
     const std::vector<OverlayEntry> three = {Overlay(u"A", u"/a.oxl"), Overlay(u"B", u"/b.oxl", 1),
                                              Overlay(u"C", u"/c.oxl", 7)};
 };

@@ -2,14 +2,8 @@
 // which of them is the job's.
 #include "watermark/watermark_values.h"
 
-#include <gtest/gtest.h>
-
-#include "module.h"
-#include "platform/kernel/memory.h"
 #include "settings/defaults.h"
-#include "settings/options.h"
-#include "spooler/printer_data.h"
-#include "tests/support/records.h"
+#include "tests/support/printer_fixture.h"
 #include "tests/support/watermarks.h"
 #include "watermark/placement.h"
 #include "watermark/watermark_lines.h"
@@ -22,22 +16,18 @@ using namespace testing_support;
 
 const StoredWatermark Mine{u"Mine", u"SECRET"}, Blank{u"Blank", u""};
 
-class StoredWatermarks : public testing::Test {
+class StoredWatermarks : public PrinterTest {
   protected:
     StoredWatermarks()
     {
-        if (!ModuleHandle) DllInitialize(LoadLibraryW(QD_MODULE_PATH), DLL_PROCESS_ATTACH, nullptr);
-        lstrcpyW(PrinterName, OfficePrinter);
         DiagonalAngle = 53;
         BuildDefaultSettings(&record, nullptr, u"", 0);
         CurrentSettings = &record;
     }
     ~StoredWatermarks() override
     {
-        CurrentSettings = nullptr;
         WatermarkCurrent = nullptr;
         FreeWatermarkList();
-        EXPECT_EQ(platform::memory::BlockCount(), blocks);
     }
     // The names of the list in memory, or of what is stored.
     static std::string Names()
@@ -77,8 +67,6 @@ class StoredWatermarks : public testing::Test {
         }
     }
 
-    std::size_t blocks = platform::memory::BlockCount();
-    Machine machine;
     DriverDevMode record{};
 };
 

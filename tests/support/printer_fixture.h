@@ -1,4 +1,5 @@
-// A machine with one printer that a handle is open on, and the check that a test gives everything back.
+// A machine with one printer that a handle is open on and whose name the module knows, and the check that a test
+// gives everything back.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -6,8 +7,10 @@
 #include "module.h"
 #include "platform/kernel/memory.h"
 #include "platform/spooler/printers.h"
-#include "tests/support/machine.h"
+#include "settings/options.h"
+#include "spooler/printer_data.h"
 #include "tests/support/records.h"
+#include "tests/support/stored_bytes.h"
 
 namespace testing_support {
 
@@ -30,31 +33,24 @@ class PrinterTest : public testing::Test {
     {
         // The module's code is linked into the test, its resources are in the library.
         if (!ModuleHandle) DllInitialize(LoadLibraryW(QD_MODULE_PATH), DLL_PROCESS_ATTACH, nullptr);
+        lstrcpyW(PrinterName, OfficePrinter);
     }
     ~PrinterTest() override
     {
+        CurrentSettings = nullptr;
         if (printer) platform::spooler::Close(printer);
         EXPECT_EQ(GivenOut(), before);
     }
-    void Store(const char16_t* name, DWORD type, const platform::Bytes& bytes)
+    // Bytes with their number beside them.
+    void Store(const char16_t* value, const platform::Bytes& bytes)
     {
-        machine.store->SetValue(OfficePrinter, name, {type, bytes});
+        StoreSized(machine, OfficePrinter, value, bytes, static_cast<DWORD>(bytes.size()));
     }
-    platform::Bytes Stored(const char16_t* name)
-    {
-        const auto value = machine.store->Value(OfficePrinter, name);
-        return value ? value->bytes : platform::Bytes{};
-    }
+    platform::Bytes Stored(const char16_t* value) { return StoredBytes(machine, OfficePrinter, value); }
 
     GivenOut before;
     Machine machine;
     HANDLE printer = platform::spooler::Open(OfficePrinter, 0);
 };
-
-inline platform::Bytes LittleEndian(DWORD value)
-{
-    return {static_cast<std::uint8_t>(value), static_cast<std::uint8_t>(value >> 8),
-            static_cast<std::uint8_t>(value >> 16), static_cast<std::uint8_t>(value >> 24)};
-}
 
 }  // namespace testing_support
