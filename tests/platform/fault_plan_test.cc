@@ -1,25 +1,7 @@
 #include "platform/seams/fault_plan.h"
 
-#include <gmock/gmock.h>
-
 namespace platform {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::Pair;
-
-TEST(FaultPlan, OneCallFailsOrAllFromOneOn)
-{
-    FaultPlan plan;
-    plan.Add("HeapAlloc", 2, false);
-    plan.AddAll(5);
-    for (const bool fails : {false, true, false}) EXPECT_EQ(plan.Fails("HeapAlloc"), fails);
-    for (const bool fails : {false, true, true}) EXPECT_EQ(plan.Fails("GlobalAlloc"), fails);
-    EXPECT_TRUE(plan.Fails("GlobalFree"));
-    EXPECT_THAT(plan.Failures(), ElementsAre(Pair("GlobalAlloc", 2), Pair("GlobalFree", 1), Pair("HeapAlloc", 1)));
-    plan.Clear();
-    EXPECT_THAT(plan.Failures(), testing::IsEmpty());
-}
 
 TEST(FaultPlan, OffersWhatTheLayerExportsAndMessagesThatNeedRoom)
 {

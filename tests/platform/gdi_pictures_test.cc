@@ -9,7 +9,6 @@ namespace gdi_test {
 namespace {
 
 using platform::gdi::ParseDib;
-using platform::gdi::ParseIconGroup;
 using platform::gdi::ParseIconImage;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -110,29 +109,6 @@ TEST(IconImages, AreTransparentByTheAlphaChannelOrElseTheMask)
         {{40, 2, 2, 1, 32, 0, 0, {}, {1, 2, 3, 0xFF, 4, 5, 6, 0x10}},           "030201 - "},
     };
     for (const DibRow& row : rows) EXPECT_EQ(Pixels(ParseIconImage(row.parts.Bytes(), nullptr).value()), row.told);
-}
-
-TEST(IconImages, WithoutRoomForTheirMaskAreRefused)
-{
-    const DibRow rows[] = {
-        {{},                                              "without room for its mask"},
-        {{40, 2, 2, 1, 8, 0, 2, {1, 2}, {0, 1, 0, 0, 0}}, "cut off"                  },
-    };
-    std::string why;
-    for (const DibRow& row : rows) {
-        EXPECT_FALSE(ParseIconImage(row.parts.Bytes(), &why));
-        EXPECT_THAT(why, HasSubstr(row.told));
-    }
-    EXPECT_FALSE(ParseIconImage({}, &why));
-}
-
-TEST(IconGroups, AreRefusedWhenTheirEntriesAreCutOff)
-{
-    std::string why;
-    EXPECT_FALSE(ParseIconGroup(Data{0, 0, 1, 0, 1, 0, 32, 32}, &why));
-    EXPECT_THAT(why, HasSubstr("cut off"));
-    EXPECT_FALSE(ParseIconGroup(Data{0, 0, 2, 0, 0, 0}, &why));
-    EXPECT_TRUE(ParseIconGroup(Data{0, 0, 1, 0, 0, 0}, &why));
 }
 
 // With the module of pictures loaded; its numbers stand in modules/pictures.rc.

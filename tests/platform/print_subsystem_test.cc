@@ -155,27 +155,5 @@ TEST_F(PrintSubsystem, AStoredRecordThatClaimsMoreThanItHasIsFilledUp)
     }
 }
 
-TEST_F(PrintSubsystem, TheDriverDirectoryIsMeasuredInBytes)
-{
-    EXPECT_EQ(Refusal(GetPrinterDriverDirectoryW(nullptr, nullptr, 1, nullptr, 0, &needed)), ERROR_INSUFFICIENT_BUFFER);
-    EXPECT_EQ(needed, 82u);
-    WCHAR path[128];
-    auto* room = reinterpret_cast<BYTE*>(path);
-    EXPECT_TRUE(GetPrinterDriverDirectoryW(nullptr, nullptr, 1, room, 255, &needed));
-    EXPECT_EQ(std::u16string(path), u"C:\\WINDOWS\\system32\\spool\\DRIVERS\\W32X86");
-    EXPECT_EQ(Refusal(GetPrinterDriverDirectoryW(nullptr, nullptr, 2, room, 255, &needed)), ERROR_INVALID_LEVEL);
-}
-
-TEST_F(PrintSubsystem, TheSubsystemsOwnRightsReachEveryPrinter)
-{
-    HANDLE token = RevertToPrinterSelf();
-    ASSERT_NE(token, nullptr);
-    EXPECT_EQ(RevertToPrinterSelf(), nullptr);
-    EXPECT_TRUE(spooler::Close(spooler::Open(LockedPrinter, PRINTER_ALL_ACCESS)));
-    EXPECT_FALSE(ImpersonatePrinterClient(nullptr));
-    EXPECT_TRUE(ImpersonatePrinterClient(token));
-    EXPECT_EQ(spooler::Open(LockedPrinter, PRINTER_ALL_ACCESS), nullptr);
-}
-
 }  // namespace
 }  // namespace platform

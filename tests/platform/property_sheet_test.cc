@@ -128,21 +128,6 @@ TEST(PropertySheet, ComesBackToThePageThatDoesNotAccept)
     });
 }
 
-TEST(PropertySheet, CancelAndCloseResetThePagesThatExist)
-{
-    for (const bool close : {false, true}) {
-        const LONG result = Up({Page('A'), Page('B'), Page('C')}, [&](HWND sheet) {
-            user::ShowPage(sheet, 1);
-            SayChanged(sheet, 1);
-            user::PressButton(sheet, SheetButton::Apply);
-            journal.Take();
-            close ? user::Close(sheet) : void(user::PressButton(sheet, SheetButton::Cancel));
-        });
-        EXPECT_THAT(journal.Take(), ElementsAre("A reset", "B reset"));
-        EXPECT_EQ(result, CPSUI_CANCEL);
-    }
-}
-
 TEST(PropertySheet, KeysReachItsButtons)
 {
     Up({Page('A'), Page('B')}, [](HWND sheet) {

@@ -1,18 +1,14 @@
 // A desktop that shows nothing and leaves what a test cares about to the test.
 #pragma once
 
-#include <functional>
-#include <string>
 #include <vector>
 
-#include "platform/seams/desktop.h"
 #include "platform/seams/environment.h"
-#include "platform/seams/surface.h"
-#include "platform/user.h"
+#include "tests/support/idle_desktop.h"
 
 namespace testing_support {
 
-class QuietDesktop : public platform::Desktop {
+class QuietDesktop : public IdleDesktop {
   public:
     std::function<void()> opened;
     std::function<void(HWND top)> run;  // what the user does while a dialog or sheet is up
@@ -24,15 +20,9 @@ class QuietDesktop : public platform::Desktop {
     {
         if (opened) opened();
     }
-    void Closed(HWND) override {}
     void Run(HWND top) override
     {
         if (run) run(top);
-    }
-    void Changed(HWND) override {}
-    std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override
-    {
-        return std::make_shared<platform::RecordingSurface>();
     }
     int MessageBox(const platform::MessageBoxRequest& request) override
     {
@@ -43,8 +33,6 @@ class QuietDesktop : public platform::Desktop {
     {
         return pick ? pick(request) : std::nullopt;
     }
-    void Help(const platform::HelpRequest&) override {}
-    void Beep(UINT) override {}
 };
 
 // Plugs one in for as long as it lives.

@@ -29,30 +29,27 @@ std::vector<ControlTemplate> Mixed()
     };
 }
 
-struct InitialRow {
-    const char* what;
-    INT_PTR result;
-    bool setsFocus, disablesFirst;
-    int focus;
-};
-
 TEST(Focus, InitialFocusIsTheProceduresIfItSetOneAndReturnedFalse)
 {
-    const InitialRow rows[] = {
-        {"neither",                   TRUE,  false, false, 32},
-        {"false without a focus",     FALSE, false, false, 32},
-        {"set and false",             FALSE, true,  false, 1 },
-        {"set and true",              TRUE,  true,  false, 32},
-        {"the first one is disabled", TRUE,  false, true,  20},
+    const struct {
+        INT_PTR result;
+        bool setsFocus, disablesFirst;
+        int focus;
+    } rows[] = {
+        {TRUE,  false, false, 32},
+        {FALSE, false, false, 32},
+        {FALSE, true,  false, 1 },
+        {TRUE,  true,  false, 32},
+        {TRUE,  false, true,  20},
     };
-    for (const InitialRow& row : rows) {
+    for (const auto& row : rows) {
         Rig rig(Mixed(), [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
             if (message != WM_INITDIALOG) return FALSE;
             if (row.setsFocus) SetFocus(GetDlgItem(dialog, 1));
             if (row.disablesFirst) EnableWindow(GetDlgItem(dialog, 32), FALSE);
             return row.result;
         });
-        rig.Up([&] { EXPECT_EQ(FocusId(), row.focus) << row.what; });
+        rig.Up([&] { EXPECT_EQ(FocusId(), row.focus) << row.result << row.setsFocus; });
     }
 }
 
@@ -84,17 +81,15 @@ TEST(Keys, ArrowsClickThroughARadioGroup)
     });
 }
 
-struct KeyRow {
-    const char* what;
-    Key key;
-    int focus;
-    std::vector<std::string> told;
-    Outcome outcome;
-};
-
 TEST(Keys, PressButtonsWhereTheFocusStays)
 {
-    const KeyRow rows[] = {
+    const struct {
+        const char* what;
+        Key key;
+        int focus;
+        std::vector<std::string> told;
+        Outcome outcome;
+    } rows[] = {
         {"Enter in a field",       Key::Enter,  10, {"click 1"},   Outcome::Done    },
         {"Enter on a push button", Key::Enter,  5,  {"click 5"},   Outcome::Done    },
         {"Enter on a check box",   Key::Enter,  6,  {"click 1"},   Outcome::Done    },
@@ -104,7 +99,7 @@ TEST(Keys, PressButtonsWhereTheFocusStays)
         {"Space on a combo box",   Key::Space,  12, {},            Outcome::Unsuited},
         {"F1",                     Key::F1,     12, {"help 12"},   Outcome::Done    },
     };
-    for (const KeyRow& row : rows) {
+    for (const auto& row : rows) {
         Rig rig({Make(u"Edit", 10, Stop), Make(u"Button", 5, Stop), Make(u"Button", 6, Stop | BS_AUTOCHECKBOX),
                  Make(u"ComboBox", 12, Stop), Make(u"Button", 1, Stop | BS_DEFPUSHBUTTON)});
         rig.Up([&] {

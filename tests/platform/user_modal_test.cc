@@ -114,26 +114,6 @@ TEST(Windows, MayBeDestroyedDuringTheirOwnMessages)
     }
 }
 
-TEST(Template, ExtendedOnesComeWithEveryKindOfControl)
-{
-    Rig rig({});
-    rig.desktop->runs = {[&](HWND top) {
-        const Window& picture = *Find(Control(top, 1019));
-        EXPECT_EQ(std::pair(picture.Width(), picture.Height()), std::pair(137, 161));
-        EXPECT_FALSE(picture.enabled);
-        EXPECT_EQ(Find(top)->Width(), 378);
-        EXPECT_EQ(Find(Control(top, 11))->As<UpDownState>()->buddy, Control(top, 10));
-        EXPECT_EQ(Find(Control(top, 12))->kind, Kind::ComboBox);
-        EXPECT_EQ(Find(Control(top, 13))->kind, Kind::ListView);
-        EXPECT_EQ(Find(Control(top, 14))->As<StaticState>()->resource, 9512);
-        EXPECT_EQ(Find(Control(top, 14))->Width(), 32);
-        EXPECT_EQ(Rig::Text(Control(top, -1)), u"Text");
-        EXPECT_EQ(Rig::Text(Control(top, 1)), u"OK");
-        EndDialog(top, 1);
-    }};
-    EXPECT_EQ(RunBox(nullptr, 100), 1);
-}
-
 TEST(Template, EveryCutIsRefusedWithAReason)
 {
     for (const int number : {100, 101}) {

@@ -51,17 +51,18 @@ TEST(Paint, ErasingClearsTheRectangleAndPlainInvalidatingDoesNot)
 {
     Rig rig({Make(u"Button", 20, Shown | BS_OWNERDRAW), Make(u"Edit", 10, Stop)});
     rig.Up([&] {
-        rig.desktop->erased.clear();
+        rig.desktop->picture->Take();
         Invalidate(rig[20], false);
         Invalidate(rig[10], true);
         PaintPending();
-        EXPECT_THAT(rig.desktop->erased, IsEmpty());
+        EXPECT_THAT(rig.desktop->picture->Take(), IsEmpty());
         Invalidate(rig[20], true);
         Invalidate(rig[20], false);
         PaintPending();
         Invalidate(rig.dialog, true);
         PaintPending();
-        EXPECT_THAT(rig.desktop->erased, ElementsAre("10,10,60,30", "0,0,200,100"));
+        EXPECT_THAT(rig.desktop->picture->Take(),
+                    ElementsAre("clip none", "erase 10,10,60,30", "clip none", "erase 0,0,200,100"));
     });
 }
 

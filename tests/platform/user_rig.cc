@@ -35,25 +35,6 @@ std::string NoticeLine(const NMHDR& header)
     return (on ? "on " : "off ") + std::to_string(header.idFrom) + ":" + std::to_string(notice.iItem);
 }
 
-// Tells what is erased.
-class Picture : public platform::RecordingSurface {
-  public:
-    explicit Picture(std::vector<std::string>& erased) : erased_(erased) {}
-    void Erase(const RECT& box) override
-    {
-        std::string line;
-        for (const LONG side : {box.left, box.top, box.right, box.bottom}) {
-            if (!line.empty()) line += ',';
-            line += std::to_string(side);
-        }
-        erased_.push_back(line);
-        RecordingSurface::Erase(box);
-    }
-
-  private:
-    std::vector<std::string>& erased_;
-};
-
 }  // namespace
 
 void RigDesktop::Run(HWND top)
@@ -63,8 +44,6 @@ void RigDesktop::Run(HWND top)
     runs.erase(runs.begin());
     next(top);
 }
-
-std::shared_ptr<platform::Surface> RigDesktop::MakePicture(HWND, int, int) { return std::make_shared<Picture>(erased); }
 
 int RigDesktop::MessageBox(const platform::MessageBoxRequest& request)
 {

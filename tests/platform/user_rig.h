@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/user/windows.h"
+#include "tests/platform/gdi_fixture.h"
 #include "tests/platform/quiet_desktop.h"
 
 namespace user_tests {
@@ -21,13 +22,13 @@ using namespace platform::user;
 class RigDesktop : public testing_support::QuietDesktop {
   public:
     void Run(HWND top) override;  // takes the next of runs; without one it gives up
-    std::shared_ptr<platform::Surface> MakePicture(HWND dialog, int width, int height) override;
+    std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override { return picture; }
     int MessageBox(const platform::MessageBoxRequest& request) override;
     void Beep(UINT style) override { beeps.push_back(style); }
 
     std::vector<std::function<void(HWND top)>> runs;
     std::vector<UINT> beeps;
-    std::vector<std::string> erased;  // rectangles of all pictures
+    std::shared_ptr<gdi_test::SurfaceLog> picture = std::make_shared<gdi_test::SurfaceLog>();  // of every dialog
     std::function<void()> duringBox;
 };
 
