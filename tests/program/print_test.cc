@@ -98,12 +98,14 @@ TEST_F(Print, TakesThePaperOfTheRecord)
         {"dmPaperSize=257",                                                 "[ 0 0 283.44 566.88 ]"},
         {"dmPaperSize=300",                                                 "[ 0 0 609.36 360 ]"   },
         {"dmPaperSize=300 dmOrientation=2",                                 "[ 0 0 360 609.36 ]"   },
+        {"dmPaperSize=300 dmOrientation=0",                                 "[ 0 0 360 609.36 ]"   },
+        {"dmPaperSize=9 dmOrientation=3",                                   "[ 0 0 595.2 841.68 ]" },
         {"dmPaperSize=306",                                                 "[ 0 0 612 792 ]"      },
         {"dmPaperSize=250",                                                 "[ 0 0 612 792 ]"      },
     };
     for (const auto& [fields, box] : rows) {
         PutRecord(fields);
-        ASSERT_EQ(Job("--record r"), Done());
+        ASSERT_EQ(Job("--record r --unchecked"), Done());
         EXPECT_EQ(Out().Box(0), box) << fields;
     }
 }
@@ -140,6 +142,9 @@ TEST_F(Print, MarksTheWatermarkAndPutsItWhereTheModuleDraws)
                                              "\"result\": 1}\n{\"call\": \"ExtTextOutW\", "));
     EXPECT_THAT(run.Contents("t"), HasSubstr(R"("args": [825, 1450, 0, null, "DRAFT", 5, null])"));
     EXPECT_THAT(run.Told("pdftotext -bbox out.pdf -"), HasSubstr(R"(<word xMin="210.000000" yMin="3)"));
+    PutRecord(Watermark + "dmPrintQuality=-1 dmResolution=600 dmWatermark.wmAngleMode=0");
+    ASSERT_EQ(Job("--record r --unchecked --platform fonts=builtin --trace t"), Done());
+    EXPECT_THAT(run.Contents("t"), HasSubstr(R"("args": [1650, 2900, 0, null, "DRAFT", 5, null])"));
 }
 
 TEST_F(Print, StampsAllPagesWithOneObjectOfTextAndItsFont)
