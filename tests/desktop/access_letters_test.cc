@@ -63,7 +63,7 @@ TEST_F(Access, EveryLetterWorks)
         Heard().clear();
         Press(Qt::Key(Letter(place.widget)), Qt::AltModifier);
         // A button goes down and up before it tells of itself.
-        for (int wait = 0; presses && wait < 50 && !Heard().contains(number); ++wait) QTest::qWait(10);
+        for (int wait = 0; presses && wait < 500 && !Heard().contains(number); ++wait) QTest::qWait(10);
         EXPECT_TRUE(!presses || Heard().contains(number)) << "the dialog hears nothing of it";
         EXPECT_TRUE(presses || locked || FocusedControl(top) == next->handle) << "the focus is on " << FocusName(top);
         const auto* field = qobject_cast<QLineEdit*>(next->widget);

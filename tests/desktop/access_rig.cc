@@ -176,7 +176,7 @@ void ShowForKeys(HWND top)
 {
     TopWindow* window = WindowOf(top);
     window->activateWindow();
-    for (int wait = 0; wait < 100 && !window->isActiveWindow(); ++wait) QTest::qWait(10);
+    for (int wait = 0; wait < 500 && !window->isActiveWindow(); ++wait) QTest::qWait(10);
     ASSERT_TRUE(window->isActiveWindow());
     QCoreApplication::processEvents();
 }
