@@ -9,42 +9,13 @@ using testing::ElementsAre;
 
 constexpr COLORREF Red = RGB(255, 0, 0), Blue = RGB(0, 0, 255), White = RGB(255, 255, 255), Black = 0;
 
-// A memory context with a bitmap of its own.
-class Memory {
-  public:
-    Memory(int width, int height, UINT bits, const void* pixels = nullptr)
-        : context(CreateCompatibleDC(nullptr)),
-          bitmap_(CreateBitmap(width, height, 1, bits, pixels)),
-          before_(SelectObject(context, bitmap_)),
-          width_(width),
-          height_(height)
-    {
-    }
-    ~Memory()
-    {
-        SelectObject(context, before_);
-        DeleteDC(context);
-        DeleteObject(bitmap_);
-    }
-    Memory(const Memory&) = delete;
-    Memory& operator=(const Memory&) = delete;
-
-    // Row by row, as "ff0000".
-    Lines Pixels() const
-    {
-        Lines pixels;
-        for (int y = 0; y < height_; ++y)
-            for (int x = 0; x < width_; ++x) pixels.push_back(Hex(GetPixel(context, x, y)));
-        return pixels;
-    }
-
-    const HDC context;
-
-  private:
-    HBITMAP bitmap_;
-    HGDIOBJ before_;
-    int width_, height_;
-};
+// Row by row, as "ff0000 ".
+std::string Pixels(HDC context, int width, int height)
+{
+    std::string pixels;
+    for (int i = 0; i < width * height; ++i) pixels += Hex(GetPixel(context, i % width, i / width)) + ' ';
+    return pixels;
+}
 
 // Two by one: blue, red (colours of COLORREF stand as red, green, blue from the lowest byte on).
 constexpr std::array<std::uint8_t, 8> BlueRed = {255, 0, 0, 0, 0, 0, 255, 0};
@@ -55,12 +26,12 @@ using Bitmaps = Drawing;
 
 TEST_F(Bitmaps, PixelsComeInAsTheyAreGiven)
 {
-    const Memory colored(2, 1, 32, BlueRed.data()), mono(2, 2, 1, Diagonal.data());
-    EXPECT_EQ(GetPixel(colored.context, 0, 0), Blue);
-    EXPECT_EQ(GetPixel(colored.context, 1, 0), Red);
-    EXPECT_EQ(GetPixel(colored.context, 2, 0), CLR_INVALID);
-    EXPECT_EQ(GetPixel(colored.context, 0, -1), CLR_INVALID);
-    EXPECT_THAT(mono.Pixels(), ElementsAre("ffffff", "000000", "000000", "ffffff"));
+    const HDC colored = Memory(2, 1, 32, BlueRed.data()), mono = Memory(2, 2, 1, Diagonal.data());
+    EXPECT_EQ(GetPixel(colored, 0, 0), Blue);
+    EXPECT_EQ(GetPixel(colored, 1, 0), Red);
+    EXPECT_EQ(GetPixel(colored, 2, 0), CLR_INVALID);
+    EXPECT_EQ(GetPixel(colored, 0, -1), CLR_INVALID);
+    EXPECT_EQ(Pixels(mono, 2, 2), "ffffff 000000 000000 ffffff ");
 }
 
 TEST_F(Bitmaps, OfUnknownDepthOrEndlessSizeAreRefused)
@@ -85,30 +56,30 @@ TEST_F(Bitmaps, AreDescribedWithTheirRows)
 
 TEST_F(Bitmaps, FillsStayWithinBitmapAndClip)
 {
-    const Memory memory(3, 1, 32);
+    const HDC memory = Memory(3, 1, 32);
     const HBRUSH red = Own(CreateSolidBrush(Red));
     const HRGN all = Own(CreateRectRgn(-1000000, -1000000, 1000000, 1000000)), middle = Own(CreateRectRgn(1, 0, 2, 1));
-    EXPECT_TRUE(FillRgn(memory.context, all, red));
-    SelectClipRgn(memory.context, middle);
-    EXPECT_TRUE(PaintRgn(memory.context, all));
-    EXPECT_THAT(memory.Pixels(), ElementsAre("0000ff", "ffffff", "0000ff"));
+    EXPECT_TRUE(FillRgn(memory, all, red));
+    SelectClipRgn(memory, middle);
+    EXPECT_TRUE(PaintRgn(memory, all));
+    EXPECT_EQ(Pixels(memory, 3, 1), "0000ff ffffff 0000ff ");
 }
 
 TEST_F(Bitmaps, ARectangleHasItsOutline)
 {
-    const Memory memory(4, 3, 32);
-    EXPECT_TRUE(Rectangle(memory.context, 1, 0, 4, 3));
-    EXPECT_EQ(GetPixel(memory.context, 2, 1), White);
-    EXPECT_EQ(GetPixel(memory.context, 1, 1), Black);
-    EXPECT_EQ(GetPixel(memory.context, 3, 2), Black);
+    const HDC memory = Memory(4, 3, 32);
+    EXPECT_TRUE(Rectangle(memory, 1, 0, 4, 3));
+    EXPECT_EQ(GetPixel(memory, 2, 1), White);
+    EXPECT_EQ(GetPixel(memory, 1, 1), Black);
+    EXPECT_EQ(GetPixel(memory, 3, 2), Black);
 }
 
 TEST_F(Bitmaps, WhatNeedsASurfaceIsRefused)
 {
-    const Memory memory(2, 2, 32);
-    EXPECT_FALSE(LineTo(memory.context, 1, 1));
-    EXPECT_FALSE(TextOutW(memory.context, 0, 0, u"a", 1));
-    EXPECT_EQ(Refusal(Arc(memory.context, 0, 0, 2, 2, 0, 0, 0, 0)), ERROR_NOT_SUPPORTED);
+    const HDC memory = Memory(2, 2, 32);
+    EXPECT_FALSE(LineTo(memory, 1, 1));
+    EXPECT_FALSE(TextOutW(memory, 0, 0, u"a", 1));
+    EXPECT_EQ(Refusal(Arc(memory, 0, 0, 2, 2, 0, 0, 0, 0)), ERROR_NOT_SUPPORTED);
 }
 
 TEST_F(Bitmaps, OperationsCombineSourceAndTarget)
@@ -121,9 +92,9 @@ TEST_F(Bitmaps, OperationsCombineSourceAndTarget)
     };
     for (const auto& [operation, result] : Rows) {
         const std::array<std::uint8_t, 4> under = {0x0F, 0x0F, 0x0F}, over = {0x33, 0x33, 0x33};
-        const Memory target(1, 1, 32, under.data()), source(1, 1, 32, over.data());
-        EXPECT_TRUE(StretchBlt(target.context, 0, 0, 1, 1, source.context, 0, 0, 1, 1, operation));
-        EXPECT_EQ(GetPixel(target.context, 0, 0), result) << operation;
+        const HDC target = Memory(1, 1, 32, under.data()), source = Memory(1, 1, 32, over.data());
+        EXPECT_TRUE(StretchBlt(target, 0, 0, 1, 1, source, 0, 0, 1, 1, operation));
+        EXPECT_EQ(GetPixel(target, 0, 0), result) << operation;
     }
 }
 
@@ -149,12 +120,11 @@ const StretchRow StretchRows[] = {
 TEST_F(Bitmaps, StretchedTakeTheNearestPixel)
 {
     for (const StretchRow& row : StretchRows) {
-        const Memory target(4, 1, 32), source(2, 1, 32, BlueRed.data());
-        EXPECT_TRUE(StretchBlt(target.context, row.x, 0, row.width, 1, source.context, row.sourceX, 0, row.sourceWidth,
-                               1, SRCCOPY));
+        const HDC target = Memory(4, 1, 32), source = Memory(2, 1, 32, BlueRed.data());
+        EXPECT_TRUE(StretchBlt(target, row.x, 0, row.width, 1, source, row.sourceX, 0, row.sourceWidth, 1, SRCCOPY));
         std::string result;
         for (int x = 0; x < 4; ++x) {
-            const COLORREF color = GetPixel(target.context, x, 0);
+            const COLORREF color = GetPixel(target, x, 0);
             result += color == Blue ? 'B' : color == Red ? 'R' : '.';
         }
         EXPECT_EQ(result, row.result) << row.name;
@@ -163,20 +133,20 @@ TEST_F(Bitmaps, StretchedTakeTheNearestPixel)
 
 TEST_F(Bitmaps, BlocksMayOverlapWithinOneBitmap)
 {
-    constexpr std::array<std::uint8_t, 12> Pixels = {1, 0, 0, 0, 2, 0, 0, 0, 3, 0, 0, 0};
-    const Memory memory(3, 1, 32, Pixels.data());
-    StretchBlt(memory.context, 1, 0, 2, 1, memory.context, 0, 0, 2, 1, SRCCOPY);
-    EXPECT_THAT(memory.Pixels(), ElementsAre("010000", "010000", "020000"));
+    constexpr std::array<std::uint8_t, 12> Three = {1, 0, 0, 0, 2, 0, 0, 0, 3, 0, 0, 0};
+    const HDC memory = Memory(3, 1, 32, Three.data());
+    StretchBlt(memory, 1, 0, 2, 1, memory, 0, 0, 2, 1, SRCCOPY);
+    EXPECT_EQ(Pixels(memory, 3, 1), "010000 010000 020000 ");
 }
 
 TEST_F(Bitmaps, OnASurfaceABlockIsAnImageInItsPlace)
 {
-    const Memory source(2, 1, 32, BlueRed.data());
+    const HDC source = Memory(2, 1, 32, BlueRed.data());
     const HDC job = Job();
-    EXPECT_TRUE(StretchBlt(job, 10, 20, 100, 50, source.context, 0, 0, 2, 1, SRCCOPY));
-    EXPECT_TRUE(StretchBlt(job, 110, 20, -100, 50, source.context, 0, 0, 2, 1, SRCCOPY));
-    EXPECT_TRUE(StretchBlt(job, 0, 0, 100, 50, source.context, 1, 0, 2, 1, SRCCOPY));
-    EXPECT_TRUE(StretchBlt(job, 0, 0, 100, 50, source.context, 5, 0, 2, 1, SRCCOPY));
+    EXPECT_TRUE(StretchBlt(job, 10, 20, 100, 50, source, 0, 0, 2, 1, SRCCOPY));
+    EXPECT_TRUE(StretchBlt(job, 110, 20, -100, 50, source, 0, 0, 2, 1, SRCCOPY));
+    EXPECT_TRUE(StretchBlt(job, 0, 0, 100, 50, source, 1, 0, 2, 1, SRCCOPY));
+    EXPECT_TRUE(StretchBlt(job, 0, 0, 100, 50, source, 5, 0, 2, 1, SRCCOPY));
     EXPECT_THAT(page->Take(), ElementsAre("image 10,20,110,70 of 2x1 0000ff ff0000",
                                           "image 10,20,110,70 of 2x1 ff0000 0000ff", "image 0,0,50,50 of 1x1 ff0000"));
 }

@@ -1,34 +1,8 @@
 #include "gdi_fixture.h"
 
+#include <sstream>
+
 namespace gdi_test {
-
-namespace {
-
-std::string Joined(const Lines& parts, char between)
-{
-    std::string text;
-    for (const std::string& part : parts) {
-        if (&part != &parts.front()) text += between;
-        text += part;
-    }
-    return text;
-}
-
-std::string Shown(POINT point) { return Joined({std::to_string(point.x), std::to_string(point.y)}, ','); }
-
-std::string Shown(const RECT& box)
-{
-    return Joined({Shown(POINT{box.left, box.top}), Shown(POINT{box.right, box.bottom})}, ',');
-}
-
-std::string Shown(const platform::PenSpec& pen)
-{
-    return Joined({std::to_string(pen.style), std::to_string(pen.width), Hex(pen.color)}, '/');
-}
-
-std::string Shown(const platform::BrushSpec& brush) { return brush ? Hex(*brush) : "none"; }
-
-}  // namespace
 
 std::string Hex(COLORREF color)
 {
@@ -38,54 +12,76 @@ std::string Hex(COLORREF color)
     return text;
 }
 
-void SurfaceLog::Add(const Lines& words) { lines_.push_back(Joined(words, ' ')); }
+namespace {
 
-void SurfaceLog::SetClip(const std::optional<RECT>& clip) { Add({"clip", clip ? Shown(*clip) : "none"}); }
+std::ostream& operator<<(std::ostream& out, POINT point) { return out << point.x << ',' << point.y; }
 
-void SurfaceLog::Line(const platform::PenSpec& pen, POINT from, POINT to)
+std::ostream& operator<<(std::ostream& out, const RECT& box)
 {
-    Add({"line", Shown(from), "to", Shown(to), "pen", Shown(pen)});
+    return out << POINT{box.left, box.top} << ',' << POINT{box.right, box.bottom};
 }
+
+std::ostream& operator<<(std::ostream& out, const platform::PenSpec& pen)
+{
+    return out << " pen " << pen.style << '/' << pen.width << '/' << Hex(pen.color);
+}
+
+std::ostream& operator<<(std::ostream& out, const platform::BrushSpec& brush)
+{
+    return out << " brush " << (brush ? Hex(*brush) : "none");
+}
+
+}  // namespace
+
+template <class... Parts>
+void SurfaceLog::Add(const Parts&... parts)
+{
+    std::ostringstream line;
+    (line << ... << parts);
+    lines_.push_back(line.str());
+}
+
+void SurfaceLog::SetClip(const std::optional<RECT>& clip) { clip ? Add("clip ", *clip) : Add("clip none"); }
+
+void SurfaceLog::Line(const platform::PenSpec& pen, POINT from, POINT to) { Add("line ", from, " to ", to, pen); }
 
 void SurfaceLog::Rectangle(const platform::PenSpec& pen, const platform::BrushSpec& brush, const RECT& box)
 {
-    Add({"rectangle", Shown(box), "pen", Shown(pen), "brush", Shown(brush)});
+    Add("rectangle ", box, pen, brush);
 }
 
 void SurfaceLog::Polygon(const platform::PenSpec& pen, const platform::BrushSpec& brush, std::span<const POINT> points)
 {
-    Lines words = {"polygon"};
-    for (const POINT& point : points) words.push_back(Shown(point));
-    words.insert(words.end(), {"pen", Shown(pen), "brush", Shown(brush)});
-    Add(words);
+    std::ostringstream corners;
+    for (const POINT& point : points) corners << ' ' << point;
+    Add("polygon", corners.str(), pen, brush);
 }
 
 void SurfaceLog::Arc(const platform::PenSpec& pen, const RECT& box, POINT start, POINT end)
 {
-    Add({"arc", Shown(box), "from", Shown(start), "to", Shown(end), "pen", Shown(pen)});
+    Add("arc ", box, " from ", start, " to ", end, pen);
 }
 
-void SurfaceLog::Fill(const RECT& box, COLORREF color) { Add({"fill", Shown(box), Hex(color)}); }
+void SurfaceLog::Fill(const RECT& box, COLORREF color) { Add("fill ", box, ' ', Hex(color)); }
 
 void SurfaceLog::Text(const platform::TextSpec& text)
 {
-    Lines words = {"text", Shown(text.origin), platform::ToUtf8(text.text)};
-    words.insert(words.end(), {"height", std::to_string(text.font.lfHeight), "color", Hex(text.color)});
-    if (text.background) words.insert(words.end(), {"on", Hex(*text.background)});
-    if (text.clip) words.insert(words.end(), {"within", Shown(*text.clip)});
-    Add(words);
+    std::ostringstream rest;
+    if (text.background) rest << " on " << Hex(*text.background);
+    if (text.clip) rest << " within " << *text.clip;
+    Add("text ", text.origin, ' ', platform::ToUtf8(text.text), " height ", text.font.lfHeight, " color ",
+        Hex(text.color), rest.str());
 }
 
 void SurfaceLog::Image(const RECT& target, const platform::PixelImage& image)
 {
-    Lines words = {"image", Shown(target), "of",
-                   Joined({std::to_string(image.width), std::to_string(image.height)}, 'x')};
+    std::string pixels;
     if (image.pixels.size() <= 16)
-        for (const std::uint32_t pixel : image.pixels) words.push_back(pixel >> 24 ? Hex(pixel) : "-");
-    Add(words);
+        for (const std::uint32_t pixel : image.pixels) pixels += pixel >> 24 ? ' ' + Hex(pixel) : " -";
+    Add("image ", target, " of ", image.width, 'x', image.height, pixels);
 }
 
-void SurfaceLog::Erase(const RECT& box) { Add({"erase", Shown(box)}); }
+void SurfaceLog::Erase(const RECT& box) { Add("erase ", box); }
 
 Drawing::Drawing() : contexts_(platform::gdi::ContextCount()), objects_(platform::gdi::ObjectCount())
 {
@@ -106,6 +102,7 @@ Drawing::~Drawing()
 {
     platform::CurrentEnvironment().trace = nullptr;
     for (const HDC job : jobs_) platform::gdi::DeleteJobContext(job);
+    for (const HDC memory : memories_) EXPECT_TRUE(DeleteDC(memory));
     for (const auto& [window, context] : taken_) EXPECT_EQ(ReleaseDC(window, context), 1);
     for (const HGDIOBJ object : owned_) EXPECT_TRUE(DeleteObject(object));
     platform::user::Destroy(dialog);
@@ -122,6 +119,13 @@ HDC Drawing::Job(platform::gdi::EscapeTarget* escapes)
     device.printableWidth = 4900;
     device.printableHeight = 6400;
     return jobs_.emplace_back(platform::gdi::CreateJobContext(device, page, escapes));
+}
+
+HDC Drawing::Memory(int width, int height, UINT bits, const void* pixels)
+{
+    const HDC memory = memories_.emplace_back(CreateCompatibleDC(nullptr));
+    SelectObject(memory, Own(CreateBitmap(width, height, 1, bits, pixels)));
+    return memory;
 }
 
 HDC Drawing::Context(HWND window) { return taken_.emplace_back(window, GetDC(window)).second; }

@@ -43,7 +43,8 @@ class SurfaceLog : public platform::Surface {
     Lines Take() { return std::exchange(lines_, {}); }
 
   private:
-    void Add(const Lines& words);
+    template <class... Parts>
+    void Add(const Parts&... parts);
     Lines lines_;
 };
 
@@ -55,6 +56,7 @@ class Drawing : public platform::FreshEnvironment {
     // A job at 600 dots per inch whose drawing goes to page; like all that is made with these, it goes with the test.
     HDC Job(platform::gdi::EscapeTarget* escapes = nullptr);
     HDC Context(HWND window);
+    HDC Memory(int width, int height, UINT bits, const void* pixels = nullptr);  // with a bitmap of its own
     template <class Object>
     Object Own(Object object)
     {
@@ -72,7 +74,7 @@ class Drawing : public platform::FreshEnvironment {
 
   private:
     std::size_t contexts_, objects_;
-    std::vector<HDC> jobs_;
+    std::vector<HDC> jobs_, memories_;
     std::vector<std::pair<HWND, HDC>> taken_;
     std::vector<HGDIOBJ> owned_;
 };

@@ -138,19 +138,16 @@ class Pictures : public Drawing {
 TEST_F(Pictures, ABitmapIsLoadedAndTransferred)
 {
     platform::CurrentEnvironment().trace = trace;
-    const HBITMAP bitmap = LoadBitmapW(module, ResourceName(1));
+    const HGDIOBJ bitmap = Own(LoadBitmapW(module, ResourceName(1)));
     Own(LoadBitmapW(module, ResourceName(2)));
     EXPECT_THAT(trace->Take(), ElementsAre("- LoadBitmapW [1] = {bitmap:{id:1,width:2,height:2,bits:32}}",
                                            "- LoadBitmapW [2] = {bitmap:{id:2,width:3,height:1,bits:1}}"));
     platform::CurrentEnvironment().trace = nullptr;
-    const HDC memory = CreateCompatibleDC(nullptr), context = Context(control);
-    const HGDIOBJ before = SelectObject(memory, bitmap);
+    const HDC memory = Memory(1, 1, 32), context = Context(control);
+    SelectObject(memory, bitmap);
     EXPECT_TRUE(StretchBlt(context, 0, 0, 50, 30, memory, 0, 0, 2, 2, SRCCOPY));
     EXPECT_THAT(picture->Take(),
                 ElementsAre("clip 10,20,60,50", "image 10,20,60,50 of 2x2 ff0000 00ff00 0000ff ffffff", "clip none"));
-    SelectObject(memory, before);
-    DeleteObject(bitmap);
-    DeleteDC(memory);
 }
 
 TEST_F(Pictures, WhatIsMissingOrDamagedIsNotLoaded)
@@ -176,15 +173,11 @@ TEST_F(Pictures, AnIconIsTheBestImageThatIsWhole)
 
 TEST_F(Pictures, AnIconOnABitmapLeavesWhatItsMaskHides)
 {
-    const HDC memory = CreateCompatibleDC(nullptr);
-    const HBITMAP bitmap = CreateBitmap(2, 1, 1, 32, nullptr);
-    SelectObject(memory, bitmap);
+    const HDC memory = Memory(2, 1, 32);
     SetViewportOrgEx(memory, -1, 0, nullptr);
     EXPECT_TRUE(DrawIcon(memory, 1, 0, LoadIconW(module, ResourceName(21))));
     EXPECT_EQ(GetPixel(memory, 1, 0), RGB(255, 0, 0));
     EXPECT_EQ(GetPixel(memory, 2, 0), RGB(0, 0, 0));
-    DeleteDC(memory);
-    DeleteObject(bitmap);
 }
 
 TEST_F(Pictures, StaticsPaintTheirPictureOrFrame)

@@ -7,26 +7,6 @@ namespace {
 
 using State = Drawing;
 
-TEST_F(State, AModeThatDoesNotExistIsRefused)
-{
-    const HDC screen = Context(nullptr);
-    EXPECT_EQ(SetBkMode(screen, 3), 0);
-    EXPECT_EQ(SetROP2(screen, 17), 0);
-    EXPECT_EQ(Refusal(SetMapMode(screen, 9)), ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(CreatePen(99, 1, 0), nullptr);
-}
-
-TEST_F(State, ContextsAreGivenBackTheWayTheyWereTaken)
-{
-    const HDC screen = GetDC(nullptr), memory = CreateCompatibleDC(nullptr), job = Job();
-    EXPECT_FALSE(DeleteDC(screen));
-    EXPECT_FALSE(DeleteDC(job));
-    EXPECT_EQ(ReleaseDC(nullptr, memory), 0);
-    EXPECT_EQ(ReleaseDC(nullptr, job), 0);
-    EXPECT_TRUE(DeleteDC(memory));
-    EXPECT_EQ(ReleaseDC(nullptr, screen), 1);
-}
-
 TEST_F(State, AWindowThatIsGoneHasNoContextAndIsDrawnNowhere)
 {
     const HDC context = Context(control);
@@ -72,9 +52,16 @@ TEST_F(State, ABitmapGoesIntoOneMemoryContextAlone)
     EXPECT_TRUE(DeleteObject(bitmap));
 }
 
-TEST_F(State, WhatIsNoObjectIsRefusedEverywhere)
+TEST_F(State, WhatDoesNotExistIsRefusedEverywhere)
 {
-    const HDC screen = Context(nullptr);
+    const HDC screen = Context(nullptr), job = Job();
+    EXPECT_FALSE(DeleteDC(screen));
+    EXPECT_FALSE(DeleteDC(job));
+    EXPECT_EQ(ReleaseDC(nullptr, job), 0);
+    EXPECT_EQ(SetBkMode(screen, 3), 0);
+    EXPECT_EQ(SetROP2(screen, 17), 0);
+    EXPECT_EQ(Refusal(SetMapMode(screen, 9)), ERROR_INVALID_PARAMETER);
+    EXPECT_EQ(CreatePen(99, 1, 0), nullptr);
     const auto wrong = reinterpret_cast<HGDIOBJ>(std::uintptr_t{0xBAD0});
     const RECT box{0, 0, 1, 1};
     EXPECT_EQ(SelectObject(screen, wrong), nullptr);

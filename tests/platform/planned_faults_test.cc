@@ -64,24 +64,34 @@ TEST_F(PlannedFaults, ReachEveryFunction)
 
 TEST_F(PlannedFaults, OfTheRegistryAreErrorsAndOfNarrowTextsStates)
 {
-    FaultPlan& faults = CurrentEnvironment().faults;
+    const std::u16string path = PrinterKeyPath(Printer);
+    HKEY key = nullptr, other = nullptr;
+    ASSERT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_ALL_ACCESS, &key), 0);
+    CurrentEnvironment().faults.Clear();
     for (const char* function : {"RegOpenKeyExW", "RegQueryValueExW", "RegSetValueExW", "RegCloseKey",
                                  "RtlMultiByteToUnicodeN", "RtlUnicodeToMultiByteN", "wsprintfW"})
-        faults.Add(function, 1, false);
-    HKEY key = nullptr;
+        CurrentEnvironment().faults.Add(function, 1, false);
     WCHAR wide[4];
     CHAR narrow[4];
-    EXPECT_NE(RegOpenKeyExW(HKEY_LOCAL_MACHINE, PrinterKeyPath(Printer).c_str(), 0, KEY_ALL_ACCESS, &key), 0);
-    ASSERT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, PrinterKeyPath(Printer).c_str(), 0, KEY_ALL_ACCESS, &key), 0);
-    EXPECT_NE(RegSetValueExW(key, u"Value", 0, REG_BINARY, nullptr, 0), 0);
-    EXPECT_EQ(RegSetValueExW(key, u"Value", 0, REG_BINARY, nullptr, 0), 0);
-    EXPECT_NE(RegQueryValueExW(key, u"Value", nullptr, nullptr, nullptr, nullptr), 0);
-    EXPECT_EQ(RegQueryValueExW(key, u"Value", nullptr, nullptr, nullptr, nullptr), 0);
-    EXPECT_NE(RegCloseKey(key), 0);
+    for (const bool fails : {true, false}) {
+        EXPECT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_ALL_ACCESS, &other) != 0, fails);
+        EXPECT_EQ(RegSetValueExW(key, u"Value", 0, REG_BINARY, nullptr, 0) != 0, fails);
+        EXPECT_EQ(RegQueryValueExW(key, u"Value", nullptr, nullptr, nullptr, nullptr) != 0, fails);
+        EXPECT_EQ(RegCloseKey(other) != 0, fails);
+        EXPECT_EQ(RtlMultiByteToUnicodeN(wide, 8, nullptr, "ab", 2) < 0, fails);
+        EXPECT_EQ(RtlUnicodeToMultiByteN(narrow, 4, nullptr, u"ab", 4) < 0, fails);
+        EXPECT_EQ(wsprintfW(wide, u"%d", 5), fails ? 0 : 1);
+    }
     EXPECT_EQ(RegCloseKey(key), 0);
-    EXPECT_LT(RtlMultiByteToUnicodeN(wide, 8, nullptr, "ab", 2), 0);
-    EXPECT_LT(RtlUnicodeToMultiByteN(narrow, 4, nullptr, u"ab", 4), 0);
-    EXPECT_EQ(wsprintfW(wide, u"%d", 5), 0);
+}
+
+TEST(FaultPlan, OffersWhatTheLayerExportsAndMessagesThatNeedRoom)
+{
+    for (const char* name : {"GlobalAlloc", "RegOpenKeyExW", "wsprintfW", "LB_INSERTSTRING", "LVM_INSERTITEMW"})
+        EXPECT_TRUE(FaultPlan::Offers(name)) << name;
+    // Needs no room, is of a library below, of the tool chain, and unknown.
+    for (const char* name : {"CB_SETCURSEL", "malloc", "_fini", "NoSuchFunction", "Global Alloc", ""})
+        EXPECT_FALSE(FaultPlan::Offers(name)) << name;
 }
 
 }  // namespace

@@ -24,31 +24,26 @@ class PrintSubsystem : public FreshEnvironment {
     DWORD type = 0, needed = 0;
 };
 
+// The error of an attempt to open.
+DWORD Opening(std::u16string name, DWORD access)
+{
+    PRINTER_DEFAULTSW defaults{nullptr, nullptr, access};
+    HANDLE opened = nullptr;
+    if (!OpenPrinterW(name.data(), &opened, access ? &defaults : nullptr)) return Refusal(opened);
+    EXPECT_TRUE(ClosePrinter(opened));
+    return 0;
+}
+
 TEST_F(PrintSubsystem, OpensByNameAndRight)
 {
-    const struct {
-        std::u16string printer;
-        DWORD access;  // zero: none is asked for
-        DWORD error;
-    } rows[] = {
-        {Printer,       0,                         0                         },
-        {Printer,       PRINTER_ALL_ACCESS,        0                         },
-        {LockedPrinter, 0,                         0                         },
-        {LockedPrinter, PRINTER_ACCESS_USE,        0                         },
-        {LockedPrinter, PRINTER_ACCESS_ADMINISTER, ERROR_ACCESS_DENIED       },
-        {LockedPrinter, PRINTER_ALL_ACCESS,        ERROR_ACCESS_DENIED       },
-        {u"Nowhere",    0,                         ERROR_INVALID_PRINTER_NAME},
-        {u"",           0,                         ERROR_INVALID_PRINTER_NAME},
-    };
-    for (const auto& row : rows) {
-        SetLastError(0);
-        std::u16string asked = row.printer;
-        PRINTER_DEFAULTSW defaults{nullptr, nullptr, row.access};
-        HANDLE opened = nullptr;
-        EXPECT_EQ(OpenPrinterW(asked.data(), &opened, row.access ? &defaults : nullptr), row.error == 0);
-        EXPECT_EQ(GetLastError(), row.error);
-        EXPECT_EQ(ClosePrinter(opened), row.error == 0);
-    }
+    EXPECT_EQ(Opening(Printer, 0), 0u);
+    EXPECT_EQ(Opening(Printer, PRINTER_ALL_ACCESS), 0u);
+    EXPECT_EQ(Opening(LockedPrinter, 0), 0u);
+    EXPECT_EQ(Opening(LockedPrinter, PRINTER_ACCESS_USE), 0u);
+    EXPECT_EQ(Opening(LockedPrinter, PRINTER_ACCESS_ADMINISTER), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(Opening(LockedPrinter, PRINTER_ALL_ACCESS), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(Opening(u"Nowhere", 0), ERROR_INVALID_PRINTER_NAME);
+    EXPECT_EQ(Opening(u"", 0), ERROR_INVALID_PRINTER_NAME);
     EXPECT_NE(Refusal(OpenPrinterW(nullptr, &printer, nullptr)), 0u);
     EXPECT_EQ(Refusal(ClosePrinter(nullptr)), ERROR_INVALID_HANDLE);
 }

@@ -27,52 +27,39 @@ Data OneResource(std::uint32_t dataBytes = 3, std::uint32_t headerBytes = 32)
     return file;
 }
 
+template <class Parse>
+std::string Reason(Parse parse, std::span<const std::uint8_t> file)
+{
+    std::string why;
+    EXPECT_FALSE(parse(file, &why));
+    return why;
+}
+
 TEST(CompiledResources, DamageIsToldWithItsPlace)
 {
-    constexpr char Foreign[] = "at byte 0: not a compiled resource file";
-    constexpr char NoHeader[] = "at byte 32: the header of a resource does not fit";
-    constexpr char NoData[] = "at byte 32: the data of a resource is cut off";
-    const struct {
-        std::uint32_t dataBytes, headerBytes;
-        std::size_t length;
-        const char* why;
-    } rows[] = {
-        {3,          32,         0,  Foreign }, //
-        {4,          32,         67, NoData  }, //
-        {0xFFFFFFFF, 32,         67, NoData  }, //
-        {3,          0,          67, NoHeader}, //
-        {3,          0xFFFFFFFF, 67, NoHeader}, //
-        {3,          32,         40, NoHeader}, //
-    };
-    std::string why;
-    for (const auto& row : rows) {
-        Data file = OneResource(row.dataBytes, row.headerBytes);
-        file.resize(row.length);
-        EXPECT_FALSE(ParseCompiledResources(file, &why));
-        EXPECT_EQ(why, row.why) << row.dataBytes << ' ' << row.headerBytes;
-    }
-    EXPECT_FALSE(ParseCompiledResources(Data(32, 0), &why));
-    EXPECT_EQ(why, Foreign);
-    Data endlessName = OneResource();
+    const auto reason = [](const Data& file) { return Reason(ParseCompiledResources, file); };
+    EXPECT_EQ(reason({}), "at byte 0: not a compiled resource file");
+    EXPECT_EQ(reason(Data(32, 0)), "at byte 0: not a compiled resource file");
+    for (const std::uint32_t bytes : {4u, 0xFFFFFFFFu})
+        EXPECT_EQ(reason(OneResource(bytes)), "at byte 32: the data of a resource is cut off");
+    Data cut = OneResource(), endlessName = OneResource();
+    cut.resize(40);
     std::fill(endlessName.begin() + 40, endlessName.end(), std::uint8_t{1});
-    EXPECT_FALSE(ParseCompiledResources(endlessName, &why));
-    EXPECT_EQ(why, NoHeader);
+    for (const Data& file : {cut, endlessName, OneResource(3, 0), OneResource(3, 0xFFFFFFFF)})
+        EXPECT_EQ(reason(file), "at byte 32: the header of a resource does not fit");
 }
 
 TEST(ResourceSection, ForeignAndCutFilesAreRefused)
 {
     std::ifstream sample(ToUtf8(QD_SAMPLE_PATH), std::ios::binary);
     Data file(std::istreambuf_iterator<char>(sample), {});
-    std::string why;
-    EXPECT_FALSE(FindResourceSection(Data(100, 'x'), &why));
-    EXPECT_EQ(why, "at byte 0: not an ELF file");
-    EXPECT_FALSE(FindResourceSection(std::span(file).first(30), &why));
-    EXPECT_EQ(why, "at byte 0: the ELF header is cut off");
-    EXPECT_FALSE(FindResourceSection(std::span(file).first(file.size() / 2), &why));
-    EXPECT_THAT(why, ::testing::HasSubstr("the section headers lie outside the file"));
+    const auto reason = [](std::span<const std::uint8_t> bytes) { return Reason(FindResourceSection, bytes); };
+    EXPECT_EQ(reason(Data(100, 'x')), "at byte 0: not an ELF file");
+    EXPECT_EQ(reason(std::span(file).first(30)), "at byte 0: the ELF header is cut off");
+    EXPECT_THAT(reason(std::span(file).first(file.size() / 2)),
+                ::testing::HasSubstr("the section headers lie outside the file"));
     file[5] = 2;
-    EXPECT_FALSE(FindResourceSection(file, &why));
-    EXPECT_EQ(why, "at byte 4: an ELF file of another machine");
+    EXPECT_EQ(reason(file), "at byte 4: an ELF file of another machine");
 }
 
 TEST(StringBlock, HoldsSixteenStrings)

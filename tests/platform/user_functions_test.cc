@@ -11,37 +11,29 @@ namespace user_tests {
 
 TEST(Functions, NumbersOfAField)
 {
-    const struct {
-        const char16_t* text;
-        bool isSigned;
-        UINT value;
-        bool translated;
-    } rows[] = {
-        {u"150",                        true,  150,                            true },
-        {u"-5",                         true,  static_cast<UINT>(-5),          true },
-        {u"-5",                         false, 0,                              false},
-        {u"",                           true,  0,                              false},
-        {u"-",                          true,  0,                              false},
-        {u" 7",                         true,  7,                              true },
-        {u"2147483647",                 true,  2147483647,                     true },
-        {u"2147483648",                 true,  0,                              false},
-        {u"-2147483648",                true,  static_cast<UINT>(-2147483648), true },
-        {u"2147483648",                 false, 2147483648,                     true },
-        {u"4294967295",                 false, 4294967295,                     true },
-        {u"4294967296",                 false, 0,                              false},
-        {u"99999999999999999999999999", false, 0,                              false},
-    };
     Rig rig({Make(u"Edit", 10, Stop)});
-    for (const auto& row : rows) {
-        EXPECT_TRUE(SetDlgItemTextW(rig.dialog, 10, row.text));
+    const auto number = [&](const char16_t* text, bool isSigned) {
+        EXPECT_TRUE(SetDlgItemTextW(rig.dialog, 10, text));
         BOOL translated = 7;
-        EXPECT_EQ(GetDlgItemInt(rig.dialog, 10, &translated, row.isSigned), row.value) << row.value;
-        EXPECT_EQ(translated != FALSE, row.translated) << row.value;
+        const UINT value = GetDlgItemInt(rig.dialog, 10, &translated, isSigned);
+        return translated ? std::to_string(isSigned ? std::int64_t{static_cast<int>(value)} : value) : "none";
+    };
+    EXPECT_EQ(number(u"150", true), "150");
+    EXPECT_EQ(number(u" 7", true), "7");
+    EXPECT_EQ(number(u"-5", true), "-5");
+    EXPECT_EQ(number(u"2147483647", true), "2147483647");
+    EXPECT_EQ(number(u"-2147483648", true), "-2147483648");
+    EXPECT_EQ(number(u"4294967295", false), "4294967295");
+    for (const char16_t* text : {u"", u"-", u"12a", u"2147483648"}) EXPECT_EQ(number(text, true), "none");
+    for (const char16_t* text : {u"-5", u"4294967296", u"99999999999999999999999999"})
+        EXPECT_EQ(number(text, false), "none");
+    for (const auto& [isSigned, text] : {
+             std::pair{TRUE,  u"-8"        },
+             std::pair{FALSE, u"4294967288"}
+    }) {
+        EXPECT_TRUE(SetDlgItemInt(rig.dialog, 10, static_cast<UINT>(-8), isSigned));
+        EXPECT_EQ(rig.Text(rig[10]), text);
     }
-    EXPECT_TRUE(SetDlgItemInt(rig.dialog, 10, static_cast<UINT>(-8), TRUE));
-    EXPECT_EQ(rig.Text(rig[10]), u"-8");
-    SetDlgItemInt(rig.dialog, 10, static_cast<UINT>(-8), FALSE);
-    EXPECT_EQ(rig.Text(rig[10]), u"4294967288");
 }
 
 TEST(Functions, SlotsOfADialogHoldAMachineWord)

@@ -24,7 +24,7 @@ std::string CommandLine(WPARAM wParam, LPARAM lParam)
     };
     for (const auto& [code, name] : Names)
         if (HighWord(wParam) == code) return name + id;
-    return "code " + std::to_string(HighWord(wParam)) + " of " + id;
+    return "code " + std::to_string(HighWord(wParam));
 }
 
 std::string NoticeLine(const NMHDR& header)
