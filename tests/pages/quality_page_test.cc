@@ -62,16 +62,10 @@ TEST(QualityPage, ShowsAFreshRecord)
 
 TEST(QualityPage, RecordsOfEveryKindShow)
 {
-    const std::string lowest = Lowest;
-    const std::string fixedByOne = lowest + " dmFixedResolution=1", fixedByTwo = lowest + " dmFixedResolution=2";
     for (const auto& [fields, resolution, usable, resolutions] : {
-             std::tuple{std::string(),                       "1200 x 600",  "tSA", 3u},
-             {lowest,                              "600 x 600",   "TSA", 3 },
-             {"dmPrintQuality=300",                "1200 x 1200", "TSA", 3 }, // none of ours: the highest
-             {LowestWithTonerSave,                 "600 x 600",   "TsA", 1 },
-             {"dmTonerSave=1 dmPrintQuality=1200", "",            "tsA", 1 }, // not on the short list
-             {fixedByOne,                          "600 x 600",   "tsA", 1 },
-             {fixedByTwo,                          "600 x 600",   "tsA", 1 },
+             std::tuple{"dmPrintQuality=300",                         "1200 x 1200", "TSA", 3u}, // none of ours: the highest
+             {"dmTonerSave=1 dmPrintQuality=1200",          "",            "tsA", 1 }, // not on the short list
+             {"dmResolutionChoice=600 dmFixedResolution=2", "600 x 600",   "tsA", 1 },
     }) {
         QualitySheet sheet(fields);
         EXPECT_EQ(sheet.Row(IDC_RESOLUTION), resolution) << fields;
@@ -86,14 +80,8 @@ TEST(QualityPage, RecordsOfEveryKindShow)
 
 TEST(QualityPage, AChangeIsStoredAndDecidesOnOthers)
 {
-    struct Row {
-        std::string fields;
-        int control;
-        const char16_t* row;
-        const char* difference;
-    };
     // clang-format off
-    const Row rows[] = {
+    const std::tuple<const char*, int, const char16_t*, const char*> rows[] = {
         {"", IDC_RESOLUTION, u"1200 x 1200",
          "resolution=1200 x 1200 dmPrintQuality=1200 dmResolution=1200 dmResolutionChoice=1200 told"},
         {"", IDC_RESOLUTION, u"1200 x 600", "told"},
@@ -118,11 +106,10 @@ TEST(QualityPage, AChangeIsStoredAndDecidesOnOthers)
         {LowestWithTonerSave, IDC_TONER_SAVE_ON, nullptr, ""},
         {"", IDC_ALL_RASTER_OFF, nullptr, ""},
         {"dmAllRaster=1", IDC_ALL_RASTER_ON, nullptr, ""},
-        {"", IDC_QUALITY_PAGE_LAYOUT, nullptr, ""},
     };
     // clang-format on
-    for (const Row& row : rows)
-        EXPECT_EQ(QualitySheet(row.fields).Pick(row.control, row.row), row.difference) << row.fields << row.control;
+    for (const auto& [fields, control, row, difference] : rows)
+        EXPECT_EQ(QualitySheet(fields).Pick(control, row), difference) << fields << control;
 }
 
 TEST(QualityPage, AllRasterNeedsAPlainPage)
