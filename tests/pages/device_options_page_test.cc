@@ -147,35 +147,22 @@ TEST(AboutDialog, OpensFromThePageAndClosesByOkAndEsc)
 {
     AboutIsPage = 1;  // a device sheet was up before
     DeviceSheet sheet;
-    EXPECT_EQ(sheet.Click(IDC_ABOUT).Template(), DLG_ABOUT);
-    EXPECT_EQ(sheet.Text(IDC_ABOUT_VERSION), u"Version:1.20.0401.0");
+    EXPECT_EQ(sheet.Click(IDC_ABOUT).Text(IDC_ABOUT_VERSION), u"Version:1.20.0401.0");
     sheet.Send(WM_COMMAND, 1 << 16 | IDOK, 0);  // a notice of the button and no click
     EXPECT_EQ(sheet.Template(), DLG_ABOUT);
     EXPECT_EQ(sheet.Click(IDOK).Template(), IDD_DEVICE_OPTIONS);
-    sheet.Click(IDC_ABOUT).Press(platform::user::Key::Escape);
-    EXPECT_EQ(sheet.Template(), IDD_DEVICE_OPTIONS);
+    EXPECT_EQ(sheet.Click(IDC_ABOUT).Press(platform::user::Key::Escape).Template(), IDD_DEVICE_OPTIONS);
     EXPECT_EQ(sheet.Changes(), 0);
 }
 
 TEST(AboutDialog, DrawsPictureAndNameEachTimeThatItIsPainted)
 {
     DeviceSheet sheet;
-    sheet.Drawn();
     sheet.Click(IDC_ABOUT);
     for (int times = 0; times < 2; ++times) {
-        const auto drawn = sheet.Drawn();
-        EXPECT_THAT(drawn, Contains(StartsWith("1214 StretchBlt")));
-        std::string name;  // the calls behind the picture
-        for (const std::string& line : drawn) {
-            const std::size_t begin = line.find(' ') + 1;
-            if (!name.empty() || line.starts_with("1290 GetDC"))
-                name += line.substr(begin, line.find(' ', begin) - begin) + " ";
-        }
-        EXPECT_EQ(name,
-                  "GetDC SetBkMode GetStockObject SelectObject GetObjectW GetDeviceCaps CreateFontIndirectW "
-                  "SelectObject TextOutW SetBkMode SelectObject DeleteObject ReleaseDC ReleaseDC ");
-        EXPECT_THAT(drawn, Contains(HasSubstr("CreateFontIndirectW [{font:{lfHeight:-16,")));
-        EXPECT_THAT(drawn, Contains("1290 TextOutW [0,0,\"Ordana Quillet 4820E\",20]"));
+        EXPECT_THAT(sheet.Drawn(), testing::AllOf(Contains(StartsWith("1214 StretchBlt")),
+                                                  Contains("1290 SetBkMode [1]"), Contains(HasSubstr("{lfHeight:-16,")),
+                                                  Contains("1290 TextOutW [0,0,\"Ordana Quillet 4820E\",20]")));
         sheet.Try([](HWND about) {
             InvalidateRect(about, nullptr, TRUE);
             platform::user::PaintPending();

@@ -131,7 +131,7 @@ TEST(PaperPage, BringsTheJobsWatermarkUpToDate)
     StoredWatermark stored;
     stored.name = stored.text = u"New";
     for (const DWORD on : {0u, 1u}) {
-        PaperSheet sheet(Fields("wmId=1 dmWatermarkOn=" + std::to_string(on)), {}, UnitedStates, true,
+        PaperSheet sheet(Fields("wmId=1 dmWatermarkOn=" + std::to_string(on)), {}, UnitedStates,
                          [&](TestMachine& machine) { StoreWatermarks(machine, {stored}, TestPrinter); });
         EXPECT_EQ(std::u16string(sheet.Settings().dmWatermark.wmText), on ? u"New" : u"");
     }

@@ -112,20 +112,13 @@ TEST(QualityPage, AChangeIsStoredAndDecidesOnOthers)
         EXPECT_EQ(QualitySheet(fields).Pick(control, row), difference) << fields << control;
 }
 
-TEST(QualityPage, AllRasterNeedsAPlainPage)
+TEST(QualityPage, AllRasterIsTakenBackWhenThePageComesBack)
 {
-    for (const auto& [fields, possible] : {
-             std::pair{"dmNupOn=1", false},
-             {"dmNupOn=2", true }
-    }) {
-        QualitySheet sheet("dmAllRaster=1");
-        sheet.Page(ElsewherePage).Change(Fields(fields));
-        EXPECT_EQ(sheet.Settings().dmAllRaster, 1) << "until this page comes back";
-        EXPECT_EQ(sheet.Page(u"Quality").Settings().dmAllRaster, possible) << fields;
-        EXPECT_EQ(sheet.Usable(), possible ? "tSA" : "tSa") << fields;
-    }
-    QualitySheet withoutRaster("dmNupOn=1 dmPrinterTrueType=0");
-    EXPECT_FALSE(withoutRaster.Checked(IDC_PRINTER_TRUETYPE)) << "stays as it is";
+    QualitySheet sheet("dmAllRaster=1");
+    sheet.Page(ElsewherePage).Change(Fields("dmNupOn=1"));
+    EXPECT_EQ(sheet.Settings().dmAllRaster, 1);
+    EXPECT_EQ(sheet.Page(u"Quality").Settings().dmAllRaster, 0);
+    EXPECT_FALSE(QualitySheet("dmNupOn=1 dmPrinterTrueType=0").Checked(IDC_PRINTER_TRUETYPE)) << "stays as it is";
 }
 
 TEST(QualityPage, GraphicsAndTextModesFollowAllRasterOnlyWhenThePageComesBack)

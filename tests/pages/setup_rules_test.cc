@@ -73,6 +73,11 @@ TEST(SetupRules, EveryChangeMeetsTheRecord)
         EXPECT_EQ(SetupSheet(On(record)).Pick(control, row), difference) << control << " meets " << record;
 }
 
+TEST(SetupRules, ACountThatThereIsNotSelectsNothing)
+{
+    EXPECT_EQ(SetupSheet(Fields("dmNupOn=1 dmNupCount=3")).Row(IDC_NUP), "");
+}
+
 TEST(SetupRules, RefusalsSayWhy)
 {
     constexpr char Source[] = "Selected paper source can't work with duplex printing.\nOnly Tray1 is supported.";
@@ -89,13 +94,6 @@ TEST(SetupRules, RefusalsSayWhy)
         EXPECT_EQ(box.caption, u"Warning");
         EXPECT_EQ(box.style, MB_ICONEXCLAMATION);
     }
-}
-
-TEST(SetupRules, ACountThatThereIsNotSelectsNothing)
-{
-    SetupSheet sheet(Fields("dmNupOn=1 dmNupCount=3"));
-    EXPECT_EQ(sheet.Row(IDC_NUP), "");
-    EXPECT_EQ(sheet.EnabledLetters(), "NBS Dg");
 }
 
 // A booklet takes the paper that comes out of the printer.

@@ -28,7 +28,7 @@ inline void StandInForSetup(const DriverDevMode& record)
 class PaperSheet : public WatchedSheet {
   public:
     explicit PaperSheet(const Prepare& prepare = {}, const std::vector<CustomPaperEntry>& papers = {},
-                        int country = UnitedStates, bool mayChange = true, const Furnish& furnish = {})
+                        int country = UnitedStates, const Furnish& furnish = {})
         : WatchedSheet(
               u"Paper", {},
               [prepare](DriverDevMode& record) {
@@ -36,8 +36,6 @@ class PaperSheet : public WatchedSheet {
                   StandInForSetup(record);
               },
               [&](TestMachine& machine) {
-                  machine.store->Remove(TestPrinter);
-                  machine.store->Add({TestPrinter, TestPrinter, mayChange});
                   if (!papers.empty()) StorePapers(machine, papers, TestPrinter);
                   if (furnish) furnish(machine);
               },

@@ -37,22 +37,6 @@ class SetupSheet : public WatchedSheet {
     {
     }
 
-    // "NBS DG": N-up, border line, style, duplex and guide paper, small where they are disabled.
-    std::string EnabledLetters()
-    {
-        std::string letters;
-        for (const auto& [letter, control] : {
-                 std::pair{'n', IDC_NUP        },
-                 {'b', IDC_BORDER_LINE},
-                 {'s', IDC_NUP_STYLE  },
-                 {' ', 0              },
-                 {'d', IDC_DUPLEX     },
-                 {'g', IDC_GUIDE_PAPER}
-        })
-            letters += control != 0 && Enabled(control) ? static_cast<char>(letter - 'a' + 'A') : letter;
-        return letters;
-    }
-
   private:
     static platform::FixedFactValues Facts(int country, std::u16string owner)
     {
