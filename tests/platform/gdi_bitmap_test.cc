@@ -98,28 +98,26 @@ TEST_F(Bitmaps, OperationsCombineSourceAndTarget)
     }
 }
 
-struct StretchRow {
-    const char* name;
-    int x, width, sourceX, sourceWidth;
-    const char* result;  // four pixels of a target of dots, from a source of blue (B) and red (R)
-};
-const StretchRow StretchRows[] = {
-    {"OneToOne",        1,           2,          0,           2,          ".BR."},
-    {"Doubled",         0,           4,          0,           2,          "BBRR"},
-    {"ThreeForTwo",     0,           3,          0,           2,          "BRR."},
-    {"Halved",          0,           1,          0,           2,          "R..."},
-    {"Mirrored",        4,           -4,         0,           2,          "RRBB"},
-    {"MirroredSource",  0,           4,          2,           -2,         "RRBB"},
-    {"MirroredTwice",   4,           -4,         2,           -2,         "BBRR"},
-    {"BeyondTheSource", 0,           4,          -1,          4,          ".BR."},
-    {"BeyondTheTarget", -2,          4,          0,           2,          "RR.."},
-    {"FarBeyondBoth",   -2000000000, 2147483647, -2000000000, 2147483647, "BR.."},
-    {"NoWidth",         0,           0,          0,           2,          "...."},
-};
-
 TEST_F(Bitmaps, StretchedTakeTheNearestPixel)
 {
-    for (const StretchRow& row : StretchRows) {
+    // Four pixels of a target of dots, from a source of blue (B) and red (R).
+    const struct {
+        int x, width, sourceX, sourceWidth;
+        const char* result;
+    } rows[] = {
+        {1,           2,          0,           2,          ".BR."},
+        {0,           4,          0,           2,          "BBRR"},
+        {0,           3,          0,           2,          "BRR."},
+        {0,           1,          0,           2,          "R..."},
+        {4,           -4,         0,           2,          "RRBB"},
+        {0,           4,          2,           -2,         "RRBB"},
+        {4,           -4,         2,           -2,         "BBRR"},
+        {0,           4,          -1,          4,          ".BR."},
+        {-2,          4,          0,           2,          "RR.."},
+        {-2000000000, 2147483647, -2000000000, 2147483647, "BR.."},
+        {0,           0,          0,           2,          "...."},
+    };
+    for (const auto& row : rows) {
         const HDC target = Memory(4, 1, 32), source = Memory(2, 1, 32, BlueRed.data());
         EXPECT_TRUE(StretchBlt(target, row.x, 0, row.width, 1, source, row.sourceX, 0, row.sourceWidth, 1, SRCCOPY));
         std::string result;
@@ -127,7 +125,7 @@ TEST_F(Bitmaps, StretchedTakeTheNearestPixel)
             const COLORREF color = GetPixel(target, x, 0);
             result += color == Blue ? 'B' : color == Red ? 'R' : '.';
         }
-        EXPECT_EQ(result, row.result) << row.name;
+        EXPECT_EQ(result, row.result);
     }
 }
 

@@ -34,10 +34,7 @@ TEST_F(Text, IsFormatted)
     EXPECT_EQ(Formatted(u"%c%hc%C", u'x', 'y', 'z'), u"xyz");
     EXPECT_EQ(Formatted(u"100%%|%q|%", 0), u"100%|q|");
     EXPECT_EQ(Formatted(u"%-5y"), u"-5y");
-}
-
-TEST_F(Text, AFormattedTextEndsAt1024CharactersWithItsTerminator)
-{
+    // A text ends at 1024 characters with its terminator.
     const std::u16string wide(3000, u'w');
     EXPECT_EQ(Formatted(u"%s", wide.c_str()).size(), 1023u);
     EXPECT_EQ(Formatted(u"%99999999999d", 1).size(), 1023u);

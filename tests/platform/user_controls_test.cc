@@ -46,12 +46,6 @@ class ListView : public testing::Test {
   protected:
     ListView() : rig({Make(u"Edit", 10, Stop), Make(u"SysListView32", 13, Stop | LVS_REPORT | LVS_SINGLESEL)})
     {
-        for (int i = 0; i < 2; ++i) {
-            LVCOLUMNW column{};
-            column.mask = LVCF_WIDTH;
-            column.cx = 100 + i;
-            Send(rig[13], LVM_INSERTCOLUMNW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&column));
-        }
         for (int i = 0; i < 3; ++i) Insert(i, std::u16string(1, static_cast<char16_t>(u'a' + i)));
     }
     LRESULT Insert(int row, std::u16string text)

@@ -45,12 +45,6 @@ void RigDesktop::Run(HWND top)
     next(top);
 }
 
-int RigDesktop::MessageBox(const platform::MessageBoxRequest& request)
-{
-    if (duringBox) duringBox();
-    return QuietDesktop::MessageBox(request);
-}
-
 ControlTemplate Make(std::u16string className, int id, DWORD style, std::u16string text)
 {
     ControlTemplate control;

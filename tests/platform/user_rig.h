@@ -23,13 +23,11 @@ class RigDesktop : public testing_support::QuietDesktop {
   public:
     void Run(HWND top) override;  // takes the next of runs; without one it gives up
     std::shared_ptr<platform::Surface> MakePicture(HWND, int, int) override { return picture; }
-    int MessageBox(const platform::MessageBoxRequest& request) override;
     void Beep(UINT style) override { beeps.push_back(style); }
 
     std::vector<std::function<void(HWND top)>> runs;
     std::vector<UINT> beeps;
     std::shared_ptr<gdi_test::SurfaceLog> picture = std::make_shared<gdi_test::SurfaceLog>();  // of every dialog
-    std::function<void()> duringBox;
 };
 
 constexpr DWORD Shown = WS_CHILD | WS_VISIBLE;
