@@ -158,8 +158,6 @@ TEST(PaperLists, SelectTheOutputPaperOrThatOfTheCountry)
     for (const auto& [country, fields, selection] : {
              std::tuple{UnitedStates, "dmOutputPaper=0",                                       0},
              {Germany,      "dmOutputPaper=0",                                       1},
-             {Germany,      "dmOutputPaper=1",                                       0},
-             {UnitedStates, "dmOutputPaper=222",                                     9},
              {UnitedStates, "dmOutputPaper=222 dmDefaultSource=2 dmDeviceFlags=128", 0},
              {Germany,      "dmOutputPaper=27",                                      1},
     })

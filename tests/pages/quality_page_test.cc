@@ -48,6 +48,7 @@ TEST(QualityPage, ShowsAFreshRecord)
     QualitySheet sheet;
     EXPECT_THAT(sheet.Items(IDC_RESOLUTION), ElementsAre(u"600 x 600", u"1200 x 600", u"1200 x 1200"));
     EXPECT_THAT(sheet.Items(IDC_SMOOTHTONE), ElementsAre(u"Off", u"Light", u"Medium", u"Dark"));
+    EXPECT_THAT(sheet.ItemData(IDC_SMOOTHTONE), ElementsAre(0, 1, 2, 3));
     EXPECT_THAT(sheet.Items(IDC_TONER_DENSITY), ElementsAre(u"Extra Light", u"Light", u"Medium Light", u"Medium",
                                                             u"Medium Dark", u"Dark", u"Extra Dark"));
     EXPECT_EQ(sheet.Usable(), "tSA");

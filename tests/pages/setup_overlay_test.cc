@@ -18,7 +18,6 @@ TEST(SetupOverlay, ListsTheRowsThatHaveBeenMadeAndNamesTheFileOfTheChoiceAtOnce)
 {
     for (const auto& [index, selected, file, state] : {
              std::tuple{2,  2,  u"/forms/invoice.oxl", 1},
-             {0,  0,  u"<NONE>",             0},
              {3,  -1, u"<NONE>",             1}, // the pending one
              {-1, -1, u"<NONE>",             1},
     }) {
