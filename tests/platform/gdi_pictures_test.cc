@@ -1,4 +1,5 @@
 #include <cstdint>
+#include <cstring>
 
 #include "gdi_fixture.h"
 #include "platform/gdi/dib.h"
@@ -26,20 +27,19 @@ struct DibParts {
 
     Data Bytes() const
     {
-        Data data;
-        const auto put = [&](std::uint32_t value, int count) {
-            for (int i = 0; i < count; ++i) data.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
-        };
-        put(headerBytes, 4);
-        put(static_cast<std::uint32_t>(width), 4);
-        put(static_cast<std::uint32_t>(height), 4);
-        put(planes, 2);
-        put(bits, 2);
-        put(compression, 4);
-        for (int i = 0; i < 3; ++i) put(0, 4);
-        put(used, 4);
-        put(0, 4);
-        for (const std::uint32_t color : table) put(color, 4);
+        std::vector<std::uint32_t> words = {headerBytes,
+                                            static_cast<std::uint32_t>(width),
+                                            static_cast<std::uint32_t>(height),
+                                            planes | std::uint32_t{bits} << 16,
+                                            compression,
+                                            0,
+                                            0,
+                                            0,
+                                            used,
+                                            0};
+        words.insert(words.end(), table.begin(), table.end());
+        Data data(4 * words.size());
+        std::memcpy(data.data(), words.data(), data.size());
         data.insert(data.end(), pixels.begin(), pixels.end());
         return data;
     }

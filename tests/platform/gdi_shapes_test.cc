@@ -129,19 +129,5 @@ TEST_F(WindowShapes, TheScreenAndAJobWithoutAPageTakeDrawingAndShowNothing)
     EXPECT_THAT(page->Take(), IsEmpty());
 }
 
-TEST(BuiltinFonts, DeliversTheStylesInOrder)
-{
-    std::vector<std::pair<LONG, int>> styles;
-    for (const auto& style : platform::MakeBuiltinFonts()->Styles(u"arial")) {
-        EXPECT_EQ(std::u16string(style.font.lfFaceName), u"Arial");
-        EXPECT_EQ(style.font.lfHeight, 16);
-        EXPECT_EQ(style.metrics.tmWeight, style.font.lfWeight);
-        EXPECT_EQ(style.type, TRUETYPE_FONTTYPE);
-        styles.emplace_back(style.font.lfWeight, style.font.lfItalic);
-    }
-    EXPECT_TRUE(platform::MakeBuiltinFonts()->Styles(u"Fancy").empty());
-    EXPECT_THAT(styles, ElementsAre(std::pair(400, 0), std::pair(700, 0), std::pair(400, 1), std::pair(700, 1)));
-}
-
 }  // namespace
 }  // namespace gdi_test

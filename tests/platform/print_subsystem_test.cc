@@ -91,7 +91,7 @@ TEST_F(PrintSubsystem, ValuesAreWrittenByRightAndAsFarAsTheStoreCan)
     EXPECT_EQ(GetLastError(), ERROR_GEN_FAILURE);
 }
 
-// Asks for the size first and then, as a byte less is not enough, for the block, which starts with what is told.
+// Asks for the size first and then, as a byte less is not enough, for the block, which starts with the answer.
 std::vector<BYTE> Told(PRINTER_INFO_2W& info, HANDLE printer)
 {
     DWORD needed = 0;
@@ -101,22 +101,6 @@ std::vector<BYTE> Told(PRINTER_INFO_2W& info, HANDLE printer)
     EXPECT_TRUE(GetPrinterW(printer, 2, block.data(), needed, &needed));
     std::memcpy(&info, block.data(), sizeof info);
     return block;
-}
-
-TEST_F(PrintSubsystem, TellsAboutThePrinterAndItsDriver)
-{
-    PRINTER_INFO_2W info;
-    const auto block = Told(info, printer);
-    EXPECT_EQ(std::u16string(info.pPrinterName), Printer);
-    EXPECT_EQ(std::u16string(info.pDriverName), u"Quillet");
-    EXPECT_EQ(info.pDevMode, nullptr);
-    alignas(DRIVER_INFO_3W) BYTE room[4096];
-    EXPECT_TRUE(GetPrinterDriverW(printer, nullptr, 3, room, sizeof room, &needed));
-    const auto& driver = reinterpret_cast<const DRIVER_INFO_3W&>(room);
-    EXPECT_EQ(std::u16string(driver.pConfigFile), u"C:\\WINDOWS\\system32\\spool\\DRIVERS\\W32X86\\3\\qd480ui.dll");
-    EXPECT_EQ(driver.pHelpFile, nullptr);
-    EXPECT_EQ(Refusal(GetPrinterW(printer, 1, room, sizeof room, &needed)), ERROR_INVALID_LEVEL);
-    EXPECT_EQ(Refusal(GetPrinterDriverW(printer, nullptr, 1, room, sizeof room, &needed)), ERROR_INVALID_LEVEL);
 }
 
 TEST_F(PrintSubsystem, AStoredRecordThatClaimsMoreThanItHasIsFilledUp)

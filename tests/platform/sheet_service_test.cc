@@ -87,10 +87,8 @@ class SheetService : public testing::Test {
 
 TEST_F(SheetService, CallsInOrderAndTakesTheResultReportedAtTheEnd)
 {
-    for (const auto& [button, outcome] : {
-             std::pair{SheetButton::Ok,     CPSUI_OK    },
-             std::pair{SheetButton::Cancel, CPSUI_CANCEL}
-    }) {
+    for (const auto button : {SheetButton::Ok, SheetButton::Cancel}) {
+        const LONG outcome = button == SheetButton::Ok ? CPSUI_OK : CPSUI_CANCEL;
         calls.clear();
         EXPECT_GT(Run([&](HWND top) {
                       EXPECT_EQ(user::Find(top)->text, u"Printer Properties");
