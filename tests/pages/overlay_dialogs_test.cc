@@ -17,16 +17,7 @@ class ListDialog : public OverlaySheet {
     }
     // "<NONE> [Letterhead] Invoice Draft NED": the rows, the selected one in brackets; New, Edit and Delete, where
     // they can be used.
-    std::string List()
-    {
-        std::string list;
-        const auto rows = Items(IDC_OVL_LIST);
-        for (int row = 0; row < static_cast<int>(rows.size()); ++row) {
-            const std::string name = platform::ToUtf8(rows[static_cast<std::size_t>(row)]);
-            list += (row == Selection(IDC_OVL_LIST) ? "[" + name + "]" : name) + " ";
-        }
-        return list + Usable();
-    }
+    std::string List() { return Listed(Items(IDC_OVL_LIST), Selection(IDC_OVL_LIST)) + " " + Usable(); }
     SteppedDesktop& User() { return Machine().Desktop(); }
 };
 

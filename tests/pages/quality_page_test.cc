@@ -32,14 +32,14 @@ class QualitySheet : public WatchedSheet {
   public:
     explicit QualitySheet(const std::string& fields = "") : WatchedSheet(u"Quality", QualityControls, Fields(fields)) {}
 
-    // "TSA": Toner Save, Smoothtone and All Raster, small where they are disabled.
+    // "TSA": Toner Save, Smoothtone and All Raster, where they can be used.
     std::string Usable()
     {
-        std::string usable;
-        for (const auto& [letter, control] :
-             {std::pair('t', IDC_TONER_SAVE_ON), std::pair('s', IDC_SMOOTHTONE), std::pair('a', IDC_ALL_RASTER_ON)})
-            usable += Enabled(control) ? static_cast<char>(letter - 'a' + 'A') : letter;
-        return usable;
+        return Sheet::Usable({
+            {'T', IDC_TONER_SAVE_ON},
+            {'S', IDC_SMOOTHTONE   },
+            {'A', IDC_ALL_RASTER_ON}
+        });
     }
 };
 
@@ -51,7 +51,7 @@ TEST(QualityPage, ShowsAFreshRecord)
     EXPECT_THAT(sheet.ItemData(IDC_SMOOTHTONE), ElementsAre(0, 1, 2, 3));
     EXPECT_THAT(sheet.Items(IDC_TONER_DENSITY), ElementsAre(u"Extra Light", u"Light", u"Medium Light", u"Medium",
                                                             u"Medium Dark", u"Dark", u"Extra Dark"));
-    EXPECT_EQ(sheet.Usable(), "tSA");
+    EXPECT_EQ(sheet.Usable(), "SA");
     EXPECT_FALSE(sheet.Enabled(IDC_QUALITY_PREVIEW));
     EXPECT_EQ(sheet.Changes(), 0);
 }
@@ -60,8 +60,8 @@ TEST(QualityPage, RecordsOfEveryKindShow)
 {
     for (const auto& [fields, resolution, usable, resolutions] : {
              std::tuple{"dmPrintQuality=300",                         "1200 x 1200", "TSA", 3u}, // none of ours: the highest
-             {"dmTonerSave=1 dmPrintQuality=1200",          "",            "tsA", 1 }, // not on the short list
-             {"dmResolutionChoice=600 dmFixedResolution=2", "600 x 600",   "tsA", 1 },
+             {"dmTonerSave=1 dmPrintQuality=1200",          "",            "A",   1 }, // not on the short list
+             {"dmResolutionChoice=600 dmFixedResolution=2", "600 x 600",   "A",   1 },
     }) {
         QualitySheet sheet(fields);
         EXPECT_EQ(sheet.Row(IDC_RESOLUTION), resolution) << fields;

@@ -96,6 +96,13 @@ TEST(SetupRules, RefusalsSayWhy)
     }
 }
 
+TEST(SetupRules, ABookletIsOneCopyOrCollated)
+{
+    const std::string copies = std::string(Booklet) + " dmCopies=2 dmCollateMode=";
+    EXPECT_EQ(SetupSheet(Fields(copies + "0")).Settings().dmCopies, 1);
+    EXPECT_EQ(SetupSheet(Fields(copies + "1")).Settings().dmCopies, 2);
+}
+
 // A booklet takes the paper that comes out of the printer.
 TEST(SetupRules, ABookletIsLaidOutOnTheOutputPaper)
 {

@@ -20,6 +20,17 @@ struct NamedControl {
     const char* name;
 };
 
+// "<NONE> [A] B": the selected one in brackets.
+inline std::string Listed(const std::vector<std::u16string>& names, int selected)
+{
+    std::string text;
+    for (const std::u16string& name : names) {
+        text += (text.empty() ? "" : " ") + platform::ToUtf8(selected == 0 ? u"[" + name + u"]" : name);
+        --selected;
+    }
+    return text;
+}
+
 class WatchedSheet : public Sheet {
   public:
     WatchedSheet(const char16_t* page, std::span<const NamedControl> controls, const Prepare& prepare,

@@ -41,20 +41,13 @@ class WatermarkSheet : public SetupSheet {
     // The list box, the selected row in brackets; then the names in memory if these differ.
     std::string List()
     {
-        const auto line = [](const std::vector<std::u16string>& names, int selected) {
-            std::string text;
-            for (const std::u16string& name : names) {
-                text += (text.empty() ? "" : " ") + platform::ToUtf8(selected == 0 ? u"[" + name + u"]" : name);
-                --selected;
-            }
-            return text;
-        };
         std::vector<std::u16string> names;
         for (int i = 0; const WatermarkRecord* row = WatermarkRowAt(i); ++i) {
             names.emplace_back(row->wmName);
             EXPECT_EQ(names.back(), WatermarkNames[static_cast<std::size_t>(i)]) << i;
         }
-        const std::string shown = line(Items(IDC_WM_LIST), Selection(IDC_WM_LIST)), held = line(names, WatermarkIndex);
+        const std::string shown = Listed(Items(IDC_WM_LIST), Selection(IDC_WM_LIST));
+        const std::string held = Listed(names, WatermarkIndex);
         return shown == held ? shown : shown + " | " + held;
     }
     // "NDE": New, Delete, the editor's name field, where they can be used.
