@@ -5,8 +5,8 @@
 #include "events/document_event.h"
 #include "events/stamping.h"
 #include "settings/defaults.h"
-#include "tests/events/rendering_side.h"
 #include "tests/support/printer_fixture.h"
+#include "tests/support/rendering_side.h"
 #include "watermark/watermark_list.h"
 
 namespace testing_support {

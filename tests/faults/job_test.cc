@@ -15,10 +15,10 @@
 #include "settings/wide_text.h"
 #include "spooler/document_properties.h"
 #include "spooler/printer_data.h"
-#include "tests/events/rendering_side.h"
 #include "tests/faults/every_place.h"
 #include "tests/support/overlays.h"
 #include "tests/support/records.h"
+#include "tests/support/rendering_side.h"
 
 namespace testing_support {
 namespace {

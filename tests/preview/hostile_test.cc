@@ -32,7 +32,7 @@ TEST(AnySize, IsDrawnAsFarAsThereIsRoom)
 }
 
 // How many pages are drawn.
-const std::pair<const char*, std::size_t> RecordRows[] = {
+constexpr std::pair<const char*, std::size_t> RecordRows[] = {
     {"dmFitToPaper=1 dmZoom=0",                            0  },
     {"dmFitToPaper=1 dmZoom=-32768",                       0  },
     {"dmFitToPaper=1 dmZoom=32767",                        1  },

@@ -10,13 +10,7 @@ const std::string UprightSheet = "box 11,0,119,154 null ffffff", LyingSheet = "b
 
 // Every size of a grid in both orientations: the sheet, the size of a page, the origins of the first and the
 // last page.
-struct GridRow {
-    const char* fields;
-    std::size_t count;
-    const std::string& sheet;
-    const char *size, *first, *last;
-};
-const GridRow GridRows[] = {
+const std::tuple<std::string, std::size_t, std::string, std::string, const char*, const char*> GridRows[] = {
     {"dmNupCount=2",                   2,  LyingSheet,   "map 2480,-3507 to 64,-90",   "1,32", "65,32" },
     {"dmNupCount=4",                   4,  UprightSheet, "map 2480,-3507 to 53,-76",   "12,1", "65,77" },
     {"dmNupCount=6",                   6,  LyingSheet,   "map 2480,-3507 to 31,-45",   "7,32", "93,77" },
@@ -34,12 +28,12 @@ const GridRow GridRows[] = {
 
 TEST(Grid, LaysThePagesOutOnTheSheet)
 {
-    for (const GridRow& row : GridRows) {
-        const Lines drawn = Preview().Draw(A4(std::string("dmNupOn=1 ") + row.fields), {"map", "box 11,", "box 0,"});
-        ASSERT_EQ(drawn.size(), 1 + row.count) << row.fields;
-        EXPECT_EQ(drawn[0], row.sheet) << row.fields;
-        EXPECT_EQ(drawn[1], std::string(row.size) + " at " + row.first) << row.fields;
-        EXPECT_EQ(drawn.back(), std::string(row.size) + " at " + row.last) << row.fields;
+    for (const auto& [fields, count, sheet, size, first, last] : GridRows) {
+        const Lines drawn = Preview().Draw(A4("dmNupOn=1 " + fields), {"map", "box 11,", "box 0,"});
+        ASSERT_EQ(drawn.size(), 1 + count) << fields;
+        EXPECT_EQ(drawn[0], sheet) << fields;
+        EXPECT_EQ(drawn[1], size + " at " + first) << fields;
+        EXPECT_EQ(drawn.back(), size + " at " + last) << fields;
     }
 }
 

@@ -3,26 +3,26 @@
 #include <algorithm>
 #include <cstring>
 
-#include "platform/gdi/context.h"
-#include "platform/seams/environment.h"
 #include "platform/user/windows.h"
 #include "preview/page_preview.h"
 #include "settings/options.h"
 #include "spooler/printer_data.h"
 #include "tests/support/records.h"
+#include "tests/support/rendering_side.h"
 
 namespace preview_test {
 
 namespace {
 
 namespace gdi = platform::gdi;
-using testing_support::TraceText;
+using namespace testing_support;
 
 constexpr int FrameControl = 1069;
 
-std::int64_t Number(const platform::TraceValue& value) { return std::get<std::int64_t>(value.value); }
-
-LONG Arg(const platform::TraceCall& call, std::size_t k) { return static_cast<LONG>(Number(call.args.at(k))); }
+LONG Arg(const platform::TraceCall& call, std::size_t k)
+{
+    return static_cast<LONG>(std::get<std::int64_t>(call.args.at(k).value));
+}
 
 std::string Joined(std::initializer_list<std::int64_t> numbers)
 {
@@ -55,28 +55,15 @@ std::string Tools(const gdi::Context& context)
 std::string FontText(const gdi::Context& context)
 {
     const LOGFONTW& font = context.font->As<gdi::Font>()->description;
-    std::string text;
-    for (const char16_t* c = font.lfFaceName; *c; ++c) text += static_cast<char>(*c);
-    text += " " + std::to_string(font.lfHeight) + "/" + std::to_string(font.lfWeight);
-    return font.lfEscapement ? text + " turned " + std::to_string(font.lfEscapement) : text;
+    const std::string turned = font.lfEscapement ? " turned " + std::to_string(font.lfEscapement) : "";
+    return platform::ToUtf8(font.lfFaceName) + " " + std::to_string(font.lfHeight) + "/" +
+           std::to_string(font.lfWeight) + turned;
 }
 
 std::string ClipText(const gdi::Context& context)
 {
     if (!context.clip) return "clip none";
     return "clip " + Joined({context.clip->left, context.clip->top, context.clip->right, context.clip->bottom});
-}
-
-// All that a drawing may change and has to put back.
-std::string StateText(const gdi::Context& context)
-{
-    const auto mapping = context.mapping;
-    return Tools(context) + ' ' + FontText(context) + ' ' + Hex(context.textColor) + ' ' +
-           Hex(context.backgroundColor) + ' ' + ClipText(context) + ' ' +
-           Joined({context.backgroundMode, context.rasterMode, context.textAlign, mapping.Mode(),
-                   mapping.WindowOrigin().x, mapping.WindowOrigin().y, mapping.ViewportOrigin().x,
-                   mapping.ViewportOrigin().y, mapping.WindowExtent().cx, mapping.WindowExtent().cy,
-                   mapping.ViewportExtent().cx, mapping.ViewportExtent().cy});
 }
 
 std::string ShapeText(const platform::TraceCall& call, const gdi::Context& context, POINT from)
@@ -103,8 +90,7 @@ std::string ShapeText(const platform::TraceCall& call, const gdi::Context& conte
 DriverDevMode A4(const std::string& fields)
 {
     DriverDevMode record{};
-    testing_support::SetFields(record, "dmOrientation=1 dmPaperSize=9 dmPrintQuality=300 dmResolution=300 dmZoom=100");
-    testing_support::SetFields(record, fields);
+    SetFields(record, "dmOrientation=1 dmPaperSize=9 dmPrintQuality=300 dmResolution=300 dmZoom=100 " + fields);
     return record;
 }
 
@@ -113,25 +99,25 @@ DriverDevMode Marked(const std::string& fields)
     DriverDevMode record = A4("dmWatermarkOn=1 wmSize=72 wmShading=20");
     std::u16string_view(u"DRAFT").copy(record.dmWatermark.wmText, 72);
     std::u16string_view(u"Times New Roman").copy(record.dmWatermark.wmFaceName, 31);
-    testing_support::SetFields(record, fields);
+    SetFields(record, fields);
     return record;
 }
 
 void DrawingLog::Call(const platform::TraceCall& call)
 {
     ++calls[call.function];
-    if (!std::holds_alternative<std::int64_t>(call.context.value)) return;
-    const std::int64_t number = Number(call.context);
+    const auto* number = std::get_if<std::int64_t>(&call.context.value);
+    if (!number) return;
     const std::string_view name = call.function;
+    Opened& opened = open_[*number];
     if (name == "ReleaseDC") {
-        const Opened& opened = open_[number];
         EXPECT_EQ(opened.now, opened.fresh) << "a context given back in another state than it came in";
         return;
     }
-    const gdi::Context* context = gdi::PeekContext(reinterpret_cast<HDC>(static_cast<std::uintptr_t>(number) << 2 | 1));
+    const HDC handle = reinterpret_cast<HDC>(static_cast<std::uintptr_t>(*number) << 2 | 1);
+    const gdi::Context* context = gdi::PeekContext(handle);
     ASSERT_NE(context, nullptr) << call.function;
-    Opened& opened = open_[number];
-    opened.now = StateText(*context);
+    opened.now = StateOf(handle);
     if (name == "GetDC") opened.fresh = opened.now;
     if (call.on.kind != platform::TraceOwner::Kind::Control) return;
     if (name == "SetWindowExtEx") opened.window = {Arg(call, 0), Arg(call, 1)};
@@ -197,7 +183,7 @@ Lines Preview::DrawOn(HWND window, const DriverDevMode& record)
     item.CtlType = ODT_BUTTON;
     item.CtlID = static_cast<UINT>(picture_);
     item.hwndItem = window;
-    std::u16string_view(testing_support::TestPrinter).copy(PrinterName, PrinterNameChars - 1);
+    std::u16string_view(TestPrinter).copy(PrinterName, PrinterNameChars - 1);
     CurrentSettings = &settings;
     DrawPagePreview(dialog_, item);
     CurrentSettings = nullptr;

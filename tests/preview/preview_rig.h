@@ -44,7 +44,7 @@ class DrawingLog : public platform::TraceSink {
 
   private:
     struct Opened {
-        std::string fresh, now;  // states
+        std::vector<std::uintptr_t> fresh, now;  // states
         std::string mapped = "map pixels", clipped = "clip none";
         POINT position{};
         std::optional<SIZE> window, viewport;  // as they were asked for

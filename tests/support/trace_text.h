@@ -3,7 +3,6 @@
 // handles of objects are left out, since their numbers say nothing.
 #pragma once
 
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -23,7 +22,6 @@ class TraceLines : public platform::TraceSink {
 
   private:
     const bool withResults_;
-    std::mutex mutex_;
     std::vector<std::string> lines_;
 };
 

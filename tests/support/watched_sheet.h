@@ -122,13 +122,11 @@ class WatchedSheet : public Sheet {
                 return reinterpret_cast<const BYTE*>(&record) + field.offset;
             };
             if (std::memcmp(at(before), at(after), field.width) == 0) continue;
-            const std::string name(field.name);
-            if (field.kind == FieldKind::Nested)
-                changed.push_back(name);
-            else if (field.kind == FieldKind::WideText)
-                changed.push_back(name + "=" + platform::ToUtf8(reinterpret_cast<const WCHAR*>(at(after))));
-            else
-                changed.push_back(name + "=" + std::to_string(GetField(after, field.name)));
+            changed.emplace_back(field.name);
+            if (field.kind == FieldKind::Nested) continue;
+            const bool text = field.kind == FieldKind::WideText;
+            changed.back() += "=" + (text ? platform::ToUtf8(reinterpret_cast<const WCHAR*>(at(after)))
+                                          : std::to_string(GetField(after, field.name)));
         }
         return changed;
     }

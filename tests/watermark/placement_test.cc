@@ -51,29 +51,27 @@ TEST_F(Placement, TheFontGrowsWithTheResolutionsOfThePrinter)
 
 TEST_F(Placement, PositionStyleAndAngleAreThoseOfTheRow)
 {
-    struct Row {
-        const char* fields;
-        std::array<LONG, 5> placed;  // x, y, weight, italic, escapement
+    // x, y, weight, italic, escapement
+    const std::pair<const char*, std::array<LONG, 5>> rows[] = {
+        {"wmPositionX=0",                       {825, 1450, 400, 0, 0}   },
+        {"wmPositionX=1",                       {825, 1450, 400, 0, 0}   },
+        {"wmPositionX=-1",                      {825, 1450, 400, 0, 0}   },
+        {"wmPositionX=100",                     {2013, 1450, 400, 0, 0}  },
+        {"wmPositionX=-100",                    {-363, 1450, 400, 0, 0}  },
+        {"wmPositionX=50",                      {1413, 1450, 400, 0, 0}  },
+        {"wmPositionX=0 wmPositionY=50",        {825, 2234, 400, 0, 0}   },
+        {"wmPositionY=0 wmBold=1 wmItalic=257", {825, 1450, 700, 1, 0}   },
+        {"wmAngle=90",                          {1050, 1975, 700, 1, 900}},
+        {"wmAngleMode=2",                       {854, 1809, 700, 1, 530} },
     };
-    for (const Row& row : {
-             Row{"wmPositionX=0",                       {825, 1450, 400, 0, 0}   },
-             {"wmPositionX=1",                       {825, 1450, 400, 0, 0}   },
-             {"wmPositionX=-1",                      {825, 1450, 400, 0, 0}   },
-             {"wmPositionX=100",                     {2013, 1450, 400, 0, 0}  },
-             {"wmPositionX=-100",                    {-363, 1450, 400, 0, 0}  },
-             {"wmPositionX=50",                      {1413, 1450, 400, 0, 0}  },
-             {"wmPositionX=0 wmPositionY=50",        {825, 2234, 400, 0, 0}   },
-             {"wmPositionY=0 wmBold=1 wmItalic=257", {825, 1450, 700, 1, 0}   },
-             {"wmAngle=90",                          {1050, 1975, 700, 1, 900}},
-             {"wmAngleMode=2",                       {854, 1809, 700, 1, 530} },
-    }) {
-        SetFields(record, row.fields);
+    for (const auto& [fields, expected] : rows) {
+        SetFields(record, fields);
         ASSERT_TRUE(Place());
         const LOGFONTW& font = placed.font;
         EXPECT_EQ(
             (std::array<LONG, 5>{placed.origin.x, placed.origin.y, font.lfWeight, font.lfItalic, font.lfEscapement}),
-            row.placed)
-            << row.fields;
+            expected)
+            << fields;
     }
     EXPECT_EQ(watermark.wmAngle, 53) << "the diagonal follows the page";
     EXPECT_EQ(DiagonalAngle, 53);

@@ -45,6 +45,19 @@ class StoredWatermarks : public PrinterTest {
         EXPECT_EQ(ReadStoredWatermarks(), 1);
         return Names();
     }
+    static std::size_t RowsRead()
+    {
+        const std::string names = Read();
+        return static_cast<std::size_t>(std::ranges::count(names, '/')) + 1;
+    }
+    // Lines that are told with '/' at their ends.
+    static std::u16string Ended(const std::string& lines)
+    {
+        std::u16string text;
+        for (const char c : lines)
+            text += c == '/' ? std::u16string(u"\r\n") : std::u16string(1, static_cast<WCHAR>(c));
+        return text;
+    }
     // Loads for the Setup page; there are no controls to fill.
     static int Load()
     {
@@ -54,7 +67,7 @@ class StoredWatermarks : public PrinterTest {
     // A list in memory as the dialog makes it.
     void Make(const std::vector<StoredWatermark>& rows)
     {
-        StoreWatermarks(machine, u"0\r\n", u"0\r\n", u"");
+        StoreWatermarks(machine, std::vector<StoredWatermark>(), OfficePrinter);
         Read();
         WatermarkCount = 0;
         for (const StoredWatermark& stored : rows) {
@@ -86,15 +99,16 @@ TEST_F(StoredWatermarks, APrinterWithoutAListHasTheReadyMadeRows)
 
 TEST_F(StoredWatermarks, AFieldOutsideItsRangeTakesItsSubstitute)
 {
-    for (const auto& [line, read] : {
-             std::pair{"1|20|72|0|0|0|0|2|7|Times New Roman",    "1|20|72|0|0|0|0|2|53|Times New Roman"},
-             {"0|5|8|1|-100|100|2|0|-180|A | B",        "0|5|8|1|-100|100|2|0|-180|A | B"     },
-             {"7|4|7|2|-101|101|4|4|181|x",             "1|20|72|0|0|0|0|2|53|x"              },
-             {"1|100|200|1|-37|0|3|3|180|",             "1|100|200|1|-37|0|3|3|180|"          },
-             {"1|101|201|1|0|0|1|1|-181|y",             "1|20|72|1|0|0|1|1|45|y"              },
-             {"",                                       "1|20|72|0|0|0|0|2|53|"               },
-             {"1|9999999999999|+9|1e1| 5|--5|||0x10|z", "1|20|72|0|0|0|0|2|53|z"              },
-    }) {
+    constexpr std::pair<const char*, const char*> rows[] = {
+        {"1|20|72|0|0|0|0|2|7|Times New Roman",    "1|20|72|0|0|0|0|2|53|Times New Roman"},
+        {"0|5|8|1|-100|100|2|0|-180|A | B",        "0|5|8|1|-100|100|2|0|-180|A | B"     },
+        {"7|4|7|2|-101|101|4|4|181|x",             "1|20|72|0|0|0|0|2|53|x"              },
+        {"1|100|200|1|-37|0|3|3|180|",             "1|100|200|1|-37|0|3|3|180|"          },
+        {"1|101|201|1|0|0|1|1|-181|y",             "1|20|72|1|0|0|1|1|45|y"              },
+        {"",                                       "1|20|72|0|0|0|0|2|53|"               },
+        {"1|9999999999999|+9|1e1| 5|--5|||0x10|z", "1|20|72|0|0|0|0|2|53|z"              },
+    };
+    for (const auto& [line, read] : rows) {
         WatermarkRecord row{};
         ReadAttributes(platform::ToWide(line), row);
         EXPECT_EQ(platform::ToUtf8(AttributeLine(row)), std::string(read) + "\r\n") << line;
@@ -123,65 +137,57 @@ TEST_F(StoredWatermarks, SavesTheListToTheByte)
 // A value has room for 1,499 characters and its terminator; each line ends with two.
 TEST_F(StoredWatermarks, RowsThatDoNotFitAreLeftOutWholeAndCounted)
 {
-    struct Row {
-        std::size_t rows, name, text, lastText, face;
-        int leftOut;
-        std::size_t texts, attributes;  // characters, where a line end counts one
+    // Rows, their names, texts, the last text, faces; rows left out; characters of texts and attributes, where a line
+    // end counts one.
+    constexpr std::size_t counts[][8] = {
+        {26, 72, 72, 72, 1,  6, 3 + 20 * 73,      20 * 23},
+        {21, 1,  72, 13, 1,  0, 3 + 20 * 73 + 14, 21 * 23},
+        {21, 1,  72, 14, 1,  1, 3 + 20 * 73,      20 * 23},
+        {30, 1,  1,  1,  31, 3, 3 + 27 * 2,       27 * 53},
     };
-    for (const Row& row : {
-             Row{26, 72, 72, 72, 1,  6, 3 + 20 * 73,      20 * 23},
-             {21, 1,  72, 13, 1,  0, 3 + 20 * 73 + 14, 21 * 23},
-             {21, 1,  72, 14, 1,  1, 3 + 20 * 73,      20 * 23},
-             {30, 1,  1,  1,  31, 3, 3 + 27 * 2,       27 * 53},
-    }) {
+    for (const auto& [count, name, text, lastText, face, leftOut, texts, attributes] : counts) {
         std::vector<StoredWatermark> rows;
-        for (char16_t c = u'A'; rows.size() < row.rows; ++c)
-            rows.push_back({c + std::u16string(row.name - 1, u'n'), std::u16string(row.text, u't'),
-                            u"1|20|72|0|0|0|0|2|0|" + std::u16string(row.face, u'F')});
-        rows.back().text.resize(row.lastText);
+        for (char16_t c = u'A'; rows.size() < count; ++c)
+            rows.push_back({c + std::u16string(name - 1, u'n'), std::u16string(text, u't'),
+                            u"1|20|72|0|0|0|0|2|0|" + std::u16string(face, u'F')});
+        rows.back().text.resize(lastText);
         Make(rows);
-        EXPECT_EQ(CountWatermarksWithoutRoom(), row.leftOut);
+        EXPECT_EQ(static_cast<std::size_t>(CountWatermarksWithoutRoom()), leftOut);
         ASSERT_EQ(SaveWatermarks(), 1);
-        EXPECT_EQ(WatermarksLeftOut, row.leftOut);
-        EXPECT_EQ(StoredLines(machine, u"WatermarkText").size(), row.texts);
-        EXPECT_EQ(StoredLines(machine, u"WatermarkAttributes").size(), row.attributes);
-        const std::string names = Read();
-        const auto ends = std::ranges::count(names, '/');
-        EXPECT_EQ(static_cast<std::size_t>(ends), row.rows - static_cast<std::size_t>(row.leftOut));
-        EXPECT_TRUE(StoredLines(machine, u"WatermarkTextName").starts_with(std::to_string(ends) + "/"));
+        EXPECT_EQ(static_cast<std::size_t>(WatermarksLeftOut), leftOut);
+        EXPECT_EQ(StoredLines(machine, u"WatermarkText").size(), texts);
+        EXPECT_EQ(StoredLines(machine, u"WatermarkAttributes").size(), attributes);
+        EXPECT_TRUE(StoredLines(machine, u"WatermarkTextName").starts_with(std::to_string(count - leftOut) + "/"));
+        EXPECT_EQ(RowsRead(), count - leftOut + 1);
     }
 }
 
 TEST_F(StoredWatermarks, BrokenListsEndWhereTheyBreak)
 {
-    std::u16string full(1500, u'9'), names = u"\r\n", ends;
-    for (char16_t c = u'A'; c < u'A' + 40; ++c) {
-        names += std::u16string{c, u'\r', u'\n'};
-        ends += u"\r\n";
+    std::string full(1500, '9'), many = "/", ends;
+    for (char c = 'A'; c < 'A' + 40; ++c) {
+        many += std::string{c, '/'};
+        ends += "/";
     }
-    const struct {
-        std::u16string texts, names, attributes;
-        std::size_t rows;
-    } Rows[] = {
-        {u"99999\r\na\r\n",       u"2\r\nx\r\ny\r\n",       u"1|20|72|0|0|0|0|2|53|F\r\n", 2 },
-        {u"999" + names,          u"999" + names,           ends,                          31},
-        {u"29" + names,           u"29" + names,            ends,                          30},
-        {u"many\r\na\r\n",        u"1\r\nx\r\n",            u"\r\n",                       1 },
-        {u"2\r\na\r\nb\r\n",      u"2\r\nsame\r\nsame\r\n", u"\r\n\r\n",                   2 },
-        {u"2",                    u"2",                     u"",                           1 },
-        {u"3\r\na\r\nb\r\nc\r\n", u"3\r\nx\r\n",            u"\r\n\r\n\r\n",               2 },
-        {u"3\r\na\r\nb\r\nc\r\n", u"3\r\nx\r\ny\r\nz\r\n",  u"\r\n\r\n",                   3 },
-        {u"1\na\n",               u"1\nx\n",                u"\n",                         1 },
-        {u"2\r\na\r\nb\r\n",      u"2\r\n<NONE>\r\ny\r\n",  u"\r\n\r\n",                   2 },
-        {u"1\r\nno line end",     u"1\r\nx",                u"1",                          2 },
-        {u"0\r\n",                u"0\r\n",                 u"",                           1 },
-        {full,                    full,                     full,                          1 },
+    const std::tuple<std::string, std::string, std::string, std::size_t> rows[] = {
+        {"99999/a/",      "2/x/y/",       "1|20|72|0|0|0|0|2|53|F/", 2 },
+        {"999" + many,    "999" + many,   ends,                      31},
+        {"29" + many,     "29" + many,    ends,                      30},
+        {"many/a/",       "1/x/",         "/",                       1 },
+        {"2/a/b/",        "2/same/same/", "//",                      2 },
+        {"2",             "2",            "",                        1 },
+        {"3/a/b/c/",      "3/x/",         "///",                     2 },
+        {"3/a/b/c/",      "3/x/y/z/",     "//",                      3 },
+        {"1\na\n",        "1\nx\n",       "\n",                      1 },
+        {"2/a/b/",        "2/<NONE>/y/",  "//",                      2 },
+        {"1/no line end", "1/x",          "1",                       2 },
+        {"0/",            "0/",           "",                        1 },
+        {full,            full,           full,                      1 },
     };
-    for (const auto& row : Rows) {
-        StoreWatermarks(machine, row.texts, row.names, row.attributes);
-        const std::string read = Read();
-        EXPECT_EQ(static_cast<std::size_t>(std::ranges::count(read, '/')) + 1, row.rows) << platform::ToUtf8(row.texts);
-        EXPECT_EQ(static_cast<std::size_t>(std::ranges::count(WatermarkSlots, 1)), row.rows);
+    for (const auto& [texts, names, attributes, read] : rows) {
+        StoreWatermarks(machine, Ended(texts), Ended(names), Ended(attributes));
+        EXPECT_EQ(RowsRead(), read) << texts;
+        EXPECT_EQ(static_cast<std::size_t>(std::ranges::count(WatermarkSlots, 1)), read) << texts;
     }
 }
 
@@ -202,33 +208,26 @@ TEST_F(StoredWatermarks, ANameIsTakenOnce)
 
 TEST_F(StoredWatermarks, TheJobsRowTakesWhatIsStoredNow)
 {
-    constexpr const char16_t *Three = u"3\r\none\r\ntwo\r\nthree\r\n", *Names = u"3\r\n1\r\n2\r\n3\r\n";
-    const struct {
-        const char16_t *texts, *names;
-        SHORT id;
-        int result;
-        SHORT idAfter;
-        const char* text;
-    } rows[] = {
-        {Three,           Names,         1,  1, 1,  "one"  },
-        {Three,           Names,         3,  1, 3,  "three"},
-        {Three,           Names,         4,  1, 3,  "three"},
-        {Three,           Names,         0,  0, 0,  "old"  },
-        {Three,           Names,         -4, 0, -4, "old"  },
-        {u"1\r\nnew\r\n", u"0\r\nx\r\n", 1,  1, 1,  "old"  },
-        {u"0\r\nnew\r\n", u"1\r\nx\r\n", 1,  0, 1,  "old"  },
-        {u"x\r\nnew\r\n", u"1\r\nx\r\n", 1,  0, 1,  "old"  },
+    const std::tuple<const char*, const char*, SHORT, int, SHORT, const char*> rows[] = {
+        {"3/one/two/three/", "3/1/2/3/", 1,  1, 1,  "one"  }, // texts, names, id; result, id and text after it
+        {"3/one/two/three/", "3/1/2/3/", 3,  1, 3,  "three"},
+        {"3/one/two/three/", "3/1/2/3/", 4,  1, 3,  "three"},
+        {"3/one/two/three/", "3/1/2/3/", 0,  0, 0,  "old"  },
+        {"3/one/two/three/", "3/1/2/3/", -4, 0, -4, "old"  },
+        {"1/new/",           "0/x/",     1,  1, 1,  "old"  },
+        {"0/new/",           "1/x/",     1,  0, 1,  "old"  },
+        {"x/new/",           "1/x/",     1,  0, 1,  "old"  },
     };
-    for (const auto& row : rows) {
-        StoreWatermarks(machine, row.texts, row.names, u"\r\n\r\n\r\n");
+    for (const auto& [texts, names, id, result, idAfter, text] : rows) {
+        StoreWatermarks(machine, Ended(texts), Ended(names), Ended("///"));
         WatermarkPayload option{};
         option.on = 1;
-        option.watermark.wmId = row.id;
+        option.watermark.wmId = id;
         option.watermark.wmFirstPageOnly = 1;
         CopyToField(option.watermark.wmText, 73, u"old");
-        EXPECT_EQ(RefreshWatermark(option), row.result) << row.id;
-        EXPECT_EQ(option.watermark.wmId, row.idAfter);
-        EXPECT_EQ(platform::ToUtf8(option.watermark.wmText), row.text);
+        EXPECT_EQ(RefreshWatermark(option), result) << id;
+        EXPECT_EQ(option.watermark.wmId, idAfter);
+        EXPECT_EQ(platform::ToUtf8(option.watermark.wmText), text);
         EXPECT_EQ(option.watermark.wmFirstPageOnly, 1);
     }
 }
@@ -258,7 +257,7 @@ TEST_F(StoredWatermarks, WithoutMemoryRowsAreMissingAndNoReadyMadeOnes)
         EXPECT_EQ(Load(), 0) << call;
         platform::CurrentEnvironment().faults.Clear();
     }
-    StoreWatermarks(machine, u"3\r\na\r\nb\r\nc\r\n", u"3\r\n0\r\n1\r\n2\r\n", u"\r\n\r\n\r\n");
+    StoreWatermarks(machine, Ended("3/a/b/c/"), Ended("3/0/1/2/"), Ended("///"));
     Machine::Fail("GlobalAlloc", 4);
     EXPECT_EQ(Load(), 1);
     EXPECT_EQ(Names(), "<NONE>/0/2");

@@ -1,4 +1,4 @@
-// What stands behind a job's context in these tests: a rendering side that keeps the escapes that it gets, and
+// What stands behind a job's context in tests: a rendering side that keeps the escapes that it gets, and
 // a page that keeps the texts that are drawn on it. Both write one log, in the order in which things come:
 //
 //     "20736 in 20", "5001 out 1848", "mark 2829625512", "text COPY at 900,1450"
@@ -74,7 +74,7 @@ class RenderingSide : public platform::gdi::EscapeTarget {
     HDC job = nullptr;
 };
 
-// All that a context's drawing goes by, as numbers.
+// All that a context's drawing goes by but the position of its pen, as numbers.
 inline std::vector<std::uintptr_t> StateOf(HDC handle)
 {
     const platform::gdi::Context& c = *platform::gdi::PeekContext(handle);
@@ -83,12 +83,12 @@ inline std::vector<std::uintptr_t> StateOf(HDC handle)
     const POINT window = c.mapping.WindowOrigin(), viewport = c.mapping.ViewportOrigin();
     const SIZE windowExtent = c.mapping.WindowExtent(), viewportExtent = c.mapping.ViewportExtent();
     const RECT clip = c.clip.value_or(RECT{});
-    return {address(c.pen.get()),      address(c.brush.get()),    address(c.font.get()),     number(c.textColor),
-            number(c.backgroundColor), number(c.backgroundMode),  number(c.rasterMode),      number(c.textAlign),
-            number(c.position.x),      number(c.position.y),      number(c.mapping.Mode()),  number(window.x),
-            number(window.y),          number(viewport.x),        number(viewport.y),        number(windowExtent.cx),
-            number(windowExtent.cy),   number(viewportExtent.cx), number(viewportExtent.cy), number(c.clip.has_value()),
-            number(clip.left),         number(clip.top),          number(clip.right),        number(clip.bottom)};
+    return {address(c.pen.get()),      address(c.brush.get()),     address(c.font.get()),   number(c.textColor),
+            number(c.backgroundColor), number(c.backgroundMode),   number(c.rasterMode),    number(c.textAlign),
+            number(c.mapping.Mode()),  number(window.x),           number(window.y),        number(viewport.x),
+            number(viewport.y),        number(windowExtent.cx),    number(windowExtent.cy), number(viewportExtent.cx),
+            number(viewportExtent.cy), number(c.clip.has_value()), number(clip.left),       number(clip.top),
+            number(clip.right),        number(clip.bottom)};
 }
 
 }  // namespace testing_support
