@@ -87,21 +87,6 @@ TEST_F(DocumentEvents, AQualityThatIsNoResolutionIsReplaced)
     }
 }
 
-TEST_F(DocumentEvents, TheDiagonalOfThePageGoesIntoTheCallersRecord)
-{
-    for (const DWORD on : {1, 0, 2}) {
-        for (const bool created : {true, false}) {
-            record.dmWatermarkOn = on;
-            record.dmWatermark.wmAngle = 0;
-            StampReady = true;
-            EXPECT_EQ(created ? Create() : Reset(), 1);
-            EXPECT_EQ(StampReady, on == 1);
-            EXPECT_EQ(record.dmWatermark.wmAngle, on == 1 ? 53 : 0) << on;
-        }
-    }
-    EXPECT_THAT(side.Take(), IsEmpty());
-}
-
 TEST_F(DocumentEvents, ARecordIsNotTouchedBehindItsEnd)
 {
     constexpr int Rows[][3] = {
@@ -116,12 +101,15 @@ TEST_F(DocumentEvents, ARecordIsNotTouchedBehindItsEnd)
         SetFields(record, "dmPrintQuality=-3 dmResolution=1200 wmAngle=0");
         record.dmSize = static_cast<WORD>(publicBytes);
         record.dmDriverExtra = static_cast<WORD>(privateBytes);
-        EXPECT_EQ(Create(), 1);
+        EXPECT_EQ(publicBytes == 92 ? Reset() : Create(), 1);
         EXPECT_EQ(record.dmPrintQuality, qualityAfter) << publicBytes << " + " << privateBytes;
         const bool whole = qualityAfter == 1200;
-        EXPECT_EQ(record.dmWatermark.wmAngle, whole ? 53 : 0);
+        EXPECT_EQ(record.dmWatermark.wmAngle, whole ? 53 : 0) << "the diagonal of the page";
         EXPECT_EQ(StampReady, whole);
     }
+    record.dmWatermarkOn = 2;
+    EXPECT_EQ(Reset(), 1);
+    EXPECT_FALSE(StampReady);
 }
 
 TEST_F(DocumentEvents, APageIsStampedFromWhatTheRenderingSideHolds)

@@ -1,9 +1,5 @@
-// Records that no page would write, windows of any size, and every call of the platform failing once at each
-// place. The rig expects that no object is left and that each context is given back as it came.
-#include <random>
-#include <span>
-
-#include "platform/seams/environment.h"
+// Records that no page would write, and windows of any size. The rig expects that no object is left and that each
+// context is given back as it came.
 #include "preview_rig.h"
 
 namespace preview_test {
@@ -72,54 +68,6 @@ TEST(AnyRecord, MayHaveTextsWithoutTerminator)
     EXPECT_THAT(Preview().Draw(record, {"text -"}), SizeIs(1));
     std::ranges::fill(record.dmWatermark.wmFaceName, u'F');
     EXPECT_THAT(Preview().Draw(record, {"text -"}), IsEmpty());
-}
-
-// Counts stay small and the face known, or few records would get as far as a watermark.
-TEST(AnyRecord, OfRandomBytesIsDrawn)
-{
-    std::mt19937 random(4820);
-    for (int round = 0; round < 100; ++round) {
-        DriverDevMode record = Marked();
-        const DriverDevMode marked = record;
-        for (std::uint8_t& byte : std::span(reinterpret_cast<std::uint8_t*>(&record), sizeof record))
-            if (random() % 4 == 0) byte = static_cast<std::uint8_t>(random());
-        record.dmNupCount = static_cast<SHORT>(record.dmNupCount % 20);
-        record.dmNupOn &= 1;
-        std::ranges::copy(marked.dmWatermark.wmFaceName, record.dmWatermark.wmFaceName);
-        Preview(static_cast<int>(random() % 400), static_cast<int>(random() % 400)).Draw(record);
-    }
-}
-
-TEST(AnyWindow, MayBeGone)
-{
-    Preview preview;
-    preview.DrawOn(nullptr, A4());
-    EXPECT_EQ(preview.Calls("GetDC"), 0) << "the screen is nobody's picture";
-}
-
-// Records that between them go every way through the drawing.
-TEST(AnyCall, MayFailOnceAtEachPlace)
-{
-    platform::FaultPlan& faults = platform::CurrentEnvironment().faults;
-    for (const DriverDevMode& record : {Marked("wmAngleMode=2 dmNupOn=1 dmNupCount=2 dmDuplexOn=1"),
-                                        A4("dmBookletPaper=9 dmDuplexOn=1"), A4("dmFitToPaper=2 dmOutputPaper=11"),
-                                        A4("dmFitToPaper=1 dmZoom=200"), Marked("wmSize=8"), A4("dmPaperSize=260")}) {
-        Preview preview;
-        faults.CountCalls(true);
-        const Lines whole = preview.Draw(record);
-        const auto calls = faults.Calls();
-        ASSERT_GT(calls.size(), 15u);
-        for (const auto& [function, count] : calls) {
-            for (std::uint64_t call = 1; call <= count; ++call) {
-                testing_support::Machine::Fail(function, call);
-                preview.Draw(record);
-                preview.ExpectAllGivenBack();
-                ASSERT_FALSE(testing::Test::HasFailure()) << function << ", call " << call;
-            }
-        }
-        faults.Clear();
-        EXPECT_EQ(preview.Draw(record), whole) << "nothing lasts";
-    }
 }
 
 }  // namespace

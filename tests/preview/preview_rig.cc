@@ -105,7 +105,6 @@ DriverDevMode Marked(const std::string& fields)
 
 void DrawingLog::Call(const platform::TraceCall& call)
 {
-    ++calls[call.function];
     const auto* number = std::get_if<std::int64_t>(&call.context.value);
     if (!number) return;
     const std::string_view name = call.function;
@@ -146,7 +145,7 @@ void DrawingLog::Shape(const platform::TraceCall& call, const gdi::Context& cont
 Preview::Preview(int width, int height, int picture, std::shared_ptr<platform::Surface> surface)
     : picture_(picture), log_(std::make_shared<DrawingLog>())
 {
-    platform::user::DialogTemplate layout;
+    user::DialogTemplate layout;
     layout.width = width + 6;
     layout.height = height + 7;
     constexpr DWORD Shown = WS_CHILD | WS_VISIBLE;
@@ -154,35 +153,27 @@ Preview::Preview(int width, int height, int picture, std::shared_ptr<platform::S
         {u"Static", u"", 0, FrameControl, Shown | SS_WHITEFRAME, 0, {0, 0, width + 6, height + 7}},
         {u"Button", u"", 0, picture,      Shown | BS_OWNERDRAW,  0, {3, 3, 3 + width, 3 + height}},
     };
-    dialog_ = platform::user::MakeDialog({}, layout);
+    dialog_ = user::MakeDialog({}, layout);
     if (!surface) surface = std::make_shared<platform::RecordingSurface>();
-    platform::user::Get(dialog_)->As<platform::user::DialogState>()->picture = surface;
+    user::Get(dialog_)->As<user::DialogState>()->picture = surface;
     platform::CurrentEnvironment().trace = log_;
 }
 
 Preview::~Preview()
 {
-    ExpectAllGivenBack();
-    platform::user::Destroy(dialog_);
-}
-
-void Preview::ExpectAllGivenBack() const
-{
     EXPECT_EQ(gdi::ContextCount(), 0u) << "contexts that were not given back";
     EXPECT_EQ(gdi::ObjectCount(), 0u) << "objects that were not deleted";
+    user::Destroy(dialog_);
 }
 
-Lines Preview::Draw(const DriverDevMode& record) { return DrawOn(platform::user::Control(dialog_, picture_), record); }
-
-Lines Preview::DrawOn(HWND window, const DriverDevMode& record)
+Lines Preview::Draw(const DriverDevMode& record)
 {
     DriverDevMode settings = record;
     log_->drawn.clear();
-    log_->calls.clear();
     DRAWITEMSTRUCT item{};
     item.CtlType = ODT_BUTTON;
     item.CtlID = static_cast<UINT>(picture_);
-    item.hwndItem = window;
+    item.hwndItem = user::Control(dialog_, picture_);
     std::u16string_view(TestPrinter).copy(PrinterName, PrinterNameChars - 1);
     CurrentSettings = &settings;
     DrawPagePreview(dialog_, item);
@@ -201,7 +192,5 @@ Lines Preview::Draw(const DriverDevMode& record, const std::vector<std::string>&
 }
 
 Lines Preview::Frame() const { return log_->drawn[FrameControl]; }
-
-int Preview::Calls(const char* function) const { return log_->calls[function]; }
 
 }  // namespace preview_test

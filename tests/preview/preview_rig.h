@@ -39,8 +39,7 @@ class DrawingLog : public platform::TraceSink {
   public:
     void Call(const platform::TraceCall& call) override;
 
-    std::map<int, Lines> drawn;        // by control
-    std::map<std::string, int> calls;  // by function
+    std::map<int, Lines> drawn;  // by control
 
   private:
     struct Opened {
@@ -57,7 +56,7 @@ class Preview {
   public:
     explicit Preview(int width = 131, int height = 154, int picture = IDC_QUALITY_PREVIEW,
                      std::shared_ptr<platform::Surface> surface = nullptr);
-    ~Preview();  // expects the same as ExpectAllGivenBack
+    ~Preview();  // expects all contexts back, as they came, and no object alive
     Preview(const Preview&) = delete;
     Preview& operator=(const Preview&) = delete;
 
@@ -65,13 +64,8 @@ class Preview {
     Lines Draw(const DriverDevMode& record);
     // Only what begins with one of these words.
     Lines Draw(const DriverDevMode& record, const std::vector<std::string>& words);
-    // The same for a window of another's.
-    Lines DrawOn(HWND window, const DriverDevMode& record);
     // What the last painting has drawn on the frame.
     Lines Frame() const;
-    int Calls(const char* function) const;
-    // All contexts, as they came, and no object alive.
-    void ExpectAllGivenBack() const;
 
     testing_support::TestMachine& Machine() { return machine_; }
 

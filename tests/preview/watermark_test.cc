@@ -109,13 +109,5 @@ TEST(Watermark, IsNotThereWithoutTextOrFace)
     EXPECT_EQ(Mark(record), "none");
 }
 
-TEST(Watermark, IsFittedOnceAPainting)
-{
-    Preview preview;
-    preview.Draw(Marked("dmNupOn=1 dmNupCount=16"));
-    // Once to place it, once to fit it.
-    EXPECT_EQ(preview.Calls("GetTextExtentPointW"), 2);
-}
-
 }  // namespace
 }  // namespace preview_test

@@ -69,18 +69,6 @@ TEST_F(PrinterData, OfAFailedWriteHasTheNewLengthBesideTheOldBytes)
     }
 }
 
-TEST_F(PrinterData, ThatCannotBeReadIsNull)
-{
-    Store(u"OverlayData", {'a', 'b', 'c'});
-    for (const auto& [function, call] :
-         {std::pair("GetPrinterDataW", 1u), std::pair("GetPrinterDataW", 2u), std::pair("GlobalAlloc", 1u)}) {
-        Machine::Fail(function, call);
-        EXPECT_EQ(Blob(OverlaySlot), Bytes()) << function << call;
-    }
-    EXPECT_EQ(GetPrinterInfo(printer, 77), nullptr);
-    EXPECT_EQ(GetDriverInfo(nullptr, 3), nullptr);
-}
-
 TEST_F(PrinterData, HoldsWholeCustomPapersOnly)
 {
     constexpr std::pair<std::size_t, int> rows[] = {

@@ -15,12 +15,6 @@ using Opened = std::unique_ptr<UiContext, Closer>;
 class Context : public PrinterTest {
   protected:
     Opened Open(const DEVMODEW* input = nullptr) { return Opened(OpenUiContext(printer, u"ignored", input)); }
-    void StoreDefault(const DriverDevMode& record, std::size_t bytes = sizeof(DriverDevMode))
-    {
-        platform::Bytes image = BytesOf(record);
-        image.resize(bytes);
-        machine.store->SetDefaultRecord(OfficePrinter, image);
-    }
 };
 
 TEST_F(Context, LaysTheStoredRecordOverTheDefaultsAndTheCallersOverThat)
@@ -28,27 +22,10 @@ TEST_F(Context, LaysTheStoredRecordOverTheDefaultsAndTheCallersOverThat)
     DriverDevMode stored = BusyRecord(), input = BusyRecord();
     SetFields(stored, "dmZoom=150 dmFields=0x101 dmCopies=3 dmOrientation=2");
     SetFields(input, "dmFields=0x100 dmCopies=5 dmDriverExtra=0");
-    StoreDefault(stored);
+    machine.store->SetDefaultRecord(OfficePrinter, BytesOf(stored));
     const Opened context = Open(PublicPart(&input));
-    EXPECT_EQ(context->settings.dmZoom, 150);
-    EXPECT_EQ(context->settings.dmOrientation, 2);
-    EXPECT_EQ(context->settings.dmCopies, 5);
-    EXPECT_EQ(context->settings.dmScale, 100);
-}
-
-TEST_F(Context, PassesOverAStoredRecordThatCannotBeUsed)
-{
-    for (const auto& [fields, bytes] : {
-             std::pair{"dmSpecVersion=1024", 1848u},
-             {"dmSize=188",         1848u},
-             {"dmSize=220",         40u  },
-             {"dmSize=220",         1u   },
-    }) {
-        DriverDevMode stored = BusyRecord();
-        SetFields(stored, fields);
-        StoreDefault(stored, bytes);
-        EXPECT_EQ(Open()->settings.dmZoom, 100) << fields << ' ' << bytes;
-    }
+    const DriverDevMode& r = context->settings;
+    EXPECT_EQ(std::tuple(r.dmZoom, r.dmOrientation, r.dmCopies, r.dmScale), std::tuple(150, 2, 5, 100));
 }
 
 TEST_F(Context, HoldsThePrintersDataAsFarAsItsSizeSays)
@@ -66,23 +43,6 @@ TEST_F(Context, HoldsThePrintersDataAsFarAsItsSizeSays)
     }
 }
 
-// Calls whose failure leaves no context; the fixture sees that nothing stays behind.
-TEST_F(Context, IsNotOpenedByHalves)
-{
-    for (const auto& [function, call] : {
-             std::pair{"HeapCreate",  1u},
-             {"HeapAlloc",   1u},
-             {"HeapAlloc",   2u},
-             {"GetPrinterW", 1u},
-             {"GetPrinterW", 2u},
-             {"GlobalAlloc", 1u},
-    }) {
-        Machine::Fail(function, call);
-        EXPECT_EQ(Open(), nullptr) << function << call;
-    }
-    EXPECT_EQ(OpenUiContext(nullptr, u"Office", nullptr), nullptr);
-}
-
 TEST(ContextOfALongName, IsRefusedWhereTheNameDoesNotFit)
 {
     for (std::size_t length : {255u, 256u}) {
@@ -94,16 +54,6 @@ TEST(ContextOfALongName, IsRefusedWhereTheNameDoesNotFit)
         EXPECT_EQ(std::u16string(PrinterName), std::u16string(255, u'n'));
         platform::spooler::Close(printer);
     }
-}
-
-TEST_F(Context, IsNotWholeWithABrokenGuard)
-{
-    const Opened context = Open();
-    context->selfEnd = nullptr;
-    EXPECT_FALSE(IsWholeContext(context.get()));
-    std::swap(context->self, context->selfEnd);
-    EXPECT_FALSE(IsWholeContext(context.get()));
-    EXPECT_FALSE(IsWholeContext(nullptr));
 }
 
 }  // namespace
