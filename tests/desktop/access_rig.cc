@@ -193,7 +193,7 @@ bool Reach(HWND top, HWND control)
 
 Access::Access() : SheetFixture(QD_MODULE_PATH)
 {
-    testing_support::StoreOverlays(*store, Printer, {testing_support::Overlay(u"Letterhead", u"/letterhead.oxl")});
+    testing_support::StoreOverlays(machine, Printer, {testing_support::Overlay(u"Letterhead", u"/letterhead.oxl")});
 }
 
 void Access::Visit(const Picture& picture, const Look& look)

@@ -16,7 +16,6 @@
 #include "platform/seams/environment.h"
 #include "platform/spooler/printers.h"
 #include "platform/user/window.h"
-#include "tests/support/failing_places.h"
 
 extern "C" int __lsan_do_recoverable_leak_check() __attribute__((weak));
 
@@ -25,6 +24,23 @@ namespace testing_support {
 namespace {
 
 using platform::FaultPlan;
+
+using FailingPlace = std::pair<std::string, std::uint64_t>;  // a function and which of its calls, from 1
+
+// Of the calls that a walk makes, about one in every so many: one of each function at least, in the order of the
+// functions, at other numbers with each function. All of them if QD480_EVERY_FAILURE is in the environment.
+std::vector<FailingPlace> FailingPlaces(const std::map<std::string, std::uint64_t>& calls, std::uint64_t every)
+{
+    if (std::getenv("QD480_EVERY_FAILURE")) every = 1;
+    std::vector<FailingPlace> places;
+    std::uint64_t turn = 0;
+    for (const auto& [function, count] : calls) {
+        // Both short and long rows of calls start anywhere.
+        const std::uint64_t first = turn++ % (count < every ? count : every);
+        for (std::uint64_t call = first; call < count; call += every) places.emplace_back(function, call + 1);
+    }
+    return places;
+}
 
 // A walk that takes longer than this many seconds hangs.
 constexpr unsigned Patience = 60;

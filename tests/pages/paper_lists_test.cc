@@ -116,7 +116,7 @@ TEST(PaperLists, ReplaceAPaperThatTheMediaDoesNotTake)
     // clang-format on
     for (const auto& [country, media, code, row, changing, codeAfter, rowAfter, selection] : rows) {
         PaperSheet sheet({}, FormAndCard, country);
-        sheet.OnPage([&, media = media, code = code, row = row, changing = changing](HWND page) {
+        sheet.Try([&, media = media, code = code, row = row, changing = changing](HWND page) {
             UseMedia(media);
             MediaChanging = changing;
             // Whatever paper and row they are.
@@ -124,6 +124,7 @@ TEST(PaperLists, ReplaceAPaperThatTheMediaDoesNotTake)
             SetOption(PaperOption, PaperChoice);
             SelectedPaperRow = row;
             FillPaperCombo(page, IDC_DOCUMENT_SIZE);
+            return user::Outcome::Done;
         });
         const DriverDevMode record = sheet.Settings();
         EXPECT_EQ(record.dmPaperSize, codeAfter) << country << " media " << media << " paper " << code;

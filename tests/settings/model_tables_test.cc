@@ -1,6 +1,5 @@
 #include "settings/model_tables.h"
 
-#include <array>
 #include <cstring>
 
 #include "settings/lengths.h"
@@ -9,10 +8,7 @@ namespace {
 
 TEST(PaperMetrics, AreThoseOfThePaperInItsOrientation)
 {
-    constexpr struct {
-        int orientation, code;
-        PaperMetrics metrics;
-    } rows[] = {
+    constexpr std::tuple<int, int, PaperMetrics> rows[] = {
         {1, 1,   {2550, 3300, 2449, 3199, 50, 50, 0}  },
         {2, 1,   {3300, 2550, 3199, 2449, 50, 50, 0}  },
         {1, 9,   {2480, 3507, 2380, 3407, 50, 50, 2}  },
@@ -22,16 +18,16 @@ TEST(PaperMetrics, AreThoseOfThePaperInItsOrientation)
         {2, 100, {3300, 2550, 3199, 2449, 50, 50, 0}  }, // unknown: Letter
         {1, 256, {2550, 3300, 2449, 3199, 50, 50, 0}  }, // no metrics of its own
     };
-    for (const auto& row : rows) {
+    for (const auto& [orientation, code, expected] : rows) {
         PaperMetrics metrics{};
-        EXPECT_EQ(PaperMetricsFor(&metrics, 0, row.orientation, row.code), 1);
-        EXPECT_EQ(std::memcmp(&metrics, &row.metrics, sizeof metrics), 0) << row.orientation << ' ' << row.code;
+        EXPECT_EQ(PaperMetricsFor(&metrics, 0, orientation, code), 1);
+        EXPECT_EQ(std::memcmp(&metrics, &expected, sizeof metrics), 0) << orientation << ' ' << code;
     }
 }
 
 TEST(PaperFitsBin, AsTheMasksSay)
 {
-    constexpr std::array<int, 3> rows[] = {
+    constexpr int rows[][3] = {
         {2, 11,  0},
         {1, 11,  1},
         {2, 1,   1},

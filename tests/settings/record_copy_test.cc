@@ -9,21 +9,17 @@ namespace {
 using namespace testing_support;
 
 // Room for a record, filled with a byte that shows what was not written.
-class Buffer {
-  public:
-    Buffer(std::size_t bytes, WORD version, WORD size, WORD extra) : bytes_(bytes, 0xEE)
+struct Buffer {
+    Buffer(std::size_t count, WORD version, WORD size, WORD extra) : bytes(count, 0xEE)
     {
-        DEVMODEW* record = get();
-        record->dmSpecVersion = version;
-        record->dmDriverVersion = 848;
-        record->dmSize = size;
-        record->dmDriverExtra = extra;
+        get()->dmSpecVersion = version;
+        get()->dmDriverVersion = 848;
+        get()->dmSize = size;
+        get()->dmDriverExtra = extra;
     }
-    DEVMODEW* get() { return reinterpret_cast<DEVMODEW*>(bytes_.data()); }
-    std::uint8_t At(std::size_t offset) const { return bytes_[offset]; }
+    DEVMODEW* get() { return reinterpret_cast<DEVMODEW*>(bytes.data()); }
 
-  private:
-    RecordImage bytes_;
+    RecordImage bytes;
 };
 
 // Both versions, both sizes and the copies.
@@ -73,19 +69,15 @@ TEST(CopyRecordParts, KeepsTheShapeOfTheTarget)
         EXPECT_EQ(CopyRecordParts(PublicPart(&source), target.get()), copied);
         EXPECT_EQ(ShapeOf(target.get()), (Shape{version, 848, size, extra, 7}));
         EXPECT_EQ(target.get()->dmDeviceName[0], u'B');
-        if (extra >= 100) {
-            EXPECT_EQ(target.At(size + 99u), 99) << size;
-        }
-        if (extra > 1628) {
-            EXPECT_EQ(target.At(1848), 0xEE);
-        }
+        EXPECT_EQ(extra < 100 ? 99 : target.bytes[size + 99u], 99) << size;
+        EXPECT_EQ(extra <= 1628 ? 0xEE : target.bytes[1848], 0xEE);
     }
 }
 
 TEST(CopyRecordParts, TakesThePrivatePartFromBehindTheSourcesOwnSize)
 {
     Buffer source(188 + 10, 800, 188, 10);
-    reinterpret_cast<std::uint8_t*>(source.get())[188] = 0x42;
+    source.bytes[188] = 0x42;
     DriverDevMode target = Numbered();
     EXPECT_EQ(CopyRecordParts(source.get(), PublicPart(&target)), 198);
     EXPECT_EQ(target.dmPrivSignature & 0xFF, 0x42u);
@@ -106,10 +98,8 @@ TEST(CopyRecordParts, RefusesARecordWithoutVersion)
 
 TEST(CopyRecordOut, TakesTheShapeOfTheInputAsFarAsTheRecordReaches)
 {
-    const struct {
-        WORD size, extra;  // of the input
-        Shape out;
-    } rows[] = {
+    const std::tuple<WORD, WORD, Shape> rows[] = {
+  // size and extra of the input
         {220, 1628, {1025, 296, 220, 1628, 7}},
         {300, 2000, {1025, 296, 220, 1628, 7}},
         {220, 0,    {1025, 848, 220, 0, 7}   },
@@ -117,11 +107,11 @@ TEST(CopyRecordOut, TakesTheShapeOfTheInputAsFarAsTheRecordReaches)
         {188, 1628, {800, 296, 188, 1628, 7} },
     };
     const DriverDevMode current = Numbered();
-    for (const auto& row : rows) {
-        Buffer input(std::size_t{row.size} + row.extra, 1025, row.size, row.extra);
-        Buffer output(static_cast<std::size_t>(row.out[2] + row.out[3]), 9, 9, 9);
+    for (const auto& [size, extra, out] : rows) {
+        Buffer input(std::size_t{size} + extra, 1025, size, extra);
+        Buffer output(static_cast<std::size_t>(out[2] + out[3]), 9, 9, 9);
         EXPECT_TRUE(CopyRecordOut(&current, input.get(), output.get()));
-        EXPECT_EQ(ShapeOf(output.get()), row.out);
+        EXPECT_EQ(ShapeOf(output.get()), out);
     }
 }
 
@@ -134,7 +124,7 @@ TEST(CopyRecordOut, TakesNoInputOrTheOutputAsInput)
     Buffer record(220 + 4, 1025, 220, 4), unknown(220, 0, 100, 0);
     EXPECT_TRUE(CopyRecordOut(&current, record.get(), record.get()));
     EXPECT_EQ(record.get()->dmCopies, 7);
-    for (std::uint8_t k = 0; k < 4; ++k) EXPECT_EQ(record.At(220u + k), k);
+    for (std::uint8_t k = 0; k < 4; ++k) EXPECT_EQ(record.bytes[220u + k], k);
     EXPECT_FALSE(CopyRecordOut(&current, nullptr, nullptr));
     EXPECT_FALSE(CopyRecordOut(&current, unknown.get(), record.get()));
 }

@@ -18,20 +18,12 @@ inline OverlayEntry Overlay(std::u16string_view name, std::u16string_view path, 
     return row;
 }
 
-// The list as it is stored: the number in front, then the rows.
-inline platform::Bytes OverlayBytes(const std::vector<OverlayEntry>& rows, DWORD index = 0)
-{
-    platform::Bytes bytes = DwordBytes(index);
-    const platform::Bytes list = RowBytes(rows);
-    bytes.insert(bytes.end(), list.begin(), list.end());
-    return bytes;
-}
-
 // Puts the first bytes of a list into the store, with their number as its size.
 inline void StoreOverlays(platform::PrinterStore& store, const char16_t* printer, const std::vector<OverlayEntry>& rows,
                           std::size_t length = static_cast<std::size_t>(-1))
 {
-    platform::Bytes bytes = OverlayBytes(rows);
+    platform::Bytes bytes = RowBytes(rows);
+    bytes.insert(bytes.begin(), 4, 0);  // the number of the chosen row
     if (length < bytes.size()) bytes.resize(length);
     StoreSized(store, printer, u"OverlayData", bytes, static_cast<DWORD>(bytes.size()));
 }

@@ -52,45 +52,30 @@ class PaperSheet : public WatchedSheet {
         WatchedSheet::ChangeElsewhere(change);
         return *this;
     }
-    // Runs code on the page, on the sheet's thread.
-    template <class Code>
-    void OnPage(Code code)
-    {
-        Try([&](HWND page) {
-            code(page);
-            return user::Outcome::Done;
-        });
-    }
-
     // "xFOs 100 | 2 100": Fit to Paper checked (-: not); Fit to Paper, output size and scaling enabled (small
     // letters: not), the text of the scaling; mode and zoom of the record.
     std::string Fit()
     {
-        const DriverDevMode record = Settings();
         return Mark(IDC_FIT_TO_PAPER) + Letter('F', IDC_FIT_TO_PAPER) + Letter('O', IDC_OUTPUT_SIZE) +
-               Letter('S', IDC_SCALING, IDC_SCALING_SPIN) + " " + Shown(IDC_SCALING) + " | " +
-               std::to_string(record.dmFitToPaper) + " " + std::to_string(record.dmZoom);
+               Letter('S', IDC_SCALING, IDC_SCALING_SPIN) + " " + Shown(IDC_SCALING) + " |" +
+               Recorded({"dmFitToPaper", "dmZoom"});
     }
     // "N 2 Rc Px | 2 1 1": copies enabled and their text; radios enabled, c collated or u uncollated checked; Proof
     // Print enabled and checked; copies, collation and Proof Print of the record.
     std::string Copies()
     {
-        const DriverDevMode record = Settings();
         const std::string chosen = Checked(IDC_COLLATED) ? "c" : "u";
         const bool one = Checked(IDC_COLLATED) != Checked(IDC_UNCOLLATED);
         return Letter('N', IDC_COPIES) + " " + Shown(IDC_COPIES) + " " + Letter('R', IDC_UNCOLLATED, IDC_COLLATED) +
-               (one ? chosen : "?") + " " + Letter('P', IDC_PROOF_PRINT) + Mark(IDC_PROOF_PRINT) + " | " +
-               std::to_string(record.dmCopies) + " " + std::to_string(record.dmCollateMode) + " " +
-               std::to_string(record.dmProofPrint);
+               (one ? chosen : "?") + " " + Letter('P', IDC_PROOF_PRINT) + Mark(IDC_PROOF_PRINT) + " |" +
+               Recorded({"dmCopies", "dmCollateMode", "dmProofPrint"});
     }
     // "on XY 5 -7 | 1 5 -7": which radio is checked, both fields with their arrows enabled, their texts; the record.
     std::string Shift()
     {
-        const DriverDevMode record = Settings();
         return std::string(Checked(IDC_SHIFT_ON) ? "on " : "off ") + Letter('X', IDC_SHIFT_X, IDC_SHIFT_X_SPIN) +
-               Letter('Y', IDC_SHIFT_Y, IDC_SHIFT_Y_SPIN) + " " + Shown(IDC_SHIFT_X) + " " + Shown(IDC_SHIFT_Y) +
-               " | " + std::to_string(record.dmImageShiftOn) + " " + std::to_string(record.dmImageShiftX) + " " +
-               std::to_string(record.dmImageShiftY);
+               Letter('Y', IDC_SHIFT_Y, IDC_SHIFT_Y_SPIN) + " " + Shown(IDC_SHIFT_X) + " " + Shown(IDC_SHIFT_Y) + " |" +
+               Recorded({"dmImageShiftOn", "dmImageShiftX", "dmImageShiftY"});
     }
     // The one of these lines that a number field belongs to.
     std::string LineOf(int field) { return field == IDC_SCALING ? Fit() : field == IDC_COPIES ? Copies() : Shift(); }
@@ -103,6 +88,12 @@ class PaperSheet : public WatchedSheet {
     }
 
   private:
+    std::string Recorded(std::initializer_list<const char*> fields)
+    {
+        std::string values;
+        for (const char* field : fields) values += " " + std::to_string(GetField(Settings(), field));
+        return values;
+    }
     std::string Mark(int control) { return Checked(control) ? "x" : "-"; }
     // "?" if the two controls differ.
     std::string Letter(char letter, int control, int other = 0)

@@ -249,18 +249,11 @@ LRESULT Sheet::Notice(int control, int code)
     return Send(WM_COMMAND, MakeLong(static_cast<DWORD>(control), static_cast<DWORD>(code)), 0);
 }
 
-std::vector<std::vector<std::u16string>> Sheet::Rows(int listView)
-{
-    std::vector<std::vector<std::u16string>> rows;
-    for (const auto& row : Of(listView, &user::ListViewState::rows)) rows.push_back(row.cells);
-    return rows;
-}
-
 int Sheet::SelectedRow(int listView)
 {
-    const auto rows = Of(listView, &user::ListViewState::rows);
-    const auto row = std::ranges::find_if(rows, &user::ListViewState::Row::selected);
-    return row == rows.end() ? -1 : static_cast<int>(row - rows.begin());
+    const auto selected = OfAll(listView, &user::ListViewState::rows, &user::ListViewState::Row::selected);
+    const auto row = std::ranges::find(selected, true);
+    return row == selected.end() ? -1 : static_cast<int>(row - selected.begin());
 }
 
 int Sheet::Changes()

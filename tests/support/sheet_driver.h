@@ -123,11 +123,12 @@ class Sheet {
     user::Outcome Try(std::function<user::Outcome(HWND page)> action);
 
     // What the page and the sheet show.
-    std::vector<std::u16string> Items(int control) { return OfItems(control, &user::ListItem::text); }
-    std::vector<LPARAM> ItemData(int control) { return OfItems(control, &user::ListItem::data); }
+    std::vector<std::u16string> Items(int list) { return OfAll(list, &user::ListState::items, &user::ListItem::text); }
+    std::vector<LPARAM> ItemData(int list) { return OfAll(list, &user::ListState::items, &user::ListItem::data); }
     int Selection(int control) { return Of(control, &user::ListState::selection, -1); }
     bool Enabled(int control) { return Of(control, &user::Window::enabled); }
     bool Checked(int control) { return Of(control, &user::ButtonState::check) != 0; }
+    bool HasFocus(int control) { return Of(0, &user::DialogState::focus) == Handle(control); }
     // The letters of those that can be used.
     std::string Usable(std::initializer_list<std::pair<char, int>> controls)
     {
@@ -138,7 +139,10 @@ class Sheet {
     }
     std::u16string Text(int control) { return Of(control, &user::Window::text); }
     HWND Handle(int control) { return Of(control, &user::Window::handle); }
-    std::vector<std::vector<std::u16string>> Rows(int listView);
+    std::vector<std::vector<std::u16string>> Rows(int listView)
+    {
+        return OfAll(listView, &user::ListViewState::rows, &user::ListViewState::Row::cells);
+    }
     int SelectedRow(int listView);                                        // -1: none
     int Template() { return Of(0, &user::DialogState::templateNumber); }  // of the page or dialog on top
     int Changes();                                                        // words that an option has changed
@@ -177,11 +181,12 @@ class Sheet {
         });
         return otherwise;
     }
-    template <class Value>
-    std::vector<Value> OfItems(int control, Value user::ListItem::*member)
+    // The same of all its rows.
+    template <class State, class Row, class Value>
+    std::vector<Value> OfAll(int control, std::vector<Row> State::*rows, Value Row::*member)
     {
         std::vector<Value> values;
-        for (const user::ListItem& item : Of(control, &user::ListState::items)) values.push_back(item.*member);
+        for (const Row& row : Of(control, rows)) values.push_back(row.*member);
         return values;
     }
     Sheet& PressButton(user::SheetButton button);

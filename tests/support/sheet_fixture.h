@@ -3,15 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "driver_dev_mode.h"
 #include "platform/kernel/modules.h"
-#include "platform/seams/environment.h"
-#include "platform/seams/memory_stores.h"
-#include "platform/seams/system_facts.h"
 #include "platform/services/sheet_service.h"
 #include "platform/spooler/printers.h"
+#include "tests/support/machine.h"
 
 namespace testing_support {
 
@@ -21,21 +17,12 @@ class SheetFixture : public testing::Test {
 
     explicit SheetFixture(std::u16string_view modulePath)
     {
-        store->Add({Printer, Printer});
-        auto& environment = platform::CurrentEnvironment();
-        environment.printers = store;
-        environment.registry = store;
         std::string why;
         module = platform::modules::Load(std::u16string(modulePath), &why);
         EXPECT_TRUE(module) << why;
     }
 
-    ~SheetFixture() override
-    {
-        platform::modules::Unload(module);
-        platform::CurrentEnvironment().desktop = nullptr;
-        platform::CurrentEnvironment().fonts = nullptr;
-    }
+    ~SheetFixture() override { platform::modules::Unload(module); }
 
     // Shows the sheet on the printer's defaults; the record that comes out.
     DriverDevMode Show(DWORD* result)
@@ -57,7 +44,10 @@ class SheetFixture : public testing::Test {
         ShowSheets("DrvDevicePropertySheets", header, result);
     }
 
-    std::shared_ptr<platform::MemoryStore> store = std::make_shared<platform::MemoryStore>();
+    Machine machine{
+        {       },
+        { Printer, Printer}
+    };
     HMODULE module = nullptr;
 
   private:

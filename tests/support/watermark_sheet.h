@@ -81,16 +81,6 @@ class WatermarkSheet : public SetupSheet {
         return fields + (Checked(IDC_WM_USER_POSITION) ? "U" : "");
     }
     std::string Field(int control) { return platform::ToUtf8(Text(control)); }
-    bool HasFocus(int control)
-    {
-        const HWND handle = Handle(control);
-        HWND focus = nullptr;
-        Try([&focus](HWND) {
-            focus = GetFocus();
-            return user::Outcome::Done;
-        });
-        return focus == handle;
-    }
 };
 
 inline std::vector<StoredWatermark> Abc()

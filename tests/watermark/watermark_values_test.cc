@@ -125,7 +125,14 @@ TEST_F(StoredWatermarks, SavesTheListToTheByte)
     EXPECT_EQ(StoredLines(machine, u"WatermarkAttributes"),
               "1|20|72|0|0|0|0|2|53|Times New Roman/1|20|72|0|0|0|0|2|53|Times New Roman/");
     EXPECT_EQ(Read(), "<NONE>/Mine/Blank");
-    EXPECT_EQ(WatermarkRowAt(2)->wmId, 2);
+    WatermarkRecord row = *WatermarkRowAt(2);
+    EXPECT_EQ(row.wmId, 2);
+    EXPECT_EQ(AddWatermarkRow(row), -1) << "a name is taken once";
+    row.wmName[0] = u'b';
+    row.wmFirstPageOnly = 1;
+    EXPECT_EQ(AddWatermarkRow(row), 1);
+    EXPECT_EQ(WatermarkRowAt(3)->wmFirstPageOnly, 0);
+    EXPECT_EQ(SelectWatermarkRow(4) + SelectWatermarkRow(-1), -2) << "there are no such rows";
     Make({});
     Machine::Fail("OpenPrinterW");
     EXPECT_EQ(SaveWatermarks(), 1) << "the printer cannot be written";
@@ -189,21 +196,6 @@ TEST_F(StoredWatermarks, BrokenListsEndWhereTheyBreak)
         EXPECT_EQ(RowsRead(), read) << texts;
         EXPECT_EQ(static_cast<std::size_t>(std::ranges::count(WatermarkSlots, 1)), read) << texts;
     }
-}
-
-TEST_F(StoredWatermarks, ANameIsTakenOnce)
-{
-    Make({Mine});
-    WatermarkRecord row = *WatermarkRowAt(1);
-    EXPECT_EQ(AddWatermarkRow(row), -1);
-    row.wmName[0] = u'm';
-    row.wmFirstPageOnly = 1;
-    EXPECT_EQ(AddWatermarkRow(row), 1);
-    EXPECT_EQ(WatermarkRowAt(2)->wmFirstPageOnly, 0);
-    EXPECT_EQ(SelectWatermarkRow(3), -1);
-    EXPECT_EQ(SelectWatermarkRow(-1), -1);
-    EXPECT_EQ(SelectWatermarkRow(2), 1);
-    EXPECT_EQ(WatermarkCurrent, WatermarkRowAt(2));
 }
 
 TEST_F(StoredWatermarks, TheJobsRowTakesWhatIsStoredNow)

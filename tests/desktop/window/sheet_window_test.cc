@@ -272,7 +272,7 @@ TEST_F(SheetWindow, TheDeviceSheetIsWorkedByKeyboardAlone)
     EXPECT_TRUE(rootHasNoButton);
     EXPECT_TRUE(boxShown);
     EXPECT_EQ(result, 1u);
-    EXPECT_TRUE(store->Value(Printer, u"PrinterData"));
+    EXPECT_TRUE(machine.store->Value(Printer, u"PrinterData"));
 }
 
 }  // namespace
