@@ -116,28 +116,19 @@ LONG_PTR TakeSheet(HANDLE sheet, UINT function, LPARAM param1, LPARAM param2)
     return 1;
 }
 
-class DeviceSheetPhases : public DeviceSheet {
-  protected:
-    DeviceSheetPhases()
-    {
-        info.cbSize = sizeof info;
-        info.hComPropSheet = reinterpret_cast<HANDLE>(7);
-        info.pfnComPropSheet = TakeSheet;
-        info.lParamInit = reinterpret_cast<LPARAM>(&header);
-        info.Result = 99;
-    }
-    LONG Call(WORD reason, void* lParam = nullptr)
-    {
+TEST_F(DeviceSheet, IsDescribedNamedAndEndedPhaseByPhase)
+{
+    PROPSHEETUI_INFO info{};
+    info.cbSize = sizeof info;
+    info.hComPropSheet = reinterpret_cast<HANDLE>(7);
+    info.pfnComPropSheet = TakeSheet;
+    info.lParamInit = reinterpret_cast<LPARAM>(&header);
+    info.Result = 99;
+    const auto call = [&info](WORD reason, void* lParam) {
         info.Reason = reason;
         return DrvDevicePropertySheets(&info, reinterpret_cast<LPARAM>(lParam));
-    }
-
-    PROPSHEETUI_INFO info{};
-};
-
-TEST_F(DeviceSheetPhases, DescribeNameAndEndTheSheet)
-{
-    ASSERT_EQ(Call(PROPSHEETUI_REASON_INIT), 1);
+    };
+    ASSERT_EQ(call(PROPSHEETUI_REASON_INIT, nullptr), 1);
     EXPECT_EQ(info.Result, 0u);
     EXPECT_EQ(AboutIsPage, 1);
     const OPTITEM& item = *given->pOptItem;
@@ -162,39 +153,22 @@ TEST_F(DeviceSheetPhases, DescribeNameAndEndTheSheet)
     EXPECT_EQ(page.DlgProc, About);
     EXPECT_EQ(page.DlgTemplateID, 1288);
 
+    CPSUICBPARAM params{};
+    params.Reason = CPSUICB_REASON_PUSHBUTTON;
+    params.hDlg = reinterpret_cast<HWND>(12);
+    params.UserData = given->UserData;
+    EXPECT_EQ(given->pfnCallBack(&params), 0) << "nothing is applied";
+    EXPECT_EQ(reinterpret_cast<UiContext*>(info.UserData)->sheetWindow, params.hDlg);
     PROPSHEETUI_INFO_HEADER title{};
-    EXPECT_EQ(Call(PROPSHEETUI_REASON_GET_INFO_HEADER, &title), 1);
+    EXPECT_EQ(call(PROPSHEETUI_REASON_GET_INFO_HEADER, &title), 1);
     EXPECT_EQ(std::tuple(title.Flags, title.pTitle, title.hInst, title.IconID),
               std::tuple(4, name.data(), ModuleHandle, 64082u));
     SETRESULT_INFO end{};
     end.Result = 5;
-    EXPECT_EQ(Call(PROPSHEETUI_REASON_SET_RESULT, &end), 1);
+    EXPECT_EQ(call(PROPSHEETUI_REASON_SET_RESULT, &end), 1);
     EXPECT_EQ(info.Result, 5u);
     EXPECT_EQ(DeviceSheetOpen, 0);  // another one may open now
-    EXPECT_EQ(Call(PROPSHEETUI_REASON_DESTROY), 1);
-}
-
-TEST_F(DeviceSheetPhases, AnswerTheCallback)
-{
-    const std::tuple<WORD, WORD, LONG> rows[] = {
-        {CPSUICB_REASON_PUSHBUTTON, 0,                0                           },
-        {CPSUICB_REASON_APPLYNOW,   DPS_NOPERMISSION, 0                           },
-        {CPSUICB_REASON_APPLYNOW,   0,                CPSUICB_ACTION_ITEMS_APPLIED},
-    };
-    for (const auto& [reason, flags, action] : rows) {
-        header.Flags = flags;
-        ASSERT_EQ(Call(PROPSHEETUI_REASON_INIT), 1);
-        CPSUICBPARAM params{};
-        params.Reason = reason;
-        params.hDlg = reinterpret_cast<HWND>(12);
-        params.UserData = given->UserData;
-        params.Result = 99;
-        EXPECT_EQ(given->pfnCallBack(&params), action);
-        EXPECT_EQ(params.Result, action ? static_cast<ULONG_PTR>(CPSUI_OK) : 99u);
-        EXPECT_EQ(Stored(u"PrinterData").size(), action ? 8u : 0u);
-        EXPECT_EQ(reinterpret_cast<UiContext*>(info.UserData)->sheetWindow, reinterpret_cast<HWND>(12));
-        Call(PROPSHEETUI_REASON_DESTROY);
-    }
+    EXPECT_EQ(call(PROPSHEETUI_REASON_DESTROY, nullptr), 1);
 }
 
 TEST_F(DeviceSheet, PrinterPropertiesTestsTheRightsAndSaysHowItEnded)
@@ -235,7 +209,7 @@ TEST_F(DeviceSheet, SurvivesTheFailureOfAnyCall)
     for (const auto& [function, count] : calls) {
         for (std::uint64_t call = 1; call <= count; ++call) {
             Machine::Fail(function, call);
-            const GivenOut start;
+            const auto start = GivenOut();
             EXPECT_THAT(Run(), testing::AnyOf(1, -1)) << function << ' ' << call;
             EXPECT_EQ(GivenOut(), start) << function << ' ' << call;
             EXPECT_EQ(DeviceSheetOpen, 0) << function << ' ' << call;

@@ -100,7 +100,7 @@ class PaperSheet : public WatchedSheet {
     {
         const bool enabled = Enabled(control);
         if (other != 0 && Enabled(other) != enabled) return "?";
-        return {enabled ? letter : static_cast<char>(letter - 'A' + 'a')};
+        return {enabled ? letter : static_cast<char>(std::tolower(letter))};
     }
 };
 

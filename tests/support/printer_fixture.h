@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "module.h"
 #include "platform/kernel/memory.h"
 #include "platform/spooler/printers.h"
@@ -14,17 +16,10 @@
 
 namespace testing_support {
 
-// What the platform has given out and not got back.
-struct GivenOut {
-    std::size_t blocks = platform::memory::BlockCount();
-    std::size_t heaps = platform::memory::HeapCount();
-    std::size_t printers = platform::spooler::OpenCount();
-    bool operator==(const GivenOut&) const = default;
-};
-
-inline void PrintTo(const GivenOut& given, std::ostream* out)
+// Blocks, heaps and printer handles that the platform has given out and not got back.
+inline std::array<std::size_t, 3> GivenOut()
 {
-    *out << given.blocks << " blocks, " << given.heaps << " heaps, " << given.printers << " printer handles";
+    return {platform::memory::BlockCount(), platform::memory::HeapCount(), platform::spooler::OpenCount()};
 }
 
 class PrinterTest : public testing::Test {
@@ -48,7 +43,7 @@ class PrinterTest : public testing::Test {
     }
     platform::Bytes Stored(const char16_t* value) { return StoredBytes(machine, OfficePrinter, value); }
 
-    GivenOut before;
+    const std::array<std::size_t, 3> before = GivenOut();
     Machine machine;
     HANDLE printer = platform::spooler::Open(OfficePrinter, 0);
 };
