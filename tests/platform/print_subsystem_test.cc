@@ -103,6 +103,17 @@ std::vector<BYTE> Told(PRINTER_INFO_2W& info, HANDLE printer)
     return block;
 }
 
+TEST_F(PrintSubsystem, TellsAboutTheDriver)
+{
+    alignas(DRIVER_INFO_3W) BYTE room[4096];
+    ASSERT_TRUE(GetPrinterDriverW(printer, nullptr, 3, room, sizeof room, &needed));
+    DRIVER_INFO_3W driver;
+    std::memcpy(&driver, room, sizeof driver);
+    EXPECT_EQ(std::u16string(driver.pConfigFile), u"C:\\WINDOWS\\system32\\spool\\DRIVERS\\W32X86\\3\\qd480ui.dll");
+    EXPECT_EQ(driver.pHelpFile, nullptr);
+    EXPECT_EQ(Refusal(GetPrinterDriverW(printer, nullptr, 1, room, sizeof room, &needed)), ERROR_INVALID_LEVEL);
+}
+
 TEST_F(PrintSubsystem, AStoredRecordThatClaimsMoreThanItHasIsFilledUp)
 {
     DEVMODEW header{};
