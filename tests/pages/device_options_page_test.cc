@@ -83,55 +83,35 @@ TEST(DeviceOptionsPage, DecidesOnTheFigureOfEveryPageOnceItHasBeenShown)
     EXPECT_THAT(figure(u"Quality", IDC_QUALITY_PRINTER_FIGURE), Contains(WithoutTray2));
 }
 
-// "7 1 *2 4": item data, with a star at the selected row.
-std::string Codes(Sheet& sheet, int list)
+// "3 5 | 16 10 E": rows of sources and media; of papers and output papers, and whether custom sizes can be edited.
+std::string Lists(Sheet& sheet, bool paperFirst)
 {
-    const auto data = sheet.ItemData(list);
-    std::string codes;
-    for (std::size_t row = 0; row < data.size(); ++row) {
-        const bool selected = static_cast<int>(row) == sheet.Selection(list);
-        codes += (row ? " " : "") + std::string(selected ? "*" : "") + std::to_string(data[row]);
+    const auto rows = [&](int list) { return std::to_string(sheet.Items(list).size()) + " "; };
+    std::string setup, paper;
+    for (const bool onPaper : {paperFirst, !paperFirst}) {
+        sheet.Page(onPaper ? u"Paper" : u"Setup");
+        if (onPaper)
+            paper = rows(IDC_DOCUMENT_SIZE) + rows(IDC_OUTPUT_SIZE) + (sheet.Enabled(IDC_EDIT_CUSTOM) ? "E" : "e");
+        else
+            setup = rows(IDC_PAPER_SOURCE) + rows(IDC_MEDIA_TYPE) + "| ";
     }
-    return codes;
-}
-
-// Sources and media.
-std::string OnSetup(Sheet& sheet)
-{
-    sheet.Page(u"Setup");
-    return Codes(sheet, IDC_PAPER_SOURCE) + " | " + Codes(sheet, IDC_MEDIA_TYPE);
-}
-
-// Papers, output papers, whether custom sizes can be edited (e: not); source of the record.
-std::string OnPaper(Sheet& sheet)
-{
-    sheet.Page(u"Paper");
-    const auto rows = [&](int list) { return std::to_string(sheet.Items(list).size()); };
-    return rows(IDC_DOCUMENT_SIZE) + " " + rows(IDC_OUTPUT_SIZE) + " " + (sheet.Enabled(IDC_EDIT_CUSTOM) ? "E" : "e") +
-           " | " + std::to_string(sheet.Settings().dmDefaultSource);
+    return setup + paper;
 }
 
 // The record keeps a source that is gone from the list; any flag of the device leaves the Paper page with the papers of
 // that source.
 TEST(DeviceOptionsPage, DefaultReachesBothPagesInEitherOrder)
 {
-    // Setup and Paper before Default, and after it.
-    // clang-format off
-    const std::tuple<const char*, const char*, const char*, const char*, const char*> rows[] = {
-        {"dmDeviceFlags=128 dmDefaultSource=1",
-         "7 *1 2 4 | *0 1 2 3 4", "16 10 E | 1", "7 *1 4 | *0 1 2 3 4", "16 10 E | 1"},
-        {"dmDeviceFlags=128 dmDefaultSource=2", "7 1 *2 4 | *0", "5 5 e | 2", "*7 1 4 | *0 1 2 3 4", "16 10 E | 2"},
-        {"dmDeviceFlags=0xFF dmDefaultSource=2", "7 1 *2 4 | *0", "5 5 e | 2", "*7 1 4 | *0 1 2 3 4", "5 5 e | 2"},
-    };
-    // clang-format on
-    for (const auto& [fields, setup, paper, setupAfter, paperAfter] : rows) {
-        for (const char16_t* first : {u"Setup", u"Paper"}) {
+    for (const auto& [fields, before, after] : {
+             std::tuple{"dmDeviceFlags=128 dmDefaultSource=1",  "4 5 | 16 10 E", "3 5 | 16 10 E"},
+             {"dmDeviceFlags=128 dmDefaultSource=2",  "4 1 | 5 5 e",   "3 5 | 16 10 E"},
+             {"dmDeviceFlags=0xFF dmDefaultSource=2", "4 1 | 5 5 e",   "3 5 | 5 5 e"  },
+    }) {
+        for (const bool paperFirst : {false, true}) {
             PaperSheet sheet(Fields(fields));
-            EXPECT_EQ(OnSetup(sheet), setup);
-            EXPECT_EQ(OnPaper(sheet), paper);
-            sheet.Page(DeviceOptions).Click(IDC_DEFAULT).Page(first);
-            EXPECT_EQ(OnPaper(sheet), paperAfter) << fields << ", first " << platform::ToUtf8(first);
-            EXPECT_EQ(OnSetup(sheet), setupAfter) << fields << ", first " << platform::ToUtf8(first);
+            EXPECT_EQ(Lists(sheet, false), before) << fields;
+            sheet.Page(DeviceOptions).Click(IDC_DEFAULT);
+            EXPECT_EQ(Lists(sheet, paperFirst), after) << fields << paperFirst;
         }
     }
 }

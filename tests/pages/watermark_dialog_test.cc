@@ -149,9 +149,8 @@ TEST(WatermarkDialog, ANameThatCannotBeIsLeftWithASoundAndRefusedAtOkAndNew)
 TEST(WatermarkDialog, AnOverwrittenRowGoesAndTheOneUnderEditStaysCurrent)
 {
     for (const auto& [current, name, list, stored] : {
-             std::tuple{SHORT{2}, u"C", "<NONE> A [C]", "2/A/C/2/Alpha/Mine/"},
-             {SHORT{3}, u"A", "<NONE> B [A]", "2/B/A/2/Beta/Mine/" },
-             {SHORT{1}, u"C", "<NONE> [C] B", "2/C/B/2/Mine/Beta/" },
+             std::tuple{SHORT{3}, u"A", "<NONE> B [A]", "2/B/A/2/Beta/Mine/"},
+             {SHORT{1}, u"C", "<NONE> [C] B", "2/C/B/2/Mine/Beta/"},
     }) {
         WatermarkSheet sheet(Abc(), current);
         sheet.Type(IDC_WM_TEXT, u"Mine").Type(IDC_WM_NAME, name).Click(IDOK);
