@@ -64,6 +64,7 @@ TEST_F(Stamping, PlacesTheTextOnEveryPageAtEveryAngle)
 {
     constexpr std::tuple<const char*, LONG, LONG> rows[] = {
         {"dmPaperSize=1 wmAngleMode=3 wmAngle=30",                                                  865,  1620},
+        {"wmAngle=91",                                                                              1055, 1902},
         {"wmAngle=-180 dmPrintQuality=-1",                                                          1500, 1750},
         {"wmAngle=120 dmPrintQuality=600 dmOrientation=2",                                          3240, 3069},
         {"wmAngle=-120 dmPrintQuality=1200 dmPaperSize=9 dmOrientation=1 wmSize=36",                5259, 6430},
