@@ -88,6 +88,11 @@ TEST(Frame, BelongsToThePictureThatIsDrawn)
                 ElementsAre("box 0,0,137,161 solid1:ffffff f0f0f0", "strip 0,0,137,1 a0a0a0", "strip 0,0,1,161 a0a0a0",
                             "strip 136,0,137,161 ffffff", "strip 0,160,137,161 ffffff", "strip 1,1,136,2 ffffff",
                             "strip 1,1,2,160 ffffff", "strip 135,1,136,160 f0f0f0", "strip 1,159,136,160 f0f0f0"));
+    // The rig sees that the context has its own colour again, wherever the setting of another one fails.
+    for (const std::uint64_t call : {1, 2, 3, 4}) {
+        testing_support::Machine::Fail("SetBkColor", call);
+        quality.Draw(A4());
+    }
     for (const int other : {IDC_SETUP_PREVIEW, IDC_PAPER_PREVIEW, IDC_DEVICE_PREVIEW}) {
         Preview preview(131, 154, other);
         EXPECT_FALSE(preview.Draw(A4()).empty()) << other;
