@@ -97,9 +97,8 @@ TEST(LeftPanel, DrawsNothingInAModeThatItDoesNotKnow)
     EXPECT_THAT(Shown(sheet.Drawn()), ElementsAreArray(Icon(IDI_RESOLUTION_1200)));
 }
 
-// The item names the control that is to be painted; the picture is drawn whatever it is, but the frame is
-// sunken for pictures alone.
-TEST(LeftPanel, DrawsForWhateverItemIsNamed)
+// A picture of whatever page brings the page layout, but the frame is sunken for this page's alone.
+TEST(LeftPanel, DrawsThePageLayoutForPicturesAlone)
 {
     QualitySheet sheet;
     for (const auto& [item, window] : {
@@ -109,7 +108,7 @@ TEST(LeftPanel, DrawsForWhateverItemIsNamed)
         const Lines drawn = sheet.DrawItem(item, window);
         EXPECT_THAT(std::span(drawn).first(3), ElementsAreArray(ClearFrame));
         EXPECT_THAT(std::span(drawn).subspan(3), Each(Not(StartsWith("1069 "))));
-        EXPECT_EQ(drawn.size() == 7, item == IDC_DEFAULT) << "no picture for other items";
+        EXPECT_EQ(drawn.size() == 7, item == IDC_DEFAULT);
     }
 }
 

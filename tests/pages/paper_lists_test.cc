@@ -38,14 +38,18 @@ void UseMedia(SHORT media)
 TEST(PaperLists, OfferWhatSourceAndMediaTake)
 {
     const Codes all = {1, 9, 5, 7, 310, 15, 11, 214, 215, 217, 218, 219, 220, 221, 14, 222, 257, 258};
-    const Codes envelopes = {27, 37, 20, 28, 29, 13, 212, 213}, secondTray = {1, 9, 5, 7, 310};
-    for (const auto& [source, media, codes] : {
-             std::tuple{Auto,  Plain,    all              },
-             {Auto,  Envelope, envelopes        },
-             {Tray1, Thick,    Codes(all.begin(), all.end() - 2)},
-             {Auto,     SHORT{5},          all              }, // a media that there is not
-             {Tray2,     Envelope,         secondTray},
-    }) {
+    // clang-format off
+    const std::tuple<SHORT, SHORT, Codes> rows[] = {
+        {Auto,  Plain,        all},
+        {Auto,  Transparency, {1, 9}},
+        {Auto,  Envelope,     {27, 37, 20, 28, 29, 13, 212, 213}},
+        {Tray1, Postcard,     {216, 223}},
+        {Tray1, Thick,        Codes(all.begin(), all.end() - 2)},
+        {Auto,  5,            all},  // a media that there is not
+        {Tray2, Envelope,     {1, 9, 5, 7, 310}},
+    };
+    // clang-format on
+    for (const auto& [source, media, codes] : rows) {
         PaperSheet sheet(With(source, media, 1), FormAndCard);
         EXPECT_EQ(sheet.ItemData(IDC_DOCUMENT_SIZE), codes) << source << " " << media;
         EXPECT_EQ(sheet.Enabled(IDC_EDIT_CUSTOM), source != Tray2);

@@ -54,12 +54,16 @@ TEST(SetupPage, DefaultRestoresThePage)
 
 TEST(SetupPage, DefaultTakesThePaperWithTheMedia)
 {
-    for (const auto& [fields, country, paper] : {
-             std::tuple{"dmMediaIndex=0 dmPaperSize=5",  1,  5}, // plain paper stays
-             {"dmMediaIndex=4 dmPaperSize=5",  1,  1},
-             {"dmMediaIndex=2 dmPaperSize=27", 49, 9},
-    })
-        EXPECT_EQ(SetupSheet(Fields(fields), {}, country).Click(IDC_DEFAULT).Settings().dmPaperSize, paper) << fields;
+    for (const auto& [fields, country, paper, length, width] : {
+             std::tuple{"dmMediaIndex=0 dmPaperSize=5",  1,  5, 1500, 897 }, // plain paper stays, as the record has it
+             {"dmMediaIndex=4 dmPaperSize=5",  1,  1, 3300, 2550},
+             {"dmMediaIndex=2 dmPaperSize=27", 49, 9, 3507, 2480},
+    }) {
+        const DriverDevMode record = SetupSheet(Fields(fields), {}, country).Click(IDC_DEFAULT).Settings();
+        EXPECT_EQ(record.dmPaperSize, paper) << fields;
+        EXPECT_EQ(record.dmPaperLengthPriv, length) << fields;
+        EXPECT_EQ(record.dmPaperWidthPriv, width) << fields;
+    }
 }
 
 // The mark of the shell stays for the process: the test takes it back.
