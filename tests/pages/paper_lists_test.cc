@@ -12,7 +12,7 @@ using namespace testing_support;
 using Codes = std::vector<LPARAM>;
 
 constexpr SHORT Plain = 0, Transparency = 1, Envelope = 2, Postcard = 3, Thick = 4;
-constexpr SHORT Auto = 7, Tray1 = 1, Tray2 = 2, Manual = 4;
+constexpr SHORT Auto = 7, Tray1 = 1, Tray2 = 2;
 
 Sheet::Prepare With(SHORT source, SHORT media, SHORT paper)
 {
