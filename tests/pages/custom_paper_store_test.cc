@@ -59,8 +59,17 @@ class CustomPaperStore : public testing::Test {
 
 TEST_F(CustomPaperStore, LoadsRowsWithCodesByPlace)
 {
-    record.dmPaperSize = 258;
-    EXPECT_EQ(LoadCustomPaperRows(), 3u << 16 | 1u);
+    constexpr std::pair<SHORT, DWORD> rows[] = {
+        {256, 0xFFFF},
+        {257, 0     },
+        {259, 2     },
+        {260, 0xFFFF},
+        {258, 1     },
+    };
+    for (const auto& [code, place] : rows) {
+        record.dmPaperSize = code;
+        EXPECT_EQ(LoadCustomPaperRows(), 3u << 16 | place);
+    }
     EXPECT_EQ(Rows(), "257 One/258 Two/259 Three/");
     EXPECT_EQ(CustomHeadRow.size->psWidthDots, 2480);
     EXPECT_EQ(CustomHeadRow.next->size->psWidth, 850);
@@ -106,6 +115,16 @@ TEST_F(CustomPaperStore, ARowIsStoredInTheChainOrAtItsEnd)
     EXPECT_EQ(StoreCustomPaperRow(CustomHeadRow, Three[1], 1), 1);
     EXPECT_EQ(StoreCustomPaperRow(CustomHeadRow, Three[2], 0), 1);
     EXPECT_EQ(Rows(), "257 Three/258 Two/259 One/");
+}
+
+TEST_F(CustomPaperStore, OnlyAsManyAreSavedAsTheCountSays)
+{
+    List(Three);
+    EXPECT_TRUE(SaveCustomPapers(2));
+    EXPECT_EQ(Rows(), "257 One/258 Two/");
+    StorePapers(machine, platform::Bytes(55, 1), 55);
+    LoadCustomPaperRows();
+    EXPECT_EQ(Rows(), "") << "no whole one is stored";
 }
 
 TEST_F(CustomPaperStore, ManyRowsAreReleasedByTheNextLoad)

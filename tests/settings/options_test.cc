@@ -63,6 +63,24 @@ TEST_F(Options, AreReadAs16BitsAndWrittenInTheFieldsWidth)
     }
 }
 
+TEST_F(Options, OfAnotherGroupAreLeftAlone)
+{
+    const Buffer untouched(16, 0xEE);
+    const RecordImage before = BytesOf(record);
+    constexpr std::pair<int, int> rows[] = {
+        {1033, 1022},
+        {3013, 1155},
+        {1031, 1014},
+        {1032, 1024},
+        {1031, 9999},
+    };
+    for (const auto& [group, key] : rows) {
+        EXPECT_EQ(SetOption(group, key, untouched.data()), 1);
+        EXPECT_EQ(Read(group, key, untouched.size()), untouched) << group << ' ' << key;
+    }
+    EXPECT_EQ(BytesOf(record), before);
+}
+
 TEST_F(Options, ResolutionTellsTheTwoModesOf600Apart)
 {
     for (const SHORT choice : {600, 2, 1200}) {
