@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstring>
 #include <optional>
 #include <set>
 #include <string>
@@ -13,6 +12,7 @@
 
 #include "tests/support/custom_papers.h"
 #include "tests/support/overlays.h"
+#include "tests/support/stored_bytes.h"
 #include "tests/support/watermark_sheet.h"
 
 namespace testing_support {
@@ -35,15 +35,12 @@ std::vector<Row> StoredRows(Machine& machine, const char16_t* sizeName, const ch
         ADD_FAILURE() << "a value is missing";
         return {};
     }
-    DWORD length = 0;
-    std::memcpy(&length, size->bytes.data(), 4);
+    const DWORD length = RowsIn<DWORD>(size->bytes)[0];
     for (const std::size_t bytes : {std::size_t{length}, list->bytes.size()}) {
         EXPECT_TRUE(bytes == 0 || (bytes >= head && (bytes - head) % sizeof(Row) == 0)) << bytes;
     }
     EXPECT_TRUE(mayDiffer || length == list->bytes.size());
-    std::vector<Row> rows(list->bytes.size() < head ? 0 : (list->bytes.size() - head) / sizeof(Row));
-    if (!rows.empty()) std::memcpy(rows.data(), list->bytes.data() + head, rows.size() * sizeof(Row));
-    return rows;
+    return RowsIn<Row>(list->bytes, head);
 }
 
 inline RowNames PaperNames(Machine& machine, bool mayDiffer, bool mayRepeat)
@@ -85,8 +82,8 @@ inline RowNames LinesOf(Machine& machine, const char16_t* name)
         ADD_FAILURE() << "a value is missing or of another size";
         return {};
     }
-    std::u16string text(1500, u'\0');
-    std::memcpy(text.data(), value->bytes.data(), 3000);
+    const auto stored = RowsIn<char16_t>(value->bytes);
+    std::u16string text(stored.begin(), stored.end());
     EXPECT_EQ(text[1499], 0);
     text.resize(text.find(u'\0'));
     for (std::size_t end; (end = text.find(u"\r\n")) != text.npos; text.erase(0, end + 2))
